@@ -1,0 +1,50 @@
+# What every target of ours has in common, and the layers that they are made of.
+
+# The strict compiler switches, and the sanitizers where they are wanted.
+add_library(tovi_switches INTERFACE)
+target_compile_options(tovi_switches INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Wold-style-cast -Woverloaded-virtual
+    -Wcast-align -Werror)
+if(TOVI_SANITIZE)
+    target_compile_options(tovi_switches INTERFACE
+        -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -O1)
+    target_link_options(tovi_switches INTERFACE -fsanitize=address,undefined)
+endif()
+
+# Fails the build when an include line points against the layers.
+file(GLOB_RECURSE TOVI_CHECKED_SOURCES CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/*.h
+     ${PROJECT_SOURCE_DIR}/src/*.cpp)
+add_custom_command(
+    OUTPUT ${CMAKE_BINARY_DIR}/includes.checked
+    COMMAND ${CMAKE_COMMAND} -D SOURCE_ROOT=${PROJECT_SOURCE_DIR}/src
+            -P ${PROJECT_SOURCE_DIR}/cmake/CheckIncludes.cmake
+    COMMAND ${CMAKE_COMMAND} -E touch ${CMAKE_BINARY_DIR}/includes.checked
+    DEPENDS ${TOVI_CHECKED_SOURCES} ${PROJECT_SOURCE_DIR}/cmake/CheckIncludes.cmake
+    COMMENT "Checking the layers")
+add_custom_target(check_includes DEPENDS ${CMAKE_BINARY_DIR}/includes.checked)
+
+# tovi_include_root(TARGET SCOPE folder...): gives TARGET an include root that shows these folders of
+# src/ alone.
+function(tovi_include_root target scope)
+    set(root ${CMAKE_BINARY_DIR}/include-roots/${target})
+    file(REMOVE_RECURSE ${root})
+    file(MAKE_DIRECTORY ${root})
+    foreach(folder IN LISTS ARGN)
+        file(CREATE_LINK ${PROJECT_SOURCE_DIR}/src/${folder} ${root}/${folder} SYMBOLIC)
+    endforeach()
+    target_include_directories(${target} ${scope} ${root})
+    add_dependencies(${target} check_includes)
+endfunction()
+
+# tovi_layer(NAME folder...): the objects of the folders under src/. What a layer may see of others it
+# gets by linking them.
+function(tovi_layer name)
+    list(TRANSFORM ARGN PREPEND ${PROJECT_SOURCE_DIR}/src/ OUTPUT_VARIABLE patterns)
+    list(TRANSFORM patterns APPEND /*.cpp)
+    file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${patterns})
+    add_library(${name} OBJECT ${sources})
+    target_link_libraries(${name} PRIVATE tovi_switches)
+    target_compile_definitions(${name} PRIVATE
+        QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_CONTEXTLESS_CONNECT)
+    tovi_include_root(${name} PUBLIC ${ARGN})
+endfunction()

@@ -1,0 +1,137 @@
+#pragma once
+
+#include "document/PhotoPaths.h"
+#include "document/ToviItem.h"
+#include "document/ToviNode.h"
+#include "document/ToviPhotoArray.h"
+#include "document/ToviPhotoRef.h"
+#include "loading/ToviItemDef.h"
+#include "platform/CDocument.h"
+#include "settings/ToviPhotoCtrlVisualSetting.h"
+
+#include <optional>
+
+/// One open delivery: its photographs, the items that belong to the whole, the classification tree
+/// (whose root it is itself) and the selection.
+///
+/// The actual array owns every photograph in the order of PHOTO.XML and never changes after the
+/// load; a photo index is an index into it. The current array is what the panels show now: a list
+/// of photo indexes; a position is an index into that.
+class TOVI_EXPORT ToviData : public ToviNode
+{
+public:
+    /// What travels through CDocument::UpdateAllViews after a change. Panels dispatch on the
+    /// values.
+    enum UpdateHint
+    {
+        HintInitialize = 0,
+        HintRefresh1 = 1,
+        HintSelectionChanged = 2,
+        HintPageReset = 3,
+        HintCurrentArrayChanged = 4,
+        HintPhotoInfoChanged = 5,
+        HintLabelsChanged = 6,
+        HintSettingsChanged = 7,
+        HintRefresh8 = 8,
+        HintDetach = 9,
+        HintPhotoSelected = 10,
+        HintRefresh11 = 11
+    };
+
+    /// A document without a host and without definitions.
+    ToviData();
+    /// \p host may be null: nothing is broadcast then. \p path is the folder of PHOTO.XML, from
+    /// which the item definitions of its kind are found. A failure leaves GetErrorType() set and a
+    /// document without definitions.
+    ToviData(CDocument* host, const char* path, PhotoXMLType type);
+    ToviData(const ToviData&) = delete;
+    ToviData& operator=(const ToviData&) = delete;
+
+    virtual const char* RootPath() const { return rootPath.c_str(); }
+    /// Stores \p path so that it ends in a path separator.
+    virtual void RootPath(const char* path);
+    /// True when \p path lies, symbolic links followed, in the delivery's folder or one that was
+    /// its folder before a change of media.
+    bool IsInsideDelivery(const CString& path) const;
+
+    ToviItemDef* GetItemDef() { return &itemDef; }
+    ToviPhotoArray* GetPhotoDataArray() { return &photoData; }
+    /// The items that belong to the delivery as a whole.
+    ToviItemArray* GetMngItemPhoto() { return &mngItems; }
+    /// Makes the paths of every photograph anew.
+    void MakePath();
+    /// The items that name the files of a photograph in this delivery.
+    const PhotoPathItems& GetPathItems();
+    /// True when the items hold file names of an opened delivery, false when the host hands over
+    /// photographs with full paths.
+    bool IsStandAlone() const { return standAlone; }
+    void SetStandAlone(bool alone);
+    PhotoXMLReadErr GetErrorType() const { return errorType; }
+    void SetErrorType(PhotoXMLReadErr error) { errorType = error; }
+
+    int GetTotalCountPhoto() const { return photoData.GetSize(); }
+    int GetCurrentPhotoCount() const { return curPhotos.GetSize(); }
+    /// True when the current array is empty.
+    virtual bool IsPhotoArrayEmpty() const { return curPhotos.IsEmpty(); }
+    /// The photograph at a current position; null outside.
+    ToviPhoto* GetPhoto(int pos) const;
+    /// The photograph at a photo index; null outside.
+    ToviPhoto* GetPhotoActualPhotoArray(int index) const;
+    /// The photo index at a current position: -1 when the current array is empty; a position
+    /// outside of it throws InvalidArgument.
+    int GetPhotoIndex(int pos) const;
+    /// The same, but -1 for every position outside.
+    int GetIndexPhotoArray(int pos) const;
+    const ToviPhotoRef& GetCurrentArray() const { return curPhotos; }
+    unsigned long NodeCount() const { return DescendantCount(); }
+    /// Appends each value of the item titled \p item that is not in \p values yet, in file order,
+    /// without the empty ones. True when an empty value was met; false too when no such item is
+    /// defined.
+    bool GetPhotoItemValue(const CString& item, CStringArray& values);
+
+    /// Makes the tree anew. The selected node becomes the one that holds the selected photograph,
+    /// or the root, and the current array follows. Node pointers from before are stale. Nothing is
+    /// broadcast.
+    void BuildTreeNode(ToviPhotoCtrlVisualSetting::TreeType type);
+
+    /// Selects \p node and fills the current array from the tree beneath it. The node that is
+    /// selected already is left alone unless \p force. Returns the node selected before.
+    virtual ToviNode* SetSelected(ToviNode* node, bool force);
+    /// Selects the node of the selected photograph, or the root with its first photograph. Throws
+    /// InvalidArgument when the root has none.
+    void SetSelected();
+    ToviNode* GetSelectedNode() const { return selectedNode; }
+    /// Moves the selection to the photograph \p index; false for a negative index, InvalidArgument
+    /// for one behind the last.
+    bool PhotoSelectSetting(int index);
+    /// The selected photograph, or null.
+    ToviPhoto* GetSelectedPhoto() const { return GetPhotoActualPhotoArray(selectedPhoto); }
+    /// The current position of the selected photograph, or -1.
+    int GetSelectCurIndex() const;
+    /// Sets \p pos to the first current position whose photograph says IsSelected(), or to -1; an
+    /// empty current array leaves it unchanged.
+    virtual void GetIndexSelected(int& pos) const;
+
+protected:
+    void BuildTreeNodeForKousyu(ToviPhotoCtrlVisualSetting::TreeType type);
+    void BuildTreeNodeForSatsueikasyo();
+    /// The first node, depth first from \p from on, that holds \p photoIndex itself; null if none.
+    ToviNode* GetNode(int photoIndex, ToviNode* from) const;
+
+private:
+    void FillCurrentArray(const ToviNode& node);
+    void Broadcast(UpdateHint hint);
+
+    CString rootPath;
+    CStringArray earlierRoots;
+    CDocument* hostDocument;
+    ToviPhotoArray photoData;
+    ToviItemArray mngItems;
+    ToviPhotoRef curPhotos;
+    ToviNode* selectedNode = nullptr;
+    ToviItemDef itemDef;
+    std::optional<PhotoPathItems> pathItems;
+    int selectedPhoto = -1;
+    bool standAlone = true;
+    PhotoXMLReadErr errorType = ReadErrNone;
+};

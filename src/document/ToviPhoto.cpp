@@ -1,0 +1,182 @@
+#include "document/ToviPhoto.h"
+
+#include "document/PhotoPaths.h"
+#include "document/ToviData.h"
+#include "platform/MibFile.h"
+
+#include <algorithm>
+
+ToviPhoto::ToviPhoto(ToviData* owner, const ToviItemArray& values)
+    : ToviPhoto(owner, ToviItemArray(values))
+{}
+
+ToviPhoto::ToviPhoto(ToviData* owner, ToviItemArray&& values)
+    : items(std::move(values)), document(owner)
+{
+    MakePath();
+}
+
+ToviPhoto::ToviPhoto(const ToviPhoto& other)
+{
+    *this = other;
+}
+
+ToviPhoto& ToviPhoto::operator=(const ToviPhoto& other)
+{
+    if (this == &other) return *this;
+    imagePath = other.imagePath;
+    picturePaths = other.picturePaths;
+    items = other.items;
+    selected = other.selected;
+    document = other.document;
+    ReleaseImage();
+    return *this;
+}
+
+const char* ToviPhoto::GetImagePath()
+{
+    if (imagePath.empty()) MakePath();
+    return imagePath.c_str();
+}
+
+void ToviPhoto::GetImagePath(CString& path)
+{
+    path = GetImagePath();
+}
+
+void ToviPhoto::MakePath()
+{
+    if (document == nullptr) return;
+    const PhotoPathItems& pathItems = document->GetPathItems();
+    if (!document->IsStandAlone()) {
+        TakeFullPaths(items, pathItems, imagePath, picturePaths);
+    } else if (rebuilding) {
+        RebuildRelativePaths(items, pathItems, document->RootPath(), imagePath, picturePaths);
+    } else {
+        MakeRelativePaths(items, pathItems, document->RootPath(), imagePath, picturePaths);
+    }
+}
+
+void ToviPhoto::UpdateImagePath()
+{
+    rebuilding = true;
+    MakePath();
+    rebuilding = false;
+    const auto isThere = [this](const CString& path) { return IsReadableFile(path); };
+    fileExists =
+        isThere(imagePath) && std::all_of(picturePaths.begin(), picturePaths.end(), isThere);
+}
+
+void ToviPhoto::GetPicturePath(CStringArray& out, int index)
+{
+    out.RemoveAll();
+    if (imagePath.empty()) MakePath();
+    if (!picturePaths.IsEmpty() && index >= 0) out.Add(picturePaths[index]);
+}
+
+const CStringArray& ToviPhoto::GetPicturePaths()
+{
+    if (imagePath.empty()) MakePath();
+    return picturePaths;
+}
+
+void ToviPhoto::GetOutputFilename(CStringArray& names) const
+{
+    if (document == nullptr) return;
+    FindMissingNames(items, FindPhotoPathItems(*document->GetItemDef(), true), imagePath,
+                     picturePaths, names);
+}
+
+const ToviItem* ToviPhoto::FindItem(int defIndex) const
+{
+    const auto found = std::find_if(items.begin(), items.end(), [defIndex](const ToviItem& item) {
+        return item.GetDefIndex() == defIndex;
+    });
+    return found == items.end() ? nullptr : &*found;
+}
+
+const char* ToviPhoto::GetTitle(int defIndex) const
+{
+    const ToviItem* item = FindItem(defIndex);
+    return item == nullptr ? "" : item->GetValue().c_str();
+}
+
+bool ToviPhoto::GetTitle(int defIndex, CString& value) const
+{
+    value = GetTitle(defIndex);
+    return true;
+}
+
+void ToviPhoto::GetTitleFromIndex(int defIndex, CStringArray& values) const
+{
+    values.RemoveAll();
+    for (const ToviItem& item : items) {
+        if (item.GetDefIndex() == defIndex) values.Add(item.GetValue());
+    }
+}
+
+void ToviPhoto::GetTitleFromIndex(const CArray<int>& defIndexes, CStringArray& values) const
+{
+    values.RemoveAll();
+    for (const int defIndex : defIndexes) {
+        if (const ToviItem* item = FindItem(defIndex)) values.Add(item->GetValue());
+    }
+}
+
+bool ToviPhoto::GetTextPairs(ToviItemDef* def, ToviTextPairArray& pairs) const
+{
+    pairs.RemoveAll();
+    if (def == nullptr) return false;
+    for (const ToviItem& item : items) {
+        const Definition& definition = def->GetDef(item.GetDefIndex());
+        if (definition.show == ShowMainList || definition.show == ShowZoomDlg) {
+            pairs.Add(ToviTextPair(definition.title.c_str(), item.GetValue().c_str()));
+        }
+    }
+    return !pairs.IsEmpty();
+}
+
+bool ToviPhoto::LoadThumb()
+{
+    if (thumbLoaded && !imageLoaded) return true;
+    thumbLoaded = true;
+    image.Clear();
+    imageLoaded = false;
+    return image.LoadThumb(ReadablePath());
+}
+
+bool ToviPhoto::LoadImage()
+{
+    if (!imageLoaded) imageLoaded = image.Load(ReadablePath());
+    return imageLoaded;
+}
+
+void ToviPhoto::ReleaseImage()
+{
+    image.Clear();
+    thumbLoaded = false;
+    imageLoaded = false;
+}
+
+bool ToviPhoto::GetImageSize(int& width, int& height)
+{
+    return LumImage::GetCommentImageSize(ReadablePath(), width, height);
+}
+
+CString ToviPhoto::GetFileRenewalDate()
+{
+    return MibModificationDate(ReadablePath());
+}
+
+bool ToviPhoto::IsReadableFile(const CString& path) const
+{
+    if (document != nullptr && document->IsStandAlone() && !document->IsInsideDelivery(path)) {
+        return false;
+    }
+    return MibIsFileExist(path);
+}
+
+const char* ToviPhoto::ReadablePath()
+{
+    return IsReadableFile(GetImagePath()) ? imagePath.c_str() : "";
+}

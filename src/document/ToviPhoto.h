@@ -1,0 +1,99 @@
+#pragma once
+
+#include "document/ToviItem.h"
+#include "document/ToviTextPair.h"
+#include "platform/LumImage.h"
+#include "platform/Text.h"
+
+class ToviData;
+class ToviItemDef;
+
+/// One photograph of the delivery: what PHOTO.XML says about it, the paths of its files, and the
+/// decoded picture while it is shown. What is shown about it is looked up from its items by
+/// definition index or title; no item has a field of its own.
+class TOVI_EXPORT ToviPhoto
+{
+public:
+    ToviPhoto() = default;
+    /// A loose image file, without items and document.
+    explicit ToviPhoto(const char* path) : imagePath(path) {}
+    /// A photograph of \p owner, which outlives it. The paths are made at once.
+    ToviPhoto(ToviData* owner, const ToviItemArray& values);
+    ToviPhoto(ToviData* owner, ToviItemArray&& values);
+    /// The copy has no picture and says of no file yet that it exists.
+    ToviPhoto(const ToviPhoto& other);
+    ToviPhoto& operator=(const ToviPhoto& other);
+
+    virtual void Select(bool select) { selected = select; }
+    virtual bool IsSelected() const { return selected; }
+    /// The full path of the image file, made on the first call after ClearImagePath.
+    virtual const char* GetImagePath();
+    virtual void GetImagePath(CString& path);
+    /// Rebuilds the paths after a change of media, where a file that was found keeps its path, and
+    /// looks which files are there.
+    virtual void UpdateImagePath();
+    /// What the last UpdateImagePath found: the image and all its reference drawings are there.
+    virtual bool IsExistFile() { return fileExists; }
+    virtual ToviItemArray& GetItems() { return items; }
+    virtual const ToviItemArray& GetItems() const { return items; }
+    /// Replaces \p out by the path of the reference drawing at \p index; by nothing when there is
+    /// no drawing or \p index is negative. An index behind the last one throws InvalidArgument.
+    virtual void GetPicturePath(CStringArray& out, int index);
+    virtual const LumImage& GetImage() const { return image; }
+    virtual int GetPictureCount() const { return picturePaths.GetSize(); }
+    virtual ~ToviPhoto() = default;
+    virtual void ReleaseImage();
+    /// Loads the thumbnail in place of whatever is loaded. A file that failed is not tried again
+    /// until ReleaseImage.
+    virtual bool LoadThumb();
+    /// Loads the full picture, if it isn't there yet.
+    virtual bool LoadImage();
+
+    /// Makes the paths from the items (see document/PhotoPaths.h).
+    void MakePath();
+    void ClearImagePath() { imagePath.clear(); }
+    /// The paths of all reference drawings, in the order of the items.
+    const CStringArray& GetPicturePaths();
+    /// Appends the names of the files that the user still has to bring.
+    void GetOutputFilename(CStringArray& names) const;
+
+    /// The value of the first item with this definition index; empty when there is none. Valid
+    /// until the next change of the photograph.
+    const char* GetTitle(int defIndex) const;
+    /// Copies that value; always true.
+    bool GetTitle(int defIndex, CString& value) const;
+    /// Replaces \p values by every value with this definition index, in file order.
+    void GetTitleFromIndex(int defIndex, CStringArray& values) const;
+    /// Replaces \p values by the first value of each of \p defIndexes, in their order. An index
+    /// without an item adds nothing.
+    void GetTitleFromIndex(const CArray<int>& defIndexes, CStringArray& values) const;
+    /// Replaces \p pairs by the items that are shown in the main list or the zoom dialog. False
+    /// when that leaves none, or \p def is null.
+    bool GetTextPairs(ToviItemDef* def, ToviTextPairArray& pairs) const;
+
+    bool IsImageLoaded() const { return imageLoaded; }
+    bool IsThumbLoaded() const { return thumbLoaded; }
+    bool ConvGrayScaleFromMono() { return image.ConvGrayScaleFromMono(); }
+
+    /// The dimensions in the header of the image file. False when there is none.
+    bool GetImageSize(int& width, int& height);
+    /// The local date of the image file's last change as YYYY-MM-DD; empty without a file.
+    CString GetFileRenewalDate();
+
+private:
+    const ToviItem* FindItem(int defIndex) const;
+    /// True when \p path is a file of the delivery, and not one that a symbolic link brings in.
+    bool IsReadableFile(const CString& path) const;
+    const char* ReadablePath();
+
+    CString imagePath;
+    CStringArray picturePaths;
+    bool fileExists = false;
+    bool rebuilding = false;
+    ToviItemArray items;
+    bool selected = false;
+    LumImage image;
+    bool thumbLoaded = false;
+    bool imageLoaded = false;
+    ToviData* document = nullptr;
+};

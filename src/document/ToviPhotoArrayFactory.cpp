@@ -1,0 +1,7 @@
+#include "document/ToviPhotoArrayFactory.h"
+
+void ToviPhotoArrayFactory::ClearAway(ToviPhotoArray& photos)
+{
+    for (const ToviPhoto* photo : photos) delete photo;
+    photos.RemoveAll();
+}

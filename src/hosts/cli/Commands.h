@@ -1,0 +1,11 @@
+#pragma once
+
+#include "hosts/cli/Delivery.h"
+
+/// Each adds one command to \p app. When the user has called it, the command runs in the end of
+/// app.parse() and leaves the exit status in \p status.
+void AddInfoCommand(CLI::App& app, int& status);
+void AddPhotosCommand(CLI::App& app, int& status);
+void AddTreeCommand(CLI::App& app, int& status);
+void AddSelectCommand(CLI::App& app, int& status);
+void AddSheetCommand(CLI::App& app, int& status);

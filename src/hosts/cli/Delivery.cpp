@@ -1,0 +1,198 @@
+#include "hosts/cli/Delivery.h"
+
+#include "loading/DeliveryLocation.h"
+#include "loading/ToviEnouDataFactory.h"
+#include "platform/HostServices.h"
+#include "platform/MibFile.h"
+
+#include <algorithm>
+#include <iostream>
+
+namespace
+{
+struct Family
+{
+    const char* name;
+    PhotoXMLType type;
+};
+
+constexpr Family families[] = {{"mlit", PhotoXMLMlit},
+                               {"kowan", PhotoXMLKowan},
+                               {"maff", PhotoXMLMaff},
+                               {"nexco", PhotoXMLNexco}};
+
+/// The document's host where nobody looks on: there are no views to tell.
+class SilentDocument : public CDocument
+{
+public:
+    void UpdateAllViews(CWnd*, int, CObject*) override {}
+};
+
+SilentDocument hostDocument;
+
+bool ShowProgress(const ToviDataFactory*, const ToviData*, const char* text, void*)
+{
+    GetHostServices().userInterface->ShowProgress(text);
+    return true;
+}
+
+PhotoXMLType ChosenFamily(const DeliveryArguments& arguments, const CString& photoFolder)
+{
+    const auto* chosen =
+        std::find_if(std::begin(families), std::end(families),
+                     [&](const Family& known) { return arguments.family == known.name; });
+    return chosen != std::end(families) ? chosen->type : GuessFamily(photoFolder);
+}
+
+CString WhyNotFound(const CString& path)
+{
+    if (MibIsFileExist(path)) {
+        return path + " はフォルダではありません。PHOTO.XML のあるフォルダを指定してください。";
+    }
+    if (!MibIsFolderExist(path)) {
+        return path + " というフォルダがありません。フォルダの場所と名前を確かめてください。";
+    }
+    return path + " に PHOTO.XML が見つかりません。PHOTO.XML "
+                  "のあるフォルダか、その上のフォルダを指定してください。";
+}
+
+CString WhyNotUsable(const OpenedDelivery& delivery)
+{
+    const CString xmlPath = delivery.photoFolder + "PHOTO.XML";
+    switch (delivery.document->GetErrorType()) {
+    case ReadErrNoItemFile:
+        return MibProgramPath() +
+               "READITEM.XML がありません。プログラムをインストールし直してください。";
+    case ReadErrUnknownPhotoXml:
+        return xmlPath + " を開けないか、対応していない要領のDTDです。読み取りの権限と --family "
+                         "の指定を確かめてください。";
+    case ReadErrNoPhotos:
+        return xmlPath + " に写真情報がありません。納品データの作成元に確かめてください。";
+    case ReadErrDefinition:
+        return MibProgramPath() +
+               "READITEM.XML を読み込めません。プログラムをインストールし直してください。";
+    case ReadErrNone:
+        break;
+    }
+    return {};
+}
+
+void Load(OpenedDelivery& delivery)
+{
+    ToviEnouDataFactory factory;
+    try {
+        delivery.document.reset(factory.Create(&hostDocument, delivery.photoFolder.c_str(),
+                                               delivery.family, ShowProgress, nullptr));
+    } catch (const InvalidArgument&) {
+        Complain(MibProgramPath() +
+                 "READITEM.XML "
+                 "の項目の並びが正しくありません。プログラムをインストールし直してください。");
+        return;
+    }
+    GetHostServices().userInterface->ShowProgress("");
+    if (!delivery.document) {
+        Complain(delivery.photoFolder + "PHOTO.XML を読み込めません（" + factory.GetProblem() +
+                 "）。納品データの作成元に確かめてください。");
+    } else if (!delivery.IsLoaded()) {
+        Complain(WhyNotUsable(delivery));
+    }
+}
+
+CString ChildTitles(const ToviNode& node)
+{
+    CString titles;
+    for (const ToviNode* child : node.Items()) {
+        if (!titles.empty()) titles += "、";
+        titles += child->Title();
+    }
+    return titles.empty() ? "ありません" : titles + " です";
+}
+
+ToviNode* FindChild(ToviNode& node, const CString& title)
+{
+    const auto& children = node.Items();
+    const auto found =
+        std::find_if(children.begin(), children.end(),
+                     [&title](const ToviNode* child) { return child->Title() == title; });
+    return found == children.end() ? nullptr : *found;
+}
+} // namespace
+
+void Complain(const CString& sentence)
+{
+    GetHostServices().userInterface->ShowProgress("");
+    std::cerr << sentence << std::endl;
+}
+
+const char* FamilyName(PhotoXMLType family)
+{
+    const auto* found =
+        std::find_if(std::begin(families), std::end(families),
+                     [family](const Family& known) { return known.type == family; });
+    return found->name;
+}
+
+void AddDeliveryArguments(CLI::App& command, DeliveryArguments& arguments)
+{
+    command
+        .add_option("DELIVERY", arguments.path,
+                    "PHOTO.XML のあるフォルダ、またはその上のフォルダ（DISK1 などの中でもよい）")
+        ->required();
+    command
+        .add_option("--family", arguments.family,
+                    "要領の系統: "
+                    "auto（DTDなどから判断）、mlit（国交省）、kowan（港湾）、maff（農水省）、nexco")
+        ->check(CLI::IsMember({"auto", "mlit", "kowan", "maff", "nexco"}))
+        ->capture_default_str();
+}
+
+void AddNodeOption(CLI::App& command, std::vector<std::string>& nodes)
+{
+    command
+        .add_option(
+            "--node", nodes,
+            "分類の名前。根から順に繰り返して指定する（例: --node 工事 --node 施工状況写真）")
+        ->allow_extra_args(false);
+}
+
+void AddTreeTypeOption(CLI::App& command, int& type)
+{
+    command
+        .add_option(
+            "--type", type,
+            "木の種類: 0 大分類・写真区分・工種・種別・細別、1 撮影箇所、2 工種・種別・細別")
+        ->check(CLI::Range(0, 2))
+        ->capture_default_str();
+}
+
+OpenedDelivery OpenDelivery(const DeliveryArguments& arguments,
+                            ToviPhotoCtrlVisualSetting::TreeType tree)
+{
+    OpenedDelivery delivery;
+    delivery.photoFolder = FindPhotoFolder(arguments.path);
+    if (delivery.photoFolder.empty()) {
+        Complain(WhyNotFound(arguments.path));
+        return delivery;
+    }
+    delivery.family = ChosenFamily(arguments, delivery.photoFolder);
+    Load(delivery);
+    if (delivery.IsLoaded()) delivery.document->BuildTreeNode(tree);
+    return delivery;
+}
+
+bool SelectNode(ToviData& document, const std::vector<std::string>& titles)
+{
+    ToviNode* node = &document;
+    for (const std::string& title : titles) {
+        ToviNode* child = FindChild(*node, title);
+        if (child == nullptr) {
+            Complain("分類「" + title + "」がありません。ここで選べる分類は " + ChildTitles(*node) +
+                     "。");
+            return false;
+        }
+        node = child;
+    }
+    document.SetSelected(node, false);
+    document.PhotoSelectSetting(document.GetIndexPhotoArray(0));
+    return true;
+}

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "document/ToviData.h"
+
+#include <CLI/CLI.hpp>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+/// The exit statuses of tovi.
+enum ExitStatus
+{
+    ExitDone = 0,
+    ExitNotOpened = 1,
+    ExitWrongUsage = 2
+};
+
+/// What the user says about the delivery on every command.
+struct DeliveryArguments
+{
+    std::string path;
+    std::string family = "auto";
+};
+
+/// Adds DELIVERY and --family to \p command. \p arguments outlives it.
+void AddDeliveryArguments(CLI::App& command, DeliveryArguments& arguments);
+
+/// Adds --node, the titles from the root down. \p nodes outlives \p command.
+void AddNodeOption(CLI::App& command, std::vector<std::string>& nodes);
+
+/// Adds --type, the number of the tree. \p type outlives \p command.
+void AddTreeTypeOption(CLI::App& command, int& type);
+
+/// A delivery as far as it could be opened.
+struct OpenedDelivery
+{
+    /// Null when there was nothing to hold.
+    std::unique_ptr<ToviData> document;
+    PhotoXMLType family = PhotoXMLMlit;
+    CString photoFolder;
+
+    bool IsLoaded() const { return document && document->GetErrorType() == ReadErrNone; }
+};
+
+/// Opens the delivery and writes why it failed to standard error, in one sentence that says what to
+/// do. The tree is built with \p tree when it was loaded.
+OpenedDelivery OpenDelivery(
+    const DeliveryArguments& arguments,
+    ToviPhotoCtrlVisualSetting::TreeType tree = ToviPhotoCtrlVisualSetting::TreeWorkTypeFull);
+
+/// Selects the node that \p titles lead to from the root and its first photograph. False, with a
+/// sentence on standard error, when there is no such node.
+bool SelectNode(ToviData& document, const std::vector<std::string>& titles);
+
+/// The name of \p family as --family takes it.
+const char* FamilyName(PhotoXMLType family);
+
+/// Writes one line to standard error.
+void Complain(const CString& sentence);

@@ -1,0 +1,47 @@
+#include "hosts/cli/Commands.h"
+#include "hosts/cli/Json.h"
+
+#include <iostream>
+
+namespace
+{
+int Run(const DeliveryArguments& arguments)
+{
+    const OpenedDelivery delivery = OpenDelivery(arguments);
+    const CString photoFolder = delivery.photoFolder;
+    Json info = {{"family", FamilyName(delivery.family)},
+                 {"section", ""},
+                 {"errorType", nullptr},
+                 {"hasKeyPhoto", false},
+                 {"rootPath", photoFolder},
+                 {"title", photoFolder.empty() ? "" : photoFolder + "PHOTO.XML"},
+                 {"photoCount", 0},
+                 {"managementItems", Json::array()}};
+    if (ToviData* document = delivery.document.get()) {
+        ToviItemDef& def = *document->GetItemDef();
+        info["section"] = def.GetSection();
+        info["errorType"] = document->GetErrorType();
+        info["hasKeyPhoto"] = def.HasKeyPhoto();
+        info["rootPath"] = document->RootPath();
+        info["photoCount"] = document->GetTotalCountPhoto();
+        info["managementItems"] = ToJson(*document->GetMngItemPhoto(), def);
+    }
+    std::cout << ToText(info) << '\n';
+    return delivery.IsLoaded() ? ExitDone : ExitNotOpened;
+}
+} // namespace
+
+void AddInfoCommand(CLI::App& app, int& status)
+{
+    static DeliveryArguments arguments;
+    CLI::App* command =
+        app.add_subcommand("info", "納品データの種類、写真の枚数、管理項目を表示する");
+    AddDeliveryArguments(*command, arguments);
+    command->footer(
+        "出力: {\"family\",\"section\",\"errorType\",\"hasKeyPhoto\",\"rootPath\",\"title\","
+        "\"photoCount\",\"managementItems\":[{\"title\",\"value\"}]}\n"
+        "errorType: 0 READITEM.XMLがない、1 PHOTO.XMLを認識できない、2 写真がない、3 "
+        "項目定義を読めない、"
+        "4 正常、null 読み込めない");
+    command->callback([&status] { status = Run(arguments); });
+}

@@ -1,0 +1,34 @@
+#include "hosts/cli/Json.h"
+
+#include <iostream>
+
+std::string ToText(const Json& value)
+{
+    return value.dump(-1, ' ', false, Json::error_handler_t::replace);
+}
+
+Json ToJson(const ToviItemArray& items, const ToviItemDef& def)
+{
+    Json array = Json::array();
+    for (const ToviItem& item : items) {
+        array.push_back(
+            {{"title", def.GetTitleFromIndex(item.GetDefIndex())}, {"value", item.GetValue()}});
+    }
+    return array;
+}
+
+JsonArrayWriter::JsonArrayWriter()
+{
+    std::cout << '[';
+}
+
+void JsonArrayWriter::Add(const Json& element)
+{
+    std::cout << (isFirst ? "\n" : ",\n") << ToText(element);
+    isFirst = false;
+}
+
+JsonArrayWriter::~JsonArrayWriter()
+{
+    std::cout << (isFirst ? "]\n" : "\n]\n");
+}

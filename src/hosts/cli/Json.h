@@ -1,0 +1,29 @@
+#pragma once
+
+#include "document/ToviItem.h"
+#include "loading/ToviItemDef.h"
+
+#include <nlohmann/json.hpp>
+
+using Json = nlohmann::ordered_json;
+
+/// \p value as one line of UTF-8; bytes that are no UTF-8 become U+FFFD.
+std::string ToText(const Json& value);
+
+/// \p items as an array of {"title","value"}, in their order.
+Json ToJson(const ToviItemArray& items, const ToviItemDef& def);
+
+/// Writes an array to standard output element by element, so that it need not be in memory whole.
+class JsonArrayWriter
+{
+public:
+    JsonArrayWriter();
+    void Add(const Json& element);
+    /// Closes the array.
+    ~JsonArrayWriter();
+    JsonArrayWriter(const JsonArrayWriter&) = delete;
+    JsonArrayWriter& operator=(const JsonArrayWriter&) = delete;
+
+private:
+    bool isFirst = true;
+};

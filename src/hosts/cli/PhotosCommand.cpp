@@ -1,0 +1,63 @@
+#include "hosts/cli/Commands.h"
+#include "hosts/cli/Json.h"
+
+#include "platform/HostServices.h"
+
+namespace
+{
+struct Arguments
+{
+    DeliveryArguments delivery;
+    bool facts = false;
+};
+
+constexpr int photosPerReport = 50;
+
+void AddFacts(Json& entry, ToviPhoto& photo)
+{
+    int width = 0;
+    int height = 0;
+    photo.UpdateImagePath();
+    const bool hasSize = photo.GetImageSize(width, height);
+    entry["fileExists"] = photo.IsExistFile();
+    entry["width"] = hasSize ? Json(width) : Json(nullptr);
+    entry["height"] = hasSize ? Json(height) : Json(nullptr);
+}
+
+int Run(const Arguments& arguments)
+{
+    const OpenedDelivery delivery = OpenDelivery(arguments.delivery);
+    JsonArrayWriter output;
+    if (!delivery.IsLoaded()) return ExitNotOpened;
+    ToviData& document = *delivery.document;
+    UserInterface& user = *GetHostServices().userInterface;
+    const int total = document.GetTotalCountPhoto();
+    for (int index = 0; index < total; ++index) {
+        ToviPhoto& photo = *document.GetPhotoActualPhotoArray(index);
+        Json entry = {
+            {"index", index}, {"imagePath", photo.GetImagePath()}, {"pictures", Json::array()}};
+        for (const CString& path : photo.GetPicturePaths()) entry["pictures"].push_back(path);
+        entry["items"] = ToJson(photo.GetItems(), *document.GetItemDef());
+        if (arguments.facts) AddFacts(entry, photo);
+        output.Add(entry);
+        if (arguments.facts && index % photosPerReport == 0) {
+            user.ShowProgress(Format("写真ファイルの確認　%d / %d枚", index, total));
+        }
+    }
+    user.ShowProgress("");
+    return ExitDone;
+}
+} // namespace
+
+void AddPhotosCommand(CLI::App& app, int& status)
+{
+    static Arguments arguments;
+    CLI::App* command = app.add_subcommand("photos", "すべての写真を PHOTO.XML の順に表示する");
+    AddDeliveryArguments(*command, arguments.delivery);
+    command->add_flag("--facts", arguments.facts, "写真ファイルの有無と大きさも調べる");
+    command->footer(
+        "出力: [{\"index\",\"imagePath\",\"pictures\":[参考図のパス],"
+        "\"items\":[{\"title\",\"value\"}]}]\n"
+        "--facts では \"fileExists\"（写真と参考図がすべてある）、\"width\"、\"height\" を加える");
+    command->callback([&status] { status = Run(arguments); });
+}

@@ -1,0 +1,40 @@
+#include "hosts/cli/Commands.h"
+#include "hosts/cli/Json.h"
+
+#include <iostream>
+
+namespace
+{
+struct Arguments
+{
+    DeliveryArguments delivery;
+    int type = 0;
+};
+
+Json ToJson(const ToviNode& node)
+{
+    Json json = {{"title", node.Title()}, {"indexes", Json::array()}, {"children", Json::array()}};
+    for (const int index : node.GetIndexes()) json["indexes"].push_back(index);
+    for (const ToviNode* child : node.Items()) json["children"].push_back(ToJson(*child));
+    return json;
+}
+
+int Run(const Arguments& arguments)
+{
+    const OpenedDelivery delivery = OpenDelivery(
+        arguments.delivery, static_cast<ToviPhotoCtrlVisualSetting::TreeType>(arguments.type));
+    if (!delivery.document) return ExitNotOpened;
+    std::cout << ToText(ToJson(*delivery.document)) << '\n';
+    return delivery.IsLoaded() ? ExitDone : ExitNotOpened;
+}
+} // namespace
+
+void AddTreeCommand(CLI::App& app, int& status)
+{
+    static Arguments arguments;
+    CLI::App* command = app.add_subcommand("tree", "分類の木を表示する");
+    AddDeliveryArguments(*command, arguments.delivery);
+    AddTreeTypeOption(*command, arguments.type);
+    command->footer("出力: {\"title\",\"indexes\":[写真の番号],\"children\":[...]}");
+    command->callback([&status] { status = Run(arguments); });
+}

@@ -1,0 +1,66 @@
+#include "hosts/cli/Commands.h"
+
+#include "platform/FileProfileStore.h"
+#include "platform/HostServices.h"
+#include "platform/TerminalUserInterface.h"
+
+#include <iostream>
+#include <new>
+
+namespace
+{
+void DescribeProgram(CLI::App& app)
+{
+    app.description("工事写真の電子納品データを開いて調べる。結果は標準出力にJSON（UTF-8）で、"
+                    "エラーは標準エラー出力に書く。納品データには書き込まない。");
+    app.footer("各コマンドの説明: tovi COMMAND --help\n"
+               "終了コード: 0 正常、1 開けないか写真を読めない、2 使い方の誤り");
+    app.require_subcommand(1);
+    app.set_help_flag("-h,--help", "この説明を表示する");
+    const auto formatter = std::dynamic_pointer_cast<CLI::Formatter>(app.get_formatter());
+    const std::pair<const char*, const char*> labels[] = {
+        {"Usage", "使い方"},         {"Positionals", "引数"},  {"Options", "オプション"},
+        {"Subcommands", "コマンド"}, {"REQUIRED", "（必須）"}, {"OPTIONS", "オプション"},
+        {"SUBCOMMAND", "コマンド"}};
+    for (const auto& [label, text] : labels) formatter->label(label, text);
+    formatter->column_width(24);
+}
+
+int Parse(CLI::App& app, int argc, char** argv)
+{
+    try {
+        app.parse(argc, argv);
+        return ExitDone;
+    } catch (const CLI::CallForHelp& help) {
+        app.exit(help);
+        return ExitDone;
+    } catch (const CLI::ParseError& error) {
+        std::cerr << "使い方が正しくありません（" << error.what()
+                  << "）。tovi --help か tovi COMMAND --help で確かめてください。" << std::endl;
+        return ExitWrongUsage;
+    }
+}
+} // namespace
+
+int main(int argc, char** argv)
+{
+    TerminalUserInterface user;
+    FileProfileStore profile(DefaultProfilePath());
+    InstallHostServices({&user, &profile, "tovi", RunningProgramPath()});
+
+    int status = ExitDone;
+    CLI::App app;
+    DescribeProgram(app);
+    AddInfoCommand(app, status);
+    AddPhotosCommand(app, status);
+    AddTreeCommand(app, status);
+    AddSelectCommand(app, status);
+    AddSheetCommand(app, status);
+    try {
+        const int parsed = Parse(app, argc, argv);
+        return parsed == ExitDone ? status : parsed;
+    } catch (const std::bad_alloc&) {
+        Complain("メモリが足りません。ほかのプログラムを終了してからやり直してください。");
+        return ExitNotOpened;
+    }
+}

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "loading/PhotoXMLType.h"
+#include "platform/Text.h"
+
+/// One generation of a family's standard.
+struct DeliveryKind
+{
+    /// The DTD name in the DOCTYPE line of PHOTO.XML.
+    const char* dtd;
+    /// The section of READITEM.XML with its definitions, which names the kind everywhere.
+    const char* section;
+    /// The generation has the key-photo flag 代表写真.
+    bool hasKeyPhoto;
+};
+
+/// The kind that the DOCTYPE line of a PHOTO.XML tells for \p family, or null.
+TOVI_EXPORT const DeliveryKind* FindDeliveryKind(PhotoXMLType family, const CString& doctypeLine);
+
+/// The line of the file \p xmlPath that holds "photodata SYSTEM", or empty when no line does or the
+/// file can't be read. \p opened tells whether the file could be opened.
+CString ReadDoctypeLine(const CString& xmlPath, bool& opened);

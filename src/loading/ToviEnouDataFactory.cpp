@@ -1,0 +1,39 @@
+#include "loading/ToviEnouDataFactory.h"
+
+#include "document/ToviData.h"
+#include "loading/PhotoXmlReader.h"
+#include "platform/DoxDocument.h"
+#include "platform/MibFile.h"
+
+ToviData* ToviEnouDataFactory::OnNewDocumentInstance(CDocument* host)
+{
+    return new ToviData(host, SrcPath(), GetXMLType());
+}
+
+bool ToviEnouDataFactory::OnLoad(ToviLoadCallback callback, void* arg)
+{
+    problem.clear();
+    ToviData* target = GetDocument();
+    if (target == nullptr) return false;
+    CString xmlPath = SrcPath();
+    MibNormalDir(xmlPath);
+    xmlPath += "PHOTO.XML";
+    target->Title(xmlPath.c_str());
+    target->GetPhotoDataArray()->RemoveAll();
+    target->GetMngItemPhoto()->RemoveAll();
+
+    DoxDocument xml;
+    if (!MibIsFileExist(xmlPath) || !xml.Initiate() || !xml.Load(xmlPath, false, nullptr)) {
+        problem = xml.Problem().empty() ? "ファイルがありません" : xml.Problem();
+        return false;
+    }
+    PhotoXmlReader reader(*target, xml, [this, callback, arg](const CString& text) {
+        OnProgress(callback, text.c_str(), arg);
+    });
+    if (!reader.Read()) {
+        problem = "必要な要素がありません";
+        return false;
+    }
+    if (target->GetPhotoDataArray()->IsEmpty()) target->SetErrorType(ReadErrNoPhotos);
+    return true;
+}

@@ -1,0 +1,97 @@
+#include "loading/ToviItemDef.h"
+
+#include "loading/DeliveryKinds.h"
+#include "loading/ItemDefReader.h"
+#include "platform/HostServices.h"
+#include "platform/MibFile.h"
+
+#include <algorithm>
+
+PhotoXMLReadErr ToviItemDef::Load(const char* dataPath, PhotoXMLType family)
+{
+    if (!InitializeData(dataPath, family)) return ReadErrDefinition;
+    if (!MibIsFileExist(readItemPath)) return ReadErrNoItemFile;
+    return ReadPhotoDef(dataPath);
+}
+
+bool ToviItemDef::InitializeData(const char* dataPath, PhotoXMLType family)
+{
+    type = family;
+    SetRootPath(dataPath);
+    programPath = MibProgramPath();
+    if (programPath.empty()) return false;
+    readItemPath = programPath + "READITEM.XML";
+    definitions.RemoveAll();
+    return true;
+}
+
+void ToviItemDef::SetRootPath(const CString& dataPath)
+{
+    parentPath = dataPath;
+    MibParentDir(parentPath);
+}
+
+PhotoXMLReadErr ToviItemDef::ReadPhotoDef(const char* dataPath)
+{
+    const CString section = GetRootTagNamePhoto(dataPath);
+    if (section.empty()) return ReadErrUnknownPhotoXml;
+    return ReadDef(section, definitions) ? ReadErrNone : ReadErrDefinition;
+}
+
+CString ToviItemDef::GetRootTagNamePhoto(const char* dataPath)
+{
+    CString xmlPath = dataPath;
+    MibNormalDir(xmlPath);
+    bool opened = false;
+    const CString line = ReadDoctypeLine(xmlPath + "PHOTO.XML", opened);
+    if (!opened) return {};
+    Load();
+    const DeliveryKind* kind = FindDeliveryKind(type, line);
+    hasKeyPhoto = kind != nullptr && kind->hasKeyPhoto;
+    // What was not recognised is remembered too: the next delivery then counts as one of a new
+    // kind.
+    Save(kind == nullptr ? "" : kind->section);
+    return newType;
+}
+
+bool ToviItemDef::Load()
+{
+    const ProfileStore* profile = GetHostServices().profile;
+    if (profile == nullptr) return false;
+    oldType = profile->GetProfileString(PhotoFileTypeSection_, TypeEntry_, "");
+    return true;
+}
+
+bool ToviItemDef::Save(const CString& section)
+{
+    newType = section;
+    ProfileStore* profile = GetHostServices().profile;
+    return profile != nullptr &&
+           profile->WriteProfileString(PhotoFileTypeSection_, TypeEntry_, section);
+}
+
+bool ToviItemDef::ReadDef(const CString& section, CArray<Definition>& out)
+{
+    return ReadItemDefinitions(readItemPath, section, out);
+}
+
+int ToviItemDef::GetIndexFromTitle(const CString& title) const
+{
+    const auto found =
+        std::find_if(definitions.begin(), definitions.end(),
+                     [&title](const Definition& definition) { return definition.title == title; });
+    return found == definitions.end() ? -1 : static_cast<int>(found - definitions.begin());
+}
+
+int ToviItemDef::GetIndexFromEnum(ToviPhotoCtrlVisualSetting::TitleShowType show) const
+{
+    switch (show) {
+    case ToviPhotoCtrlVisualSetting::TitleJapaneseFileName:
+        return GetIndexFromTitle("写真ファイル日本語名");
+    case ToviPhotoCtrlVisualSetting::TitlePhotoTitle:
+        return GetIndexFromTitle("写真タイトル");
+    case ToviPhotoCtrlVisualSetting::TitleFileName:
+        break;
+    }
+    return GetIndexFromTitle("写真ファイル名");
+}

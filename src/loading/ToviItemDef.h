@@ -1,0 +1,123 @@
+#pragma once
+
+#include "loading/PhotoXMLType.h"
+#include "platform/Text.h"
+#include "settings/ToviPhotoCtrlVisualSetting.h"
+
+/// The necessity of an element.
+enum Grade
+{
+    /// 不要: the value is not kept.
+    GradeUnneeded = 0,
+    /// 必須
+    GradeRequired = 1,
+    /// 条件付き必須
+    GradeConditional = 2,
+    /// 任意
+    GradeOptional = 3,
+    /// 連携
+    GradeLinked = 4
+};
+
+/// Where an item is displayed.
+enum ShowSituation
+{
+    ShowNot = 0,
+    ShowMainList = 1,
+    ShowInfoDlg = 2,
+    ShowZoomDlg = 3
+};
+
+/// How many times an element may occur.
+enum DataCount
+{
+    CountNone = 0,
+    CountOne = 1,
+    CountZeroOrOne = 2,
+    CountZeroOrMore = 3,
+    CountOneOrMore = 4
+};
+
+/// Where the walk over PHOTO.XML goes after an element.
+enum TreeStep
+{
+    StepChild = 0,
+    StepNext = 1,
+    StepParent = 2
+};
+
+/// Where a value is stored.
+enum ReadKind
+{
+    ReadNotItem = 0,
+    ReadMngItem = 1,
+    ReadPhotoItem = 2
+};
+
+/// One element of PHOTO.XML: what to do on meeting it.
+struct Definition
+{
+    /// The tag name, which is also the item's title everywhere in the system.
+    CString title;
+    Grade grade = GradeUnneeded;
+    ShowSituation show = ShowNot;
+    DataCount count = CountNone;
+    TreeStep operation = StepNext;
+    /// The element opens a block that occurs several times.
+    bool blockPlural = false;
+    ReadKind readType = ReadNotItem;
+};
+
+/// The item definitions of one delivery: every element of its kind of PHOTO.XML in document order,
+/// as READITEM.XML beside the program lists them. Filled once by Load; a definition index stays
+/// valid for the life of the object.
+class TOVI_EXPORT ToviItemDef
+{
+public:
+    /// The profile section and entry that hold the kind of the last delivery.
+    static constexpr const char* PhotoFileTypeSection_ = "PhotoFileType";
+    static constexpr const char* TypeEntry_ = "Type";
+
+    /// Recognises the kind of the PHOTO.XML in the folder \p dataPath for the family \p type and
+    /// reads its definitions. Everything but ReadErrNone is a failure that leaves the list empty.
+    PhotoXMLReadErr Load(const char* dataPath, PhotoXMLType type);
+    PhotoXMLReadErr ReadPhotoDef(const char* dataPath);
+
+    int GetCount() const { return definitions.GetSize(); }
+    bool IsEmpty() const { return definitions.IsEmpty(); }
+    /// An index outside the list throws InvalidArgument, here and below.
+    const Definition& GetDef(int index) const { return definitions[index]; }
+    const Definition& operator[](int index) const { return definitions[index]; }
+    /// The index of the first definition with exactly this title, or -1.
+    int GetIndexFromTitle(const CString& title) const;
+    /// The index of the item that is shown as the caption of a photograph, or -1.
+    int GetIndexFromEnum(ToviPhotoCtrlVisualSetting::TitleShowType type) const;
+    CString GetTitleFromIndex(int index) const { return definitions[index].title; }
+    ShowSituation GetShowSituationFromIndex(int index) const { return definitions[index].show; }
+    PhotoXMLType GetXMLType() const { return type; }
+    /// The delivery's generation has a key-photo flag.
+    bool HasKeyPhoto() const { return hasKeyPhoto; }
+    /// The kind that was recognised, such as 国交省-20; empty when none was.
+    const CString& GetSection() const { return newType; }
+    /// The folder above that of PHOTO.XML, where the index file stands.
+    const CString& GetParentPath() const { return parentPath; }
+    void SetRootPath(const CString& dataPath);
+    /// True when the delivery is of the same kind as the one opened before it.
+    bool TypeIsCorresponding() const { return newType == oldType; }
+
+private:
+    bool InitializeData(const char* dataPath, PhotoXMLType family);
+    bool Load();
+    bool Save(const CString& section);
+    bool ReadDef(const CString& section, CArray<Definition>& out);
+    CString GetRootTagNamePhoto(const char* dataPath);
+
+    PhotoXMLType type = PhotoXMLMlit;
+    CString readItemPath;
+    CString parentPath;
+    CArray<Definition> definitions;
+    CString programPath;
+    bool hasKeyPhoto = false;
+    CString newType;
+    CString oldType;
+};

@@ -1,0 +1,97 @@
+#include "platform/DoxDocument.h"
+
+#include "platform/DoxTree.h"
+#include "platform/MibFile.h"
+#include "platform/TextEncoding.h"
+
+#include <algorithm>
+#include <charconv>
+#include <optional>
+
+namespace
+{
+/// More than any delivery holds, and little enough for the tree to stay in memory.
+constexpr std::size_t largestFile = std::size_t{1} << 30;
+
+constexpr unsigned parseOptions = pugi::parse_escapes | pugi::parse_eol | pugi::parse_cdata |
+                                  pugi::parse_wconv_attribute | pugi::parse_embed_pcdata;
+
+std::size_t LineOf(const CString& text, std::size_t offset)
+{
+    const auto end = text.begin() + static_cast<std::ptrdiff_t>(std::min(offset, text.size()));
+    return static_cast<std::size_t>(std::count(text.begin(), end, '\n')) + 1;
+}
+
+/// True for the code points that XML 1.0 lets a document hold.
+bool IsXmlCharacter(std::uint32_t codePoint)
+{
+    if (codePoint < 0x20) return codePoint == '\t' || codePoint == '\n' || codePoint == '\r';
+    const bool surrogate = codePoint >= 0xD800 && codePoint <= 0xDFFF;
+    return !surrogate && codePoint != 0xFFFE && codePoint != 0xFFFF && codePoint <= 0x10FFFF;
+}
+
+/// The offset of the first character reference in \p text to something that is no character, which
+/// the parser would let through; nothing when there is none.
+std::optional<std::size_t> FindWrongReference(const CString& text)
+{
+    for (std::size_t at = text.find("&#"); at != CString::npos; at = text.find("&#", at + 2)) {
+        const bool hexadecimal = at + 2 < text.size() && text[at + 2] == 'x';
+        const char* first = text.data() + at + (hexadecimal ? 3 : 2);
+        std::uint32_t codePoint = 0;
+        const auto [end, error] =
+            std::from_chars(first, text.data() + text.size(), codePoint, hexadecimal ? 16 : 10);
+        const bool closed = end != text.data() + text.size() && *end == ';';
+        if (error != std::errc() || !closed || !IsXmlCharacter(codePoint)) return at;
+    }
+    return std::nullopt;
+}
+} // namespace
+
+DoxDocument::DoxDocument() = default;
+DoxDocument::~DoxDocument() = default;
+
+bool DoxDocument::Initiate()
+{
+    tree = std::make_unique<Tree>();
+    problem.clear();
+    return true;
+}
+
+bool DoxDocument::Load(const CString& path, bool, CStringArray* errors)
+{
+    Initiate();
+    if (!MibIsFileExist(path)) return Fail("ファイルがありません", errors);
+    bool readable = false;
+    std::optional<CString> text = ReadTextFile(path, largestFile, readable);
+    if (!readable) return Fail("読み込めないか、大きすぎます", errors);
+    if (!text) return Fail("宣言された文字コードにない文字があります", errors);
+    if (const std::size_t zero = text->find('\0'); zero != CString::npos) {
+        return Fail(Format("%zu行目に使えない文字（NUL）があります", LineOf(*text, zero)), errors);
+    }
+    if (const auto wrong = FindWrongReference(*text)) {
+        return Fail(Format("%zu行目の文字参照が正しくありません", LineOf(*text, *wrong)), errors);
+    }
+    tree->text = std::move(*text);
+    const pugi::xml_parse_result result = tree->document.load_buffer_inplace(
+        tree->text.data(), tree->text.size(), parseOptions, pugi::encoding_utf8);
+    if (!result) {
+        const std::size_t line = LineOf(tree->text, static_cast<std::size_t>(result.offset));
+        return Fail(Format("%zu行目の近くでXMLの書式が壊れています", line), errors);
+    }
+    const pugi::xml_node root = tree->document.document_element();
+    if (root.next_sibling()) return Fail("XMLの最上位の要素が2つ以上あります", errors);
+    return true;
+}
+
+void DoxDocument::Terminate()
+{
+    tree.reset();
+}
+
+bool DoxDocument::Fail(const CString& reason, CStringArray* errors)
+{
+    problem = reason;
+    tree = std::make_unique<Tree>();
+    if (errors != nullptr) errors->Add(reason);
+    return false;
+}

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "platform/Text.h"
+
+#include <memory>
+
+/// An XML file as a tree in memory. DoxIterator walks it.
+class TOVI_EXPORT DoxDocument
+{
+public:
+    DoxDocument();
+    ~DoxDocument();
+    DoxDocument(const DoxDocument&) = delete;
+    DoxDocument& operator=(const DoxDocument&) = delete;
+
+    /// Makes an empty document ready for Load. Always true.
+    bool Initiate();
+
+    /// Reads the file \p path. False when it is missing, no regular file, not in its declared
+    /// encoding or not well formed; Problem() then says why. Nothing outside the file is read:
+    /// entities and the DTD are left alone. \p validate must be false; \p errors may be null, else
+    /// a failure's reason is appended to it.
+    [[nodiscard]] bool Load(const CString& path, bool validate, CStringArray* errors);
+
+    /// Frees the tree. Iterators on it must not be used any more.
+    void Terminate();
+
+    /// Why the last Load failed, as the second half of a Japanese sentence; empty after a success.
+    const CString& Problem() const { return problem; }
+
+private:
+    friend class DoxIterator;
+    struct Tree;
+
+    bool Fail(const CString& reason, CStringArray* errors);
+
+    std::unique_ptr<Tree> tree;
+    CString problem;
+};

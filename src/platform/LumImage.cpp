@@ -1,0 +1,132 @@
+#include "platform/LumImage.h"
+
+#include "platform/AtomicFile.h"
+#include "platform/ImageFile.h"
+#include "platform/LumPicture.h"
+#include "platform/QtColor.h"
+
+#include <QBuffer>
+#include <QPainter>
+#include <QTransform>
+
+#include <algorithm>
+
+namespace
+{
+struct WriteFormat
+{
+    LumImageType type;
+    const char* name;
+};
+
+constexpr WriteFormat writeFormats[] = {
+    {LumBitmap, "bmp"}, {LumJpeg, "jpeg"}, {LumTiff, "tiff"}, {LumPng, "png"}};
+
+constexpr int jpegQualities[] = {60, 85, 95};
+} // namespace
+
+LumImage::LumImage() = default;
+LumImage::~LumImage() = default;
+LumImage::LumImage(LumImage&&) noexcept = default;
+LumImage& LumImage::operator=(LumImage&&) noexcept = default;
+
+LumImage::LumImage(const LumImage& other)
+    : picture(other.picture ? std::make_unique<Picture>(*other.picture) : nullptr)
+{}
+
+LumImage& LumImage::operator=(const LumImage& other)
+{
+    if (this != &other) *this = LumImage(other);
+    return *this;
+}
+
+bool LumImage::Load(const char* path)
+{
+    return LoadReduced(path, 0);
+}
+
+bool LumImage::LoadThumb(const char* path)
+{
+    return LoadReduced(path, thumbSide);
+}
+
+bool LumImage::LoadReduced(const char* path, int longestSide)
+{
+    Clear();
+    QImage image = ReadImage(path, longestSide);
+    if (image.isNull()) return false;
+    picture = std::make_unique<Picture>(Picture{std::move(image)});
+    return true;
+}
+
+bool LumImage::IsValid() const
+{
+    return picture != nullptr;
+}
+
+void LumImage::Clear()
+{
+    picture.reset();
+}
+
+int LumImage::GetWidth() const
+{
+    return picture ? picture->image.width() : 0;
+}
+
+int LumImage::GetHeight() const
+{
+    return picture ? picture->image.height() : 0;
+}
+
+void LumImage::Rotate(int angle, unsigned long backColor, bool keepSize, bool smooth)
+{
+    if (!picture) return;
+    const QImage& source = picture->image;
+    const QTransform turn = QTransform().rotate(angle);
+    if (angle % 90 == 0 && !keepSize) {
+        picture->image = source.transformed(turn);
+        return;
+    }
+    const QSize size =
+        keepSize ? source.size() : turn.mapRect(QRectF(source.rect())).toRect().size();
+    QImage turned(size, QImage::Format_RGB32);
+    turned.fill(QtColor(backColor));
+    QPainter painter(&turned);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, smooth);
+    painter.translate(QRectF(turned.rect()).center());
+    painter.rotate(angle);
+    painter.drawImage(-QRectF(source.rect()).center(), source);
+    painter.end();
+    picture->image = turned;
+}
+
+bool LumImage::ConvGrayScaleFromMono()
+{
+    if (!picture || picture->image.depth() != 1) return false;
+    picture->image = picture->image.convertToFormat(QImage::Format_Grayscale8);
+    return true;
+}
+
+bool LumImage::Save(const char* path, LumImageType type, unsigned quality) const
+{
+    const auto* format =
+        std::find_if(std::begin(writeFormats), std::end(writeFormats),
+                     [type](const WriteFormat& known) { return known.type == type; });
+    if (!picture || format == std::end(writeFormats)) return false;
+    const int percent = jpegQualities[std::min<std::size_t>(quality, std::size(jpegQualities) - 1)];
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    if (!picture->image.save(&buffer, format->name, type == LumJpeg ? percent : -1)) return false;
+    return WriteFileAtomically(path, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
+}
+
+bool LumImage::GetCommentImageSize(const char* path, int& width, int& height)
+{
+    const std::optional<QSize> size = ReadImageSize(path);
+    if (!size) return false;
+    width = size->width();
+    height = size->height();
+    return true;
+}

@@ -1,0 +1,162 @@
+#include "platform/MibFile.h"
+
+#include "platform/CaseFallback.h"
+#include "platform/FileDescriptor.h"
+#include "platform/HostServices.h"
+
+#include <fcntl.h>
+#include <fnmatch.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <ctime>
+#include <memory>
+
+namespace
+{
+std::optional<struct stat> FactsOf(const CString& path)
+{
+    const CString existing = ExistingPath(path);
+    struct stat facts;
+    if (existing.empty() || stat(existing.c_str(), &facts) != 0) return std::nullopt;
+    return facts;
+}
+
+/// The absolute path of \p path without symbolic links, or empty.
+CString RealPath(const CString& path)
+{
+    const std::unique_ptr<char, void (*)(void*)> real(realpath(ExistingPath(path).c_str(), nullptr),
+                                                      std::free);
+    return real ? real.get() : "";
+}
+} // namespace
+
+void MibNormalDir(CString& path)
+{
+    std::replace(path.begin(), path.end(), '\\', '/');
+    if (!path.empty() && path.back() != '/') path += '/';
+}
+
+void MibParentDir(CString& path)
+{
+    MibNormalDir(path);
+    if (path.size() < 2) return;
+    const std::size_t slash = path.rfind('/', path.size() - 2);
+    if (slash != CString::npos) path.resize(slash + 1);
+}
+
+bool MibIsFileExist(const CString& path)
+{
+    const auto facts = FactsOf(path);
+    return facts && S_ISREG(facts->st_mode);
+}
+
+bool MibIsFolderExist(const CString& path)
+{
+    const auto facts = FactsOf(path);
+    return facts && S_ISDIR(facts->st_mode);
+}
+
+bool MibCreateDirectory(const CString& path)
+{
+    for (std::size_t end = 0; end != CString::npos;) {
+        end = path.find('/', end + 1);
+        const CString folder = path.substr(0, end);
+        if (!MibIsFolderExist(folder)) mkdir(folder.c_str(), 0777);
+    }
+    return MibIsFolderExist(path);
+}
+
+CStringArray MibFileFind(const CString& folder, const CString& pattern)
+{
+    CString existing = ExistingPath(folder);
+    CStringArray found;
+    if (existing.empty()) return found;
+    MibNormalDir(existing);
+    const CString folded = FoldCase(pattern);
+    for (const CString& name : ListFolder(existing)) {
+        if (fnmatch(folded.c_str(), FoldCase(name).c_str(), FNM_NOESCAPE) == 0) {
+            found.Add(existing + name);
+        }
+    }
+    return found;
+}
+
+CString MibGetFileName(const CString& path)
+{
+    return path.substr(path.rfind('/') + 1);
+}
+
+CString MibGetExt(const CString& path)
+{
+    const CString name = MibGetFileName(path);
+    const std::size_t dot = name.rfind('.');
+    return dot == CString::npos ? CString() : name.substr(dot);
+}
+
+CString MibGetFileTitle(const CString& path)
+{
+    const CString name = MibGetFileName(path);
+    return name.substr(0, name.rfind('.'));
+}
+
+CString MibProgramPath()
+{
+    const CString& program = GetHostServices().programPath;
+    return program.substr(0, program.rfind('/') + 1);
+}
+
+bool MibIsInside(const CString& folder, const CString& path)
+{
+    CString realFolder = RealPath(folder);
+    if (realFolder.empty()) return false;
+    MibNormalDir(realFolder);
+    return RealPath(path).starts_with(realFolder);
+}
+
+CString MibModificationDate(const CString& path)
+{
+    const auto facts = FactsOf(path);
+    if (!facts || !S_ISREG(facts->st_mode)) return {};
+    std::tm local;
+    if (localtime_r(&facts->st_mtim.tv_sec, &local) == nullptr) return {};
+    return Format("%04d-%02d-%02d", local.tm_year + 1900, local.tm_mon + 1, local.tm_mday);
+}
+
+std::size_t MibFileSize(const CString& path)
+{
+    const auto facts = FactsOf(path);
+    return facts && S_ISREG(facts->st_mode) ? static_cast<std::size_t>(facts->st_size) : 0;
+}
+
+std::optional<std::string> MibReadFile(const CString& path, std::size_t limit)
+{
+    std::string bytes;
+    bytes.reserve(std::min(MibFileSize(path), limit));
+    const bool complete = MibReadBlocks(path, limit, [&bytes](std::string_view block) {
+        bytes += block;
+        return true;
+    });
+    if (!complete) return std::nullopt;
+    return bytes;
+}
+
+bool MibReadBlocks(const CString& path, std::size_t limit,
+                   const std::function<bool(std::string_view)>& take)
+{
+    // Without O_NONBLOCK the open of a named pipe would wait for its writer.
+    const FileDescriptor file(open(ExistingPath(path).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    struct stat facts;
+    if (!file.IsOpen() || fstat(file.Get(), &facts) != 0 || !S_ISREG(facts.st_mode)) return false;
+    std::array<char, 1 << 16> block;
+    std::size_t total = 0;
+    for (;;) {
+        const ssize_t got = read(file.Get(), block.data(), block.size());
+        if (got <= 0) return got == 0;
+        total += static_cast<std::size_t>(got);
+        if (total > limit || !take({block.data(), static_cast<std::size_t>(got)})) return false;
+    }
+}

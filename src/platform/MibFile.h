@@ -1,0 +1,62 @@
+#pragma once
+
+#include "platform/Text.h"
+
+#include <functional>
+#include <optional>
+
+/// File functions. Paths use "/". Wherever a file or folder is asked for that isn't there under
+/// exactly this name, one whose name differs only in letter case answers in its place.
+
+/// Makes \p path end in a path separator, with every "\" in it turned to "/". An empty path stays.
+TOVI_EXPORT void MibNormalDir(CString& path);
+
+/// Takes the last folder (or file) off \p path; the result ends in a path separator. The root and a
+/// path without a folder stay as they are.
+TOVI_EXPORT void MibParentDir(CString& path);
+
+/// True when \p path is a regular file.
+TOVI_EXPORT bool MibIsFileExist(const CString& path);
+
+/// True when \p path is a folder.
+TOVI_EXPORT bool MibIsFolderExist(const CString& path);
+
+/// Makes the folder \p path and those above it that are missing. True when it is there afterwards.
+TOVI_EXPORT bool MibCreateDirectory(const CString& path);
+
+/// The full paths of what in \p folder fits \p pattern ("*" any text, "?" any one byte, no regard
+/// to letter case), in the order of their names.
+TOVI_EXPORT CStringArray MibFileFind(const CString& folder, const CString& pattern);
+
+/// The extension of \p path with its dot, as it is written; empty when there is none.
+TOVI_EXPORT CString MibGetExt(const CString& path);
+
+/// The file name of \p path without folder and extension.
+TOVI_EXPORT CString MibGetFileTitle(const CString& path);
+
+/// The file name of \p path without its folder.
+TOVI_EXPORT CString MibGetFileName(const CString& path);
+
+/// The folder of the running program, ending in a path separator; empty when it can't be had.
+TOVI_EXPORT CString MibProgramPath();
+
+/// True when \p path leads, symbolic links followed, to something inside \p folder. False too when
+/// either doesn't exist.
+TOVI_EXPORT bool MibIsInside(const CString& folder, const CString& path);
+
+/// The local date of the last change of the file \p path as YYYY-MM-DD; empty when there is no
+/// file.
+TOVI_EXPORT CString MibModificationDate(const CString& path);
+
+/// The size of the regular file \p path in bytes; 0 when there is none.
+TOVI_EXPORT std::size_t MibFileSize(const CString& path);
+
+/// The bytes of the regular file \p path; nothing when it can't be read or has more than \p limit
+/// bytes.
+TOVI_EXPORT std::optional<std::string> MibReadFile(const CString& path, std::size_t limit);
+
+/// Hands the bytes of the regular file \p path to \p take in blocks, from the front, until it
+/// returns false. False when that happened, when the file can't be read or has more than \p limit
+/// bytes.
+bool MibReadBlocks(const CString& path, std::size_t limit,
+                   const std::function<bool(std::string_view)>& take);

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "platform/LumCanvas.h"
+#include "platform/Text.h"
+
+#include <functional>
+
+class ToviData;
+
+/// Where things stand on a contact sheet, in pixels.
+class ContactSheetLayout
+{
+public:
+    /// \p photoCount at least 0; \p columnCount at least 1.
+    ContactSheetLayout(int photoCount, int columnCount);
+
+    int Width() const;
+    int Height() const;
+    /// False when the sheet is too large to be drawn.
+    bool Fits() const;
+    /// The place of the thumbnail at \p position, and that of the title under it.
+    LumRect Thumbnail(int position) const;
+    LumRect Title(int position) const;
+
+private:
+    int count;
+    int columns;
+};
+
+/// A sheet with the photographs of the current array of \p document, \p columns in a row:
+/// thumbnails with their titles, and 表示できません on pale green for a photograph that can't be
+/// decoded. \p report hears the position of each photograph. An invalid image when the sheet
+/// doesn't fit.
+TOVI_EXPORT LumImage MakeContactSheet(ToviData& document, int columns,
+                                      const std::function<void(int)>& report);

@@ -1,0 +1,169 @@
+#include "platform/LumImage.h"
+#include "support/DeliveryBuilder.h"
+#include "support/RunProgram.h"
+#include "support/TempFolder.h"
+
+#include <gmock/gmock.h>
+#include <nlohmann/json.hpp>
+
+#include <sys/stat.h>
+
+#include <map>
+
+namespace
+{
+using Json = nlohmann::json;
+using testing::HasSubstr;
+
+class Headless : public testing::Test
+{
+protected:
+    ProgramResult Run(std::vector<CString> arguments) const
+    {
+        return RunProgram(arguments, temp.Path("config"));
+    }
+
+    /// Makes a sample delivery with tovi-sample and returns its folder.
+    CString Sample(std::vector<CString> options) const
+    {
+        const CString folder = temp.Path("sample");
+        std::filesystem::remove_all(folder);
+        options.insert(options.begin(), {"tovi-sample", folder});
+        const ProgramResult made = Run(options);
+        EXPECT_EQ(made.status, 0) << made.errors;
+        return folder;
+    }
+
+    /// Every path under \p folder with its size and time of change.
+    static std::map<CString, std::pair<off_t, long>> Fingerprint(const CString& folder)
+    {
+        std::map<CString, std::pair<off_t, long>> files;
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
+            struct stat facts;
+            stat(entry.path().c_str(), &facts);
+            files[entry.path()] = {facts.st_size,
+                                   facts.st_mtim.tv_sec * 1000000000 + facts.st_mtim.tv_nsec};
+        }
+        return files;
+    }
+
+    TempFolder temp;
+};
+
+TEST_F(Headless, GivesBackWhatTheSampleGeneratorWrote)
+{
+    for (const SampleSchema& schema : SampleSchemas()) {
+        const CString section(schema.section);
+        const CString folder =
+            Sample({"--section", section, "--photos", "40", "--drawings", "9", "--no-images"});
+        const ProgramResult result = Run({"tovi", "photos", folder});
+        ASSERT_EQ(result.status, 0) << section << result.errors;
+        EXPECT_EQ(result.errors, "");
+        const Json photos = Json::parse(result.output);
+        const auto expected =
+            DeliveryBuilder({.section = section, .photos = 40, .drawings = 9}).ExpectedItems();
+        ASSERT_EQ(photos.size(), expected.size());
+        for (std::size_t i = 0; i < expected.size(); ++i) {
+            std::vector<SampleItem> items;
+            for (const Json& item : photos[i]["items"])
+                items.push_back({item["title"], item["value"]});
+            EXPECT_EQ(items, expected[i]) << section << " photo " << i;
+            EXPECT_EQ(photos[i]["index"], i);
+        }
+    }
+}
+
+TEST_F(Headless, ShowsADeliveryWithoutTouchingIt)
+{
+    const CString folder = Sample({"--photos", "9", "--drawings", "3"});
+    const auto before = Fingerprint(folder);
+
+    const Json info = Json::parse(Run({"tovi", "info", folder}).output);
+    EXPECT_EQ(info["family"], "mlit");
+    EXPECT_EQ(info["section"], "国交省-20");
+    EXPECT_EQ(info["errorType"], 4);
+    EXPECT_EQ(info["hasKeyPhoto"], true);
+    EXPECT_EQ(info["photoCount"], 9);
+    EXPECT_EQ(info["rootPath"], folder + "/PHOTO/");
+    EXPECT_EQ(info["managementItems"][0]["title"], "写真フォルダ名");
+
+    const Json photos = Json::parse(Run({"tovi", "photos", folder, "--facts"}).output);
+    for (const Json& photo : photos) {
+        EXPECT_EQ(photo["fileExists"], true) << photo;
+        EXPECT_GT(photo["width"].get<int>() * photo["height"].get<int>(), 1'000'000) << photo;
+    }
+
+    const Json tree = Json::parse(Run({"tovi", "tree", folder, "--type", "2"}).output);
+    ASSERT_FALSE(tree["children"].empty());
+    const CString first = tree["children"][0]["title"];
+    const Json selected =
+        Json::parse(Run({"tovi", "select", folder, "--type", "2", "--node", first}).output);
+    EXPECT_EQ(selected["path"], folder + "/PHOTO/PHOTO.XML/" + first + "/");
+    ASSERT_FALSE(selected["current"].empty());
+    EXPECT_EQ(selected["selectedPhoto"], selected["current"][0]);
+
+    const ProgramResult sheet =
+        Run({"tovi", "sheet", folder, temp.Path("sheet.png"), "--columns", "3"});
+    EXPECT_EQ(sheet.status, 0) << sheet.errors;
+    int width = 0;
+    int height = 0;
+    EXPECT_TRUE(LumImage::GetCommentImageSize(temp.Path("sheet.png").c_str(), width, height));
+    EXPECT_GT(width, 600);
+    EXPECT_EQ(Run({"tovi", "sheet", folder, folder + "/PHOTO/PIC/sheet.png"}).status, 2);
+    EXPECT_EQ(Fingerprint(folder), before);
+}
+
+TEST_F(Headless, SaysWhatIsWrongAndWhatToDo)
+{
+    const CString good = Sample({"--photos", "2", "--no-images"});
+    const CString cut = temp.MakeFolder("cut");
+    const CString photoXml = temp.Read("sample/PHOTO/PHOTO.XML");
+    temp.Write("cut/PHOTO.XML", photoXml.substr(0, photoXml.size() - 30));
+    temp.Write("empty/PHOTO.XML", "");
+    temp.Write("none/PHOTO.XML",
+               "<!DOCTYPE photodata SYSTEM \"PHOTO05.DTD\">\n<photodata><基礎情報/></photodata>");
+    temp.Write("file", "");
+    const struct
+    {
+        std::vector<CString> arguments;
+        int status;
+        const char* output;
+        const char* sentence;
+    } cases[] = {
+        {{"photos", temp.Path("missing")}, 1, "[]\n", "というフォルダがありません。"},
+        {{"photos", temp.Path("file")}, 1, "[]\n", "はフォルダではありません。"},
+        {{"photos", temp.MakeFolder("bare")}, 1, "[]\n", "PHOTO.XML が見つかりません。"},
+        {{"photos", cut}, 1, "[]\n", "読み込めません（"},
+        {{"photos", temp.Path("empty")}, 1, "[]\n", "対応していない要領のDTD"},
+        {{"photos", good, "--family", "nexco"}, 1, "[]\n", "対応していない要領のDTD"},
+        {{"photos", temp.Path("none")}, 1, "[]\n", "写真情報がありません。"},
+        {{"info", cut}, 1, "\"errorType\":null", "読み込めません（"},
+        {{"info", temp.Path("none")}, 1, "\"errorType\":2", "写真情報がありません。"},
+        {{"select", good, "--node", "ない"}, 2, "", "分類「ない」がありません。"},
+        {{"sheet", good, "/missing/sheet.png"}, 1, "", "書き込めません。"},
+        {{"photos"}, 2, "", "使い方が正しくありません"},
+        {{"tree", good, "--type", "3"}, 2, "", "使い方が正しくありません"},
+        {{"unknown"}, 2, "", "使い方が正しくありません"},
+        {{}, 2, "", "使い方が正しくありません"},
+        {{"select", "--help"}, 0, "--node", ""},
+        {{"--help"}, 0, "sheet", ""},
+    };
+    for (const auto& c : cases) {
+        std::vector<CString> arguments{"tovi"};
+        arguments.insert(arguments.end(), c.arguments.begin(), c.arguments.end());
+        const ProgramResult result = Run(arguments);
+        const CString line = testing::PrintToString(c.arguments);
+        EXPECT_EQ(result.status, c.status) << line << result.errors;
+        EXPECT_THAT(result.output, HasSubstr(c.output)) << line;
+        EXPECT_THAT(result.errors, HasSubstr(c.sentence)) << line;
+    }
+}
+
+TEST_F(Headless, RefusesToMakeASampleWhereSomethingIs)
+{
+    const CString folder = Sample({"--photos", "2", "--no-images"});
+    EXPECT_EQ(Run({"tovi-sample", folder}).status, 1);
+    EXPECT_EQ(Run({"tovi-sample", temp.Path("new"), "--section", "国交省-99"}).status, 2);
+    EXPECT_FALSE(std::filesystem::exists(temp.Path("new")));
+}
+} // namespace

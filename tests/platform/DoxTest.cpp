@@ -1,0 +1,108 @@
+#include "platform/DoxDocument.h"
+#include "platform/DoxIterator.h"
+#include "support/TempFolder.h"
+
+#include <gtest/gtest.h>
+
+namespace
+{
+CString Repeated(const CString& text, int times)
+{
+    CString all;
+    for (int i = 0; i < times; ++i) all += text;
+    return all;
+}
+
+TEST(DoxDocument, RefusesWhatIsNotWellFormed)
+{
+    const TempFolder temp;
+    const struct
+    {
+        const char* what;
+        std::string bytes;
+        bool loads;
+    } cases[] = {
+        {"a plain element", "<a/>", true},
+        {"an empty file", "", false},
+        {"blanks only", " \n", false},
+        {"no element", "<?xml version='1.0'?>", false},
+        {"cut off in a tag", "<a><b", false},
+        {"cut off between tags", "<a><b></b>", false},
+        {"crossing tags", "<a><b></a></b>", false},
+        {"two roots", "<a/><b/>", false},
+        {"a comment behind the root", "<a/><!-- b -->", true},
+        {"a raw NUL", std::string("<a>\0</a>", 8), false},
+        {"a reference to NUL", "<a>P&#0;.JPG</a>", false},
+        {"a hexadecimal reference to NUL", "<a>P&#x00;.JPG</a>", false},
+        {"a reference to half a surrogate pair", "<a>&#xD800;</a>", false},
+        {"a reference that never ends", "<a>&#65</a>", false},
+        {"references to characters", "<a>&#65;&#x9AD9;</a>", true},
+        {"bytes outside the declared encoding",
+         "<?xml version='1.0' encoding='UTF-8'?><a>\x8D\x48</a>", false},
+        {"a double-byte character cut off", "<?xml version='1.0' encoding='Shift_JIS'?><a>\x8D",
+         false},
+        {"ten thousand levels", Repeated("<a>", 10000) + Repeated("</a>", 10000), true},
+        {"a million levels that never close", Repeated("<a>", 1000000), false},
+    };
+    for (const auto& c : cases) {
+        DoxDocument document;
+        CStringArray errors;
+        document.Initiate();
+        EXPECT_EQ(document.Load(temp.Write("x.xml", c.bytes), false, &errors), c.loads) << c.what;
+        EXPECT_EQ(document.Problem().empty(), c.loads) << c.what;
+        EXPECT_EQ(errors.IsEmpty(), c.loads) << c.what;
+    }
+    DoxDocument document;
+    EXPECT_FALSE(document.Load(temp.Path("missing.xml"), false, nullptr));
+}
+
+TEST(DoxDocument, ExpandsNoEntitiesAndFetchesNothing)
+{
+    const TempFolder temp;
+    temp.Write("secret.txt", "secret");
+    temp.Write("x.xml", "<!DOCTYPE a [<!ENTITY l0 'lol'><!ENTITY l1 '&l0;&l0;'>"
+                        "<!ENTITY file SYSTEM 'secret.txt'>]><a>&l1;&file;&amp;</a>");
+    DoxDocument document;
+    document.Initiate();
+    ASSERT_TRUE(document.Load(temp.Path("x.xml"), false, nullptr));
+    DoxIterator it(&document);
+    it.Root();
+    EXPECT_EQ(it.GetText(), "&l1;&file;&");
+}
+
+TEST(DoxIterator, WalksElementsAndLeavesTheRestAside)
+{
+    const TempFolder temp;
+    temp.Write("x.xml", "<?xml version='1.0'?>\r\n<?xml-stylesheet href='x'?><!-- c -->\r\n"
+                        "<r v='1'> <a>one<!-- c --> two<![CDATA[<3>]]></a><!-- c --><b/>\r\n"
+                        "text<c><d>x\r\ny</d></c></r>");
+    DoxDocument document;
+    document.Initiate();
+    ASSERT_TRUE(document.Load(temp.Path("x.xml"), false, nullptr));
+    DoxIterator it(&document);
+    ASSERT_TRUE(it.Root());
+    EXPECT_FALSE(it.Parent());
+    EXPECT_FALSE(it.NextSibling());
+
+    CString order;
+    CString tag;
+    do {
+        it.GetTagName(tag);
+        order += tag;
+    } while (it.Next());
+    EXPECT_EQ(order, "rabcd");
+
+    EXPECT_TRUE(it.IsTag("d")) << "a move that fails leaves the iterator in place";
+    EXPECT_EQ(it.GetText(), "x\ny");
+    EXPECT_FALSE(it.Child());
+    EXPECT_TRUE(it.Parent());
+    const std::ptrdiff_t place = it.Position();
+    EXPECT_TRUE(it.Parent());
+    EXPECT_LT(it.Position(), place);
+    EXPECT_TRUE(it.Child());
+    EXPECT_EQ(it.GetText(), "one two<3>");
+    EXPECT_TRUE(it.NextSibling());
+    EXPECT_TRUE(it.IsTag("b"));
+    EXPECT_EQ(it.GetText(), "");
+}
+} // namespace

@@ -1,0 +1,132 @@
+#include "platform/MibFile.h"
+#include "platform/TextFile.h"
+#include "support/TempFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <sys/stat.h>
+
+namespace
+{
+TEST(MibFile, FallsBackOnLetterCase)
+{
+    const TempFolder temp;
+    temp.Write("Photo/pic/p0000001.jpg", "picture");
+    temp.Write("Photo/pic/Ｐ写真.JPG", "");
+    const CString root = temp.Path() + "/";
+    EXPECT_TRUE(MibIsFileExist(root + "PHOTO/PIC/P0000001.JPG"));
+    EXPECT_TRUE(MibIsFileExist(root + "Photo/pic/p0000001.jpg"));
+    EXPECT_TRUE(MibIsFileExist(root + "PHOTO/PIC/ｐ写真.jpg"));
+    EXPECT_TRUE(MibIsFolderExist(root + "photo/PIC/"));
+    EXPECT_EQ(MibReadFile(root + "PHOTO/PIC/P0000001.JPG", 100), "picture");
+    EXPECT_FALSE(MibIsFileExist(root + "PHOTO/PIC/P0000002.JPG"));
+    EXPECT_FALSE(MibIsFileExist(root + "PHOTO/PIC"));
+    EXPECT_FALSE(MibIsFolderExist(root + "PHOTO/PIC/P0000001.JPG"));
+}
+
+TEST(MibFile, SeesWhatWasAddedToAFolderThatWasListed)
+{
+    const TempFolder temp;
+    temp.Write("a.txt", "");
+    EXPECT_FALSE(MibIsFileExist(temp.Path("B.TXT")));
+    temp.Write("b.txt", "");
+    EXPECT_TRUE(MibIsFileExist(temp.Path("B.TXT")));
+    std::filesystem::remove(temp.Path("b.txt"));
+    EXPECT_FALSE(MibIsFileExist(temp.Path("B.TXT")));
+}
+
+TEST(MibFile, ReadsNoPipeAndNothingTooLarge)
+{
+    const TempFolder temp;
+    mkfifo(temp.Path("pipe").c_str(), 0600);
+    EXPECT_FALSE(MibReadFile(temp.Path("pipe"), 100));
+    EXPECT_FALSE(TextFile(temp.Path("pipe")).IsOpen());
+    EXPECT_FALSE(MibReadFile(temp.Write("large", CString(101, 'a')), 100));
+    EXPECT_FALSE(MibReadFile(temp.Path(), 100));
+    EXPECT_FALSE(MibReadFile("", 100));
+}
+
+TEST(MibFile, FollowsLinksToTellInsideFromOutside)
+{
+    const TempFolder temp;
+    temp.Write("delivery/pic/a.jpg", "");
+    temp.Write("delivery-2/b.jpg", "");
+    std::filesystem::create_symlink("../../delivery-2/b.jpg", temp.Path("delivery/pic/out.jpg"));
+    std::filesystem::create_symlink("a.jpg", temp.Path("delivery/pic/in.jpg"));
+    std::filesystem::create_symlink(".", temp.Path("delivery/pic/loop"));
+    const struct
+    {
+        const char* path;
+        bool inside;
+    } cases[] = {
+        {"delivery/pic/a.jpg", true},    {"delivery/PIC/A.JPG", true},
+        {"delivery/pic/in.jpg", true},   {"delivery/pic/loop/loop/a.jpg", true},
+        {"delivery/pic/out.jpg", false}, {"delivery/../delivery-2/b.jpg", false},
+        {"delivery-2/b.jpg", false},     {"delivery/pic/missing.jpg", false},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(MibIsInside(temp.Path("delivery"), temp.Path(c.path)), c.inside) << c.path;
+    }
+    EXPECT_FALSE(MibIsInside("", temp.Path("delivery/pic/a.jpg")));
+}
+
+TEST(MibFile, TakesPathsApart)
+{
+    const auto parentOf = [](CString path) {
+        MibParentDir(path);
+        return path;
+    };
+    EXPECT_EQ(parentOf("/a/b/PHOTO"), "/a/b/");
+    EXPECT_EQ(parentOf("/a/b/PHOTO/"), "/a/b/");
+    EXPECT_EQ(parentOf("C\\b\\PHOTO\\"), "C/b/");
+    EXPECT_EQ(parentOf("/"), "/");
+    EXPECT_EQ(parentOf("PHOTO"), "PHOTO/");
+    EXPECT_EQ(MibGetExt("/a.b/P1.Svg"), ".Svg");
+    EXPECT_EQ(MibGetExt("/a.b/P1"), "");
+    EXPECT_EQ(MibGetFileTitle("/a.b/P1.x.JPG"), "P1.x");
+}
+
+TEST(MibFile, FindsByPatternInTheOrderOfNames)
+{
+    const TempFolder temp;
+    for (const char* name : {"index_d.xml", "INDEX_C.XML", "INDEX.XML", "PHOTO_JH.xml"}) {
+        temp.Write(name, "");
+    }
+    const CString root = temp.Path() + "/";
+    EXPECT_EQ(MibFileFind(temp.Path(), "INDEX_*.XML"),
+              (CStringArray{root + "INDEX_C.XML", root + "index_d.xml"}));
+    EXPECT_TRUE(MibFileFind(temp.Path("missing"), "*").IsEmpty());
+}
+
+TEST(TextFile, ReadsLinesOfEveryShape)
+{
+    const TempFolder temp;
+    const struct
+    {
+        const char* what;
+        std::string bytes;
+        CStringArray lines;
+    } cases[] = {
+        {"empty", "", {}},
+        {"both line ends and none", "a\r\n\nb", {"a", "", "b"}},
+        {"a line end at the end", "a\n", {"a"}},
+        {"UTF-16",
+         std::string("\xFF\xFE"
+                     "a\0\n\0b\0",
+                     8),
+         {"a", "b"}},
+    };
+    for (const auto& c : cases) {
+        TextFile file(temp.Write("text", c.bytes));
+        CStringArray lines;
+        for (CString line; file.ReadLine(line);) lines.Add(line);
+        EXPECT_EQ(lines, c.lines) << c.what;
+    }
+    TextFile huge(temp.Write("text", CString(TextFile::longestLine + 5, 'x') + "\nnext"));
+    CString line;
+    EXPECT_TRUE(huge.ReadLine(line));
+    EXPECT_EQ(line.size(), TextFile::longestLine);
+    EXPECT_TRUE(huge.ReadLine(line));
+    EXPECT_EQ(line, "next");
+}
+} // namespace

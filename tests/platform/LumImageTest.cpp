@@ -1,0 +1,146 @@
+#include "platform/LumCanvas.h"
+#include "support/SamplePictures.h"
+#include "support/TempFolder.h"
+
+#include <gtest/gtest.h>
+
+namespace
+{
+/// A JPEG of \p width by \p height pixels.
+CString Jpeg(const TempFolder& temp, int width, int height)
+{
+    LumCanvas canvas(width, height, 0x808080);
+    canvas.FillRect({0, 0, width / 2, height}, 0x0000FF);
+    EXPECT_TRUE(canvas.GetImage().Save(temp.Path("made.jpg").c_str(), LumJpeg, 2));
+    return temp.Read("made.jpg");
+}
+
+TEST(LumImage, LoadsWholeAndReduced)
+{
+    const TempFolder temp;
+    const CString path = temp.Write("P1.JPG", Jpeg(temp, 1600, 1200));
+    LumImage image;
+    EXPECT_FALSE(image.IsValid());
+    EXPECT_TRUE(image.Load(path.c_str()));
+    EXPECT_EQ(image.GetWidth(), 1600);
+    EXPECT_TRUE(image.LoadThumb(path.c_str()));
+    EXPECT_EQ(image.GetWidth(), LumImage::thumbSide);
+    EXPECT_EQ(image.GetHeight(), LumImage::thumbSide * 3 / 4);
+    EXPECT_TRUE(image.LoadThumb(temp.Write("small.jpg", Jpeg(temp, 100, 50)).c_str()));
+    EXPECT_EQ(image.GetWidth(), 100) << "a small picture is not enlarged";
+
+    LumImage copy = image;
+    copy.Rotate(90, 0xFFFFFF, false, true);
+    EXPECT_EQ(copy.GetHeight(), 100);
+    EXPECT_EQ(image.GetHeight(), 50);
+    copy.Rotate(45, 0xFFFFFF, false, true);
+    EXPECT_GT(copy.GetWidth(), 100);
+    copy.Clear();
+    EXPECT_FALSE(copy.IsValid());
+    EXPECT_FALSE(copy.Save(temp.Path("none.png").c_str(), LumPng, 0));
+}
+
+TEST(LumImage, FailsOnBrokenFilesAtOnce)
+{
+    const TempFolder temp;
+    const CString jpeg = Jpeg(temp, 800, 600);
+    CString vast = jpeg;
+    const std::size_t frame = vast.find("\xFF\xC0");
+    ASSERT_NE(frame, CString::npos);
+    vast.replace(frame + 5, 4, "\xEA\x60\xEA\x60");
+    const struct
+    {
+        const char* name;
+        CString bytes;
+    } cases[] = {
+        {"empty.JPG", ""},
+        {"text.JPG", "これは写真ではありません"},
+        {"cut-in-the-header.jpg", jpeg.substr(0, 100)},
+        {"cut-in-the-middle.jpg", jpeg.substr(0, jpeg.size() / 2)},
+        {"cut-at-the-end.jpg", jpeg.substr(0, jpeg.size() - 2)},
+        {"60000-by-60000.jpg", vast},
+        {"60000-by-60000.bmp",
+         CString("BM\0\0\0\0\0\0\0\0\x36\0\0\0\x28\0\0\0\x60\xEA\0\0\x60\xEA\0\0\1\0\x18\0", 30) +
+             CString(24, '\0')},
+        {"no-picture.svg", "<svg><image href='data:image/jpeg;base64,AAAA'/></svg>"},
+        {"from-outside.svg",
+         "<svg xmlns:xlink='x'><image xlink:href='" + temp.Path("made.jpg") + "'/></svg>"},
+        {"no-xml.svg", "<svg"},
+    };
+    for (const auto& c : cases) {
+        const CString path = temp.Write(c.name, c.bytes);
+        LumImage image;
+        EXPECT_FALSE(image.Load(path.c_str())) << c.name;
+        EXPECT_FALSE(image.LoadThumb(path.c_str())) << c.name;
+        EXPECT_FALSE(image.IsValid());
+    }
+    LumImage image;
+    EXPECT_FALSE(image.Load(""));
+    EXPECT_FALSE(image.Load(temp.Path().c_str()));
+}
+
+TEST(LumImage, StandsAsItsExifOrientationWants)
+{
+    const TempFolder temp;
+    const CString jpeg = Jpeg(temp, 400, 200);
+    // The left half is red; orientation 6 has it on top.
+    const CString exif("\xFF\xE1\0\x22"
+                       "Exif\0\0II*\0\x08\0\0\0\1\0\x12\1\3\0\1\0\0\0\6\0\0\0\0\0\0\0",
+                       36);
+    const CString path = temp.Write("turned.jpg", jpeg.substr(0, 2) + exif + jpeg.substr(2));
+    LumImage image;
+    EXPECT_TRUE(image.LoadThumb(path.c_str()));
+    EXPECT_EQ(image.GetHeight(), 2 * image.GetWidth());
+    int width = 0;
+    int height = 0;
+    EXPECT_TRUE(LumImage::GetCommentImageSize(path.c_str(), width, height));
+    EXPECT_EQ(width, 400) << "the header's dimensions are those before turning";
+}
+
+TEST(LumImage, TakesTheMainPictureOutOfAnSvg)
+{
+    const TempFolder temp;
+    const auto encoded = [](const CString& bytes) {
+        constexpr const char* digits =
+            "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+        CString text;
+        for (std::size_t i = 0; i < bytes.size(); i += 3) {
+            unsigned block = 0;
+            for (std::size_t k = 0; k < 3; ++k) {
+                block = block << 8 |
+                        (i + k < bytes.size() ? static_cast<unsigned char>(bytes[i + k]) : 0u);
+            }
+            for (std::size_t k = 0; k < 4; ++k) {
+                text += i + k > bytes.size() ? '=' : digits[block >> (18 - 6 * k) & 63];
+            }
+        }
+        return text;
+    };
+    const auto image = [&](int width) {
+        return "<image xlink:href=\"data:image/jpeg;base64," + encoded(Jpeg(temp, width, 100)) +
+               "\"/>";
+    };
+    LumImage loaded;
+    const CString board = "<g id=\"dcp_chalkboard_img\">" + image(150) + "</g>";
+    const CString named =
+        "<svg xmlns:xlink=\"x\">" + board + "<g id=\"dcp_org_img\">" + image(200) + "</g></svg>";
+    EXPECT_TRUE(loaded.Load(temp.Write("named.SVG", named).c_str()));
+    EXPECT_EQ(loaded.GetWidth(), 200);
+    EXPECT_TRUE(
+        loaded.Load(temp.Write("first.svg", "<svg xmlns:xlink=\"x\">" + board + "</svg>").c_str()));
+    EXPECT_EQ(loaded.GetWidth(), 150);
+}
+
+TEST(LumImage, TurnsBilevelPicturesGrey)
+{
+    EnsureSampleGui();
+    const TempFolder temp;
+    const CString path = temp.Write("D1.TIF", DrawingPicture({}, "横断図", 1, ".TIF"));
+    LumImage image;
+    ASSERT_TRUE(image.Load(path.c_str()));
+    EXPECT_TRUE(image.ConvGrayScaleFromMono());
+    EXPECT_FALSE(image.ConvGrayScaleFromMono());
+    EXPECT_TRUE(image.LoadThumb(path.c_str()));
+    EXPECT_LE(image.GetWidth(), LumImage::thumbSide);
+}
+} // namespace

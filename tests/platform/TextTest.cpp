@@ -1,0 +1,131 @@
+#include "platform/Cp932.h"
+#include "platform/TextEncoding.h"
+
+#include <gtest/gtest.h>
+
+#include <iconv.h>
+
+namespace
+{
+TEST(Cp932, IsTheCodePageOfWindowsAndNotStrictJis)
+{
+    const struct
+    {
+        const char* text;
+        const char* bytes;
+    } cases[] = {
+        {"工事", "\x8D\x48\x8E\x96"},
+        {"①", "\x87\x40"},
+        {"㈱", "\x87\x8A"},
+        {"髙", "\xFB\xFC"},
+        {"～", "\x81\x60"},
+        {"－", "\x81\x7C"},
+        {"∥", "\x81\x61"},
+        {"￢", "\x81\xCA"},
+        {"∵", "\x81\xE6"},
+        {"Ⅳ", "\x87\x57"},
+        {"ｱ\\~", "\xB1\\~"},
+        {"ソ表", "\x83\x5C\x95\x5C"},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(Cp932::Encode(c.text), c.bytes) << c.text;
+        EXPECT_EQ(Cp932::Decode(c.bytes), c.text) << c.text;
+    }
+    // Read though never written: the second places of characters.
+    EXPECT_EQ(Cp932::Decode("\xFA\x58\xED\x40"), "㈱纊");
+}
+
+TEST(Cp932, RefusesWhatIsNotInTheCodePage)
+{
+    for (const char* bytes : {"\x8D", "abc\x8D", "\x8D<", "\x81\xFF", "\x85\x40"}) {
+        EXPECT_FALSE(Cp932::Decode(bytes)) << testing::PrintToString(bytes);
+    }
+    EXPECT_FALSE(Cp932::Encode("叱るは𠮟る"));
+    EXPECT_EQ(Cp932::EncodeForXml("a𠮷é工"), "a&#134071;&#233;\x8D\x48");
+}
+
+TEST(Cp932, DecodesAsTheSystemsConverterAtEveryLengthAndPlace)
+{
+    // The buffer grows while half-width letters take three times their bytes.
+    for (int letters = 0; letters < 300; ++letters) {
+        const CString bytes(static_cast<std::size_t>(letters), '\xB1');
+        CString expected;
+        for (int i = 0; i < letters; ++i) expected += "ｱ";
+        ASSERT_EQ(Cp932::Decode(bytes + "abcdefgh\x8D\x48"), expected + "abcdefgh工");
+    }
+}
+
+TEST(Cp932, MeasuresLengthAndOrder)
+{
+    EXPECT_EQ(Cp932::ByteLength("工abｱ𠮷"), 2 + 2 + 1 + 2);
+    const char* const ordered[] = {"",   "A",  "a",  "、", "０", "Ａ", "ァ",
+                                   "ア", "ガ", "工", "ｱ",  "髙", "é",  "𠮷"};
+    for (std::size_t i = 1; i < std::size(ordered); ++i) {
+        EXPECT_LT(Cp932::SortKey(ordered[i - 1]), Cp932::SortKey(ordered[i])) << ordered[i];
+    }
+}
+
+TEST(Text, TellsUtf8FromWhatOnlyLooksLikeIt)
+{
+    for (const char* good : {"", "abc", "工事", "𠮷", "\xF4\x8F\xBF\xBF", "12345678工"}) {
+        EXPECT_TRUE(IsUtf8(good)) << good;
+    }
+    for (const char* bad : {"\xC0\x80", "\xE0\x80\x80", "\xED\xA0\x80", "\xF4\x90\x80\x80",
+                            "\xE5\xB7", "\x80", "12345678\xFF", "\xF8\x88\x80\x80\x80"}) {
+        EXPECT_FALSE(IsUtf8(bad)) << testing::PrintToString(bad);
+    }
+}
+
+TEST(Text, FoldsTheCaseOfFileNames)
+{
+    EXPECT_TRUE(EqualNoCase("P0000001.JPG", "p0000001.jpg"));
+    EXPECT_TRUE(EqualNoCase("Ｐ工Ωж", "ｐ工ωЖ"));
+    EXPECT_FALSE(EqualNoCase("写真", "写真1"));
+    EXPECT_FALSE(EqualNoCase("\xE5", "\xE6"));
+}
+
+std::string Utf16(const CString& text, const char* encoding)
+{
+    const iconv_t converter = iconv_open(encoding, "UTF-8");
+    std::string out(text.size() * 4, '\0');
+    char* from = const_cast<char*>(text.data());
+    char* to = out.data();
+    std::size_t left = text.size();
+    std::size_t room = out.size();
+    iconv(converter, &from, &left, &to, &room);
+    iconv_close(converter);
+    out.resize(out.size() - room);
+    return out;
+}
+
+TEST(TextEncoding, FollowsMarkThenDeclarationThenContent)
+{
+    const CString plain = "<?xml version=\"1.0\"?><工事/>";
+    const auto declared = [](const char* name) {
+        return CString("<?xml version='1.0' encoding='") + name + "'?>";
+    };
+    const struct
+    {
+        const char* what;
+        std::string bytes;
+        std::optional<CString> text;
+    } cases[] = {
+        {"UTF-8 mark over a declaration that says otherwise",
+         "\xEF\xBB\xBF" + declared("Shift_JIS") + "工", declared("Shift_JIS") + "工"},
+        {"UTF-16 little endian with mark", "\xFF\xFE" + Utf16(plain, "UTF-16LE"), plain},
+        {"UTF-16 big endian with mark", "\xFE\xFF" + Utf16(plain, "UTF-16BE"), plain},
+        {"UTF-16 without mark", Utf16(plain, "UTF-16LE"), plain},
+        {"Shift_JIS is code page 932", declared("Shift_JIS") + "\x87\x40",
+         declared("Shift_JIS") + "①"},
+        {"declared UTF-8", declared("utf-8") + "①", declared("utf-8") + "①"},
+        {"EUC-JP", declared("euc-jp") + "\xB9\xA9", declared("euc-jp") + "工"},
+        {"undeclared UTF-8", "<工/>", "<工/>"},
+        {"undeclared code page 932", "<\x8D\x48/>", "<工/>"},
+        {"bytes outside the declared UTF-8", declared("UTF-8") + "\x8D\x48", std::nullopt},
+        {"bytes outside the declared Shift_JIS", declared("Shift_JIS") + "\x8D<", std::nullopt},
+        {"an encoding that deliveries don't come in", declared("ISO-2022-CN-EXT") + "a",
+         std::nullopt},
+    };
+    for (const auto& c : cases) EXPECT_EQ(DecodeText(c.bytes), c.text) << c.what;
+}
+} // namespace

@@ -1,0 +1,7 @@
+#pragma once
+
+#include "support/SampleBoard.h"
+
+/// Paints the construction site of \p scene in \p size, with the blackboard standing in it when
+/// \p withBoard is set.
+QImage PaintSite(const SampleScene& scene, QSize size, bool withBoard);
