@@ -68,7 +68,7 @@ constexpr Strip asphaltRoad[] = {{-40, 40, 0xFF707A4E, 1},       {-0.72, 0.74, 0
                                  {-0.01, 0.01, 0xFFE4E4DE, 0},   {0.47, 0.49, 0xFFE4E4DE, 0},
                                  {0.52, 0.54, 0xFF5C5A56, 0},    {0.54, 0.6, 0xFFB4B2AC, 0}};
 constexpr Strip riverside[] = {
-    {-40, 40, 0xFF8E7454, 1.3}, {0.34, 40, 0xFF6A8E9C, 0}, {-0.2, 0.3, 0xFF9E8462, 1.2}};
+    {-40, 40, 0xFF8E7454, 1.3}, {0.64, 40, 0xFF6A8E9C, 0}, {-0.2, 0.56, 0xFF9E8462, 1.2}};
 constexpr Strip excavation[] = {{-40, 40, 0xFF8C7A62, 1.4}, {-0.5, 0.34, 0xFF9C8A70, 1.6}};
 constexpr Strip gutter[] = {{-40, 40, 0xFF967C5C, 1.5},   {-0.34, 0.34, 0xFF6E563E, 1.2},
                             {-0.2, -0.14, 0xFFBEBCB6, 0}, {-0.14, -0.07, 0xFF7E7C78, 0},

@@ -134,16 +134,18 @@ const char* FamilyName(PhotoXMLType family)
 
 void AddDeliveryArguments(CLI::App& command, DeliveryArguments& arguments)
 {
+    command.get_help_ptr()->group("オプション");
     command
         .add_option("DELIVERY", arguments.path,
                     "PHOTO.XML のあるフォルダ、またはその上のフォルダ（DISK1 などの中でもよい）")
-        ->required();
+        ->required()
+        ->option_text("（必須）");
     command
         .add_option("--family", arguments.family,
                     "要領の系統: "
                     "auto（DTDなどから判断）、mlit（国交省）、kowan（港湾）、maff（農水省）、nexco")
         ->check(CLI::IsMember({"auto", "mlit", "kowan", "maff", "nexco"}))
-        ->capture_default_str();
+        ->option_text("NAME");
 }
 
 void AddNodeOption(CLI::App& command, std::vector<std::string>& nodes)
@@ -152,17 +154,18 @@ void AddNodeOption(CLI::App& command, std::vector<std::string>& nodes)
         .add_option(
             "--node", nodes,
             "分類の名前。根から順に繰り返して指定する（例: --node 工事 --node 施工状況写真）")
-        ->allow_extra_args(false);
+        ->allow_extra_args(false)
+        ->option_text("TITLE ...");
 }
 
 void AddTreeTypeOption(CLI::App& command, int& type)
 {
     command
-        .add_option(
-            "--type", type,
-            "木の種類: 0 大分類・写真区分・工種・種別・細別、1 撮影箇所、2 工種・種別・細別")
+        .add_option("--type", type,
+                    "木の種類（既定は0）: 0 大分類・写真区分・工種・種別・細別、1 撮影箇所、2 "
+                    "工種・種別・細別")
         ->check(CLI::Range(0, 2))
-        ->capture_default_str();
+        ->option_text("0|1|2");
 }
 
 OpenedDelivery OpenDelivery(const DeliveryArguments& arguments,

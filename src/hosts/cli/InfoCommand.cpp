@@ -36,6 +36,7 @@ void AddInfoCommand(CLI::App& app, int& status)
     static DeliveryArguments arguments;
     CLI::App* command =
         app.add_subcommand("info", "納品データの種類、写真の枚数、管理項目を表示する");
+    command->group("コマンド");
     AddDeliveryArguments(*command, arguments);
     command->footer(
         "出力: {\"family\",\"section\",\"errorType\",\"hasKeyPhoto\",\"rootPath\",\"title\","

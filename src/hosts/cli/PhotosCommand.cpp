@@ -53,6 +53,7 @@ void AddPhotosCommand(CLI::App& app, int& status)
 {
     static Arguments arguments;
     CLI::App* command = app.add_subcommand("photos", "すべての写真を PHOTO.XML の順に表示する");
+    command->group("コマンド");
     AddDeliveryArguments(*command, arguments.delivery);
     command->add_flag("--facts", arguments.facts, "写真ファイルの有無と大きさも調べる");
     command->footer(

@@ -34,6 +34,7 @@ void AddSelectCommand(CLI::App& app, int& status)
 {
     static Arguments arguments;
     CLI::App* command = app.add_subcommand("select", "分類を選び、表示される写真の番号を表示する");
+    command->group("コマンド");
     AddDeliveryArguments(*command, arguments.delivery);
     AddTreeTypeOption(*command, arguments.type);
     AddNodeOption(*command, arguments.nodes);

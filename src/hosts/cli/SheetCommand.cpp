@@ -63,13 +63,15 @@ void AddSheetCommand(CLI::App& app, int& status)
     static Arguments arguments;
     CLI::App* command =
         app.add_subcommand("sheet", "選んだ分類の写真を縮小して並べた一覧（PNG）を作る");
+    command->group("コマンド");
     AddDeliveryArguments(*command, arguments.delivery);
     command->add_option("OUT", arguments.output, "作るPNGファイル。納品データの中には作れない")
-        ->required();
+        ->required()
+        ->option_text("（必須）");
     AddTreeTypeOption(*command, arguments.type);
     AddNodeOption(*command, arguments.nodes);
-    command->add_option("--columns", arguments.columns, "横に並べる枚数")
+    command->add_option("--columns", arguments.columns, "横に並べる枚数（1～100、既定は5）")
         ->check(CLI::Range(1, 100))
-        ->capture_default_str();
+        ->option_text("N");
     command->callback([&status] { status = Run(arguments); });
 }

@@ -33,6 +33,7 @@ void AddTreeCommand(CLI::App& app, int& status)
 {
     static Arguments arguments;
     CLI::App* command = app.add_subcommand("tree", "分類の木を表示する");
+    command->group("コマンド");
     AddDeliveryArguments(*command, arguments.delivery);
     AddTreeTypeOption(*command, arguments.type);
     command->footer("出力: {\"title\",\"indexes\":[写真の番号],\"children\":[...]}");

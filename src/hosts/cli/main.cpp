@@ -15,8 +15,10 @@ void DescribeProgram(CLI::App& app)
                     "エラーは標準エラー出力に書く。納品データには書き込まない。");
     app.footer("各コマンドの説明: tovi COMMAND --help\n"
                "終了コード: 0 正常、1 開けないか写真を読めない、2 使い方の誤り");
+    app.name("tovi");
     app.require_subcommand(1);
-    app.set_help_flag("-h,--help", "この説明を表示する");
+    app.option_defaults()->group("オプション");
+    app.set_help_flag("-h,--help", "この説明を表示する")->group("オプション");
     const auto formatter = std::dynamic_pointer_cast<CLI::Formatter>(app.get_formatter());
     const std::pair<const char*, const char*> labels[] = {
         {"Usage", "使い方"},         {"Positionals", "引数"},  {"Options", "オプション"},
