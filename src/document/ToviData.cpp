@@ -1,7 +1,13 @@
 #include "document/ToviData.h"
 
 #include "document/TreeBuilder.h"
+#include "extraction/ExtractionEngine.h"
+#include "extraction/ToviSorter.h"
 #include "platform/MibFile.h"
+#include "review/LabelCorrection.h"
+#include "review/LabelProcessSelectDlg.h"
+#include "review/ToviXmlLoadManager.h"
+#include "review/ToviXmlSaveManager.h"
 
 #include <algorithm>
 #include <array>
@@ -20,6 +26,9 @@ ToviData::ToviData() : ToviData(nullptr, "", PhotoXMLMlit) {}
 ToviData::ToviData(CDocument* host, const char* path, PhotoXMLType type) : hostDocument(host)
 {
     RootPath(path);
+    // This runs the base's operation, as any virtual call in a constructor: a derived document's own
+    // is not there yet.
+    sortCondition.reset(ToviData::OnCreateSortCondition());
     errorType = itemDef.Load(path, type);
 }
 
@@ -94,6 +103,169 @@ bool ToviData::GetPhotoItemValue(const CString& item, CStringArray& values)
     return hasEmpty;
 }
 
+int ToviData::CollectionLabel(unsigned long label, ToviPhotoRef& out) const
+{
+    out.RemoveAll();
+    for (int index = 0; index < photoData.GetSize(); ++index) {
+        if (photoData[index]->IsLabelPasted(static_cast<unsigned int>(label))) out.Add(index);
+    }
+    return out.GetSize();
+}
+
+int ToviData::CountLabel(unsigned long label) const
+{
+    return static_cast<int>(
+        std::count_if(photoData.begin(), photoData.end(), [label](const ToviPhoto* photo) {
+            return photo->IsLabelPasted(static_cast<unsigned int>(label));
+        }));
+}
+
+int ToviData::IsLabeled() const
+{
+    for (unsigned int slot = 0; slot < labelCount; ++slot) {
+        if (CountLabel(slot) > 0) return 1;
+    }
+    return 0;
+}
+
+void ToviData::UpdateHasComment()
+{
+    if (curPhotos.IsEmpty()) return;
+    hasComment = std::any_of(curPhotos.begin(), curPhotos.end(), [this](int index) {
+        return !photoData[index]->GetComment().empty();
+    });
+}
+
+void ToviData::UpdatePhotoInf(CWnd* sender)
+{
+    Broadcast(HintPhotoInfoChanged, sender);
+}
+
+bool ToviData::AllLabelCorrection()
+{
+    LabelProcessSelectDlg dialog;
+    if (!dialog.DoModal() || !ConfirmLabelCorrection()) return false;
+    bool corrected = true;
+    switch (dialog.GetAction()) {
+    case LabelProcessSelectDlg::PasteOk:
+        corrected = AllOKLabel();
+        break;
+    case LabelProcessSelectDlg::RemoveChecks:
+        corrected = AllRemoveCheckLabel();
+        break;
+    case LabelProcessSelectDlg::RemoveAll:
+        AllRemoveLabel();
+        break;
+    }
+    SetCheckStatusChanged(true);
+    Broadcast(HintLabelsChanged);
+    return corrected;
+}
+
+bool ToviData::AllOKLabel()
+{
+    return PasteOkOnAll(photoData, curPhotos);
+}
+
+bool ToviData::AllRemoveCheckLabel()
+{
+    return RemoveChecksFromAll(photoData, curPhotos);
+}
+
+void ToviData::AllRemoveLabel()
+{
+    RemoveAllFromAll(photoData, curPhotos);
+}
+
+bool ToviData::SaveExamination(const char* path, const char* note, int* result)
+{
+    if (*path == '\0') return false;
+    const bool saved = ToviXmlSaveManager(path, note, RootPath()).Save(photoData, result);
+    if (saved) SetCheckStatusChanged(false);
+    return saved;
+}
+
+bool ToviData::LoadExamination(const char* path, int* result)
+{
+    if (*path == '\0') return false;
+    const bool loaded = ToviXmlLoadManager(path, RootPath()).Load(photoData, result);
+    UpdateHasComment();
+    return loaded;
+}
+
+void ToviData::ReturnExam(const char* path)
+{
+    if (*path == '\0') return;
+    ToviXmlSaveManager manager(path, nullptr, nullptr);
+    manager.WritePath(true);
+    int ignored = 0;
+    manager.Save(photoData, &ignored);
+}
+
+ToviSortCondition* ToviData::OnCreateSortCondition()
+{
+    return new ToviSortCondition;
+}
+
+void ToviData::Sort()
+{
+    ToviSorter sorter(this);
+    sorter.PrepareSort(sortCondition->GetKeyItem(), curPhotos);
+    sorter.QuickSort(sortCondition->IsAscending(), curPhotos);
+}
+
+void ToviData::ExecExtraction()
+{
+    extractionOn = true;
+    SetSelected(selectedNode, true);
+}
+
+void ToviData::CancelExtraction()
+{
+    extractionOn = false;
+    SetSelected(selectedNode, true);
+}
+
+void ToviData::CancelExtraction(CancelExt value)
+{
+    if (!extractionOn) return;
+    if (extraction != nullptr) extraction->CancelExtraction(value);
+    extractionOn = false;
+}
+
+void ToviData::ExtractionProcess()
+{
+    if (!extractionOn || extraction == nullptr) return;
+    if (extraction->GetConditions().orMode != 0) {
+        ExecExtractionOR();
+    } else {
+        ExecExtractionAND();
+    }
+}
+
+void ToviData::ExecExtractionAND()
+{
+    if (extraction == nullptr) return;
+    const ExtractionEngine engine(itemDef, photoData, extraction->GetConditions());
+    const auto outcome = engine.ExecExtractionAND(curPhotos);
+    if (outcome == ExtractionEngine::Outcome::Cancelled) CancelExtraction(CancelExtButton);
+}
+
+void ToviData::ExecExtractionOR()
+{
+    if (extraction == nullptr) return;
+    const ExtractionEngine engine(itemDef, photoData, extraction->GetConditions());
+    const auto outcome = engine.ExecExtractionOR(curPhotos);
+    if (outcome == ExtractionEngine::Outcome::Cancelled) CancelExtraction(CancelExtButton);
+}
+
+void ToviData::SetCurPhotoArray(bool /*ignored*/, bool update)
+{
+    curPhotos.RemoveAll();
+    if (sortCondition->IsExecSort()) Sort();
+    if (update) Broadcast(HintCurrentArrayChanged);
+}
+
 void ToviData::BuildTreeNode(ToviPhotoCtrlVisualSetting::TreeType type)
 {
     if (type == ToviPhotoCtrlVisualSetting::TreeWorkTypeFull ||
@@ -104,7 +276,8 @@ void ToviData::BuildTreeNode(ToviPhotoCtrlVisualSetting::TreeType type)
     }
     selectedNode = selectedPhoto == -1 ? nullptr : GetNode(selectedPhoto, this);
     if (selectedNode == nullptr) selectedNode = this;
-    if (hostDocument != nullptr) FillCurrentArray(*selectedNode);
+    if (hostDocument != nullptr) RebuildCurrentArray();
+    UpdateHasComment();
 }
 
 void ToviData::BuildTreeNodeForKousyu(ToviPhotoCtrlVisualSetting::TreeType type)
@@ -135,9 +308,20 @@ ToviNode* ToviData::SetSelected(ToviNode* node, bool force)
     if (node == before && !force) return before;
     selectedNode = node;
     if (hostDocument == nullptr) return before;
-    FillCurrentArray(*node);
+    RebuildCurrentArray();
     Broadcast(HintSelectionChanged);
+    UpdateHasComment();
     return before;
+}
+
+void ToviData::SetSelected(int label)
+{
+    selectedLabel = label;
+    curPhotos.RemoveAll();
+    if (label >= 0) CollectionLabel(static_cast<unsigned long>(label), curPhotos);
+    if (sortCondition->IsExecSort()) Sort();
+    Broadcast(HintSelectionChanged);
+    UpdateHasComment();
 }
 
 void ToviData::SetSelected()
@@ -177,14 +361,16 @@ void ToviData::GetIndexSelected(int& pos) const
     pos = selected == curPhotos.end() ? -1 : static_cast<int>(selected - curPhotos.begin());
 }
 
-void ToviData::FillCurrentArray(const ToviNode& node)
+void ToviData::RebuildCurrentArray()
 {
     CArray<int> beneath;
-    node.GetAllUnder(beneath);
+    if (selectedNode != nullptr) selectedNode->GetAllUnder(beneath);
     curPhotos.Assign(beneath);
+    ExtractionProcess();
+    if (sortCondition->IsExecSort()) Sort();
 }
 
-void ToviData::Broadcast(UpdateHint hint)
+void ToviData::Broadcast(UpdateHint hint, CWnd* sender)
 {
-    if (hostDocument != nullptr) hostDocument->UpdateAllViews(nullptr, hint, nullptr);
+    if (hostDocument != nullptr) hostDocument->UpdateAllViews(sender, hint, nullptr);
 }

@@ -5,10 +5,14 @@
 #include "document/ToviNode.h"
 #include "document/ToviPhotoArray.h"
 #include "document/ToviPhotoRef.h"
+#include "extraction/ToviExtractionDlg.h"
+#include "extraction/ToviSortCondition.h"
 #include "loading/ToviItemDef.h"
 #include "platform/CDocument.h"
+#include "review/ToviLabelManager.h"
 #include "settings/ToviPhotoCtrlVisualSetting.h"
 
+#include <memory>
 #include <optional>
 
 /// One open delivery: its photographs, the items that belong to the whole, the classification tree
@@ -89,6 +93,63 @@ public:
     /// defined.
     bool GetPhotoItemValue(const CString& item, CStringArray& values);
 
+    virtual ToviLabelManager* GetLabelManager() { return &labelManager; }
+    /// Replaces \p out by the photo indexes of all photographs with this label, in the order of
+    /// PHOTO.XML, and returns their number.
+    int CollectionLabel(unsigned long label, ToviPhotoRef& out) const;
+    int CountLabel(unsigned long label) const;
+    /// 1 when any photograph has any label, else 0. A comment alone doesn't count.
+    int IsLabeled() const;
+    /// Labels or comments differ from what was last saved.
+    bool IsCheckStatusChanged() const { return checkStatusChanged; }
+    void SetCheckStatusChanged(bool changed) { checkStatusChanged = changed; }
+    /// A photograph of the current array has a comment, as far as UpdateHasComment has seen.
+    bool HasComment() const { return hasComment; }
+    /// Looks for comments in the current array; an empty one leaves the answer as it was.
+    void UpdateHasComment();
+    /// Tells all views but \p sender that labels or a comment of a photograph changed.
+    void UpdatePhotoInf(CWnd* sender);
+
+    /// Lets the user choose a correction of the labels of all photographs on show (付箋の一括訂正・削除),
+    /// confirm it, and runs it. False when the user refuses or there was nothing to correct.
+    bool AllLabelCorrection();
+    /// Takes all labels and comments off the photographs of the current array.
+    virtual void AllRemoveLabel();
+
+    /// Writes the comments and labels of all photographs to the inspection record \p path. False leaves
+    /// the file as it was, with the reason (RecordFailure of review/RecordTags.h) in \p result; an empty
+    /// path gives no reason. \p note may be null.
+    virtual bool SaveExamination(const char* path, const char* note, int* result);
+    /// Reads such a record back: the n-th entry belongs to the n-th photograph. False changes nothing,
+    /// with the reason as in SaveExamination.
+    virtual bool LoadExamination(const char* path, int* result);
+    /// Writes the variant of the record that names each photograph's file.
+    void ReturnExam(const char* path);
+
+    const ToviSortCondition& GetSortCondition() const { return *sortCondition; }
+    /// Takes over \p condition without sorting.
+    void SetSortCondition(const ToviSortCondition& condition) { *sortCondition = condition; }
+    /// Sorts the current array as the condition says, whether or not it says to sort.
+    virtual void Sort();
+
+    /// Sets the window that holds the conditions of the extraction. It isn't owned; null for none.
+    void SetExtractionData(ToviExtractionDlg* window) { extraction = window; }
+    /// Switches extraction on: from now on the photographs of each node that is selected are
+    /// narrowed to those that meet the conditions, beginning with the selected node.
+    void ExecExtraction();
+    /// Switches it off and shows the whole selected node.
+    void CancelExtraction();
+    /// Switches it off and tells its window, if it is on. The current array stays as it is.
+    void CancelExtraction(CancelExt value);
+    /// Narrows the current array to the photographs that meet all conditions of the extraction
+    /// window. A cancel by the user switches extraction off and leaves the array as it is.
+    void ExecExtractionAND();
+    /// The same with the photographs that meet any condition.
+    void ExecExtractionOR();
+    /// Empties the current array and, with \p update, tells the views. The first argument isn't
+    /// read.
+    void SetCurPhotoArray(bool ignored, bool update);
+
     /// Makes the tree anew. The selected node becomes the one that holds the selected photograph,
     /// or the root, and the current array follows. Node pointers from before are stale. Nothing is
     /// broadcast.
@@ -100,6 +161,11 @@ public:
     /// Selects the node of the selected photograph, or the root with its first photograph. Throws
     /// InvalidArgument when the root has none.
     void SetSelected();
+    /// Makes the photographs with \p label, whatever their node, the current array; none for a negative
+    /// one.
+    virtual void SetSelected(int label);
+    /// The selected label, or -1.
+    int GetSelectedIndex() const { return selectedLabel; }
     ToviNode* GetSelectedNode() const { return selectedNode; }
     /// Moves the selection to the photograph \p index; false for a negative index, InvalidArgument
     /// for one behind the last.
@@ -113,14 +179,21 @@ public:
     virtual void GetIndexSelected(int& pos) const;
 
 protected:
+    /// Makes the sort condition that the document will own.
+    virtual ToviSortCondition* OnCreateSortCondition();
+    /// Narrows the current array if extraction is on.
+    void ExtractionProcess();
+    bool AllOKLabel();
+    bool AllRemoveCheckLabel();
     void BuildTreeNodeForKousyu(ToviPhotoCtrlVisualSetting::TreeType type);
     void BuildTreeNodeForSatsueikasyo();
     /// The first node, depth first from \p from on, that holds \p photoIndex itself; null if none.
     ToviNode* GetNode(int photoIndex, ToviNode* from) const;
 
 private:
-    void FillCurrentArray(const ToviNode& node);
-    void Broadcast(UpdateHint hint);
+    /// Makes the photographs beneath the selected node, extracted and sorted, the current array.
+    void RebuildCurrentArray();
+    void Broadcast(UpdateHint hint, CWnd* sender = nullptr);
 
     CString rootPath;
     CStringArray earlierRoots;
@@ -129,9 +202,16 @@ private:
     ToviItemArray mngItems;
     ToviPhotoRef curPhotos;
     ToviNode* selectedNode = nullptr;
+    int selectedLabel = -1;
+    ToviLabelManager labelManager;
+    std::unique_ptr<ToviSortCondition> sortCondition;
     ToviItemDef itemDef;
     std::optional<PhotoPathItems> pathItems;
     int selectedPhoto = -1;
+    ToviExtractionDlg* extraction = nullptr;
+    bool checkStatusChanged = false;
+    bool extractionOn = false;
+    bool hasComment = true;
     bool standAlone = true;
     PhotoXMLReadErr errorType = ReadErrNone;
 };

@@ -2,6 +2,7 @@
 
 #include "document/PhotoPaths.h"
 #include "document/ToviData.h"
+#include "imagefacts/FactsByTitle.h"
 #include "platform/MibFile.h"
 
 #include <algorithm>
@@ -27,8 +28,11 @@ ToviPhoto& ToviPhoto::operator=(const ToviPhoto& other)
     imagePath = other.imagePath;
     picturePaths = other.picturePaths;
     items = other.items;
+    exifState = other.exifState;
+    labels = other.labels;
     selected = other.selected;
     document = other.document;
+    comment = other.comment;
     ReleaseImage();
     return *this;
 }
@@ -136,6 +140,43 @@ bool ToviPhoto::GetTextPairs(ToviItemDef* def, ToviTextPairArray& pairs) const
     return !pairs.IsEmpty();
 }
 
+bool ToviPhoto::IsLabelPasted(unsigned int slot) const
+{
+    return slot < labels.size() && labels[slot];
+}
+
+void ToviPhoto::PasteLabel(unsigned int slot)
+{
+    if (slot < labels.size()) labels[slot] = true;
+}
+
+void ToviPhoto::RemoveLabel(unsigned int slot)
+{
+    if (slot < labels.size()) labels[slot] = false;
+}
+
+void ToviPhoto::RemoveAllLabel()
+{
+    labels.fill(false);
+    comment.clear();
+}
+
+bool ToviPhoto::HasNGLabel() const
+{
+    return labels[LabelNg1] || labels[LabelNg2] || labels[LabelNg3];
+}
+
+void ToviPhoto::CorrectAllOK()
+{
+    CorrectAllNotCheck();
+    labels[LabelOk] = true;
+}
+
+void ToviPhoto::CorrectAllNotCheck()
+{
+    for (const LabelSlot slot : {LabelOk, LabelNg1, LabelNg2, LabelNg3}) labels[slot] = false;
+}
+
 bool ToviPhoto::LoadThumb()
 {
     if (thumbLoaded && !imageLoaded) return true;
@@ -168,6 +209,46 @@ CString ToviPhoto::GetFileRenewalDate()
     return MibModificationDate(ReadablePath());
 }
 
+bool ToviPhoto::CheckExif()
+{
+    if (exifState == -1) exifState = ReadExifVersion() ? 1 : 0;
+    return exifState == 1;
+}
+
+bool ToviPhoto::ReadExifVersion()
+{
+    CString file = ExifPath();
+    if (MibGetExt(file) == ToviExifInfo::svgExtension) {
+        ExifRoom().MakeMainImageFromSvg(file);
+        file = exif->GetMainImagePath();
+    }
+    CString version;
+    return LumImage::GetComment(file.c_str(), LumCmntExifVersion, version);
+}
+
+void ToviPhoto::LoadExif()
+{
+    GetExif();
+}
+
+const ToviExifInfo& ToviPhoto::GetExif()
+{
+    ToviExifInfo& room = ExifRoom();
+    if (!room.IsLoaded()) room.Load(ExifPath());
+    return room;
+}
+
+void ToviPhoto::GetExifInfoFromTitle(const CString& title, CString& value) const
+{
+    const bool known = exif != nullptr && MibIsFileExist(imagePath);
+    value = known ? ExifFactByTitle(*exif, title) : CString();
+}
+
+void ToviPhoto::GetFileInfoFromTitle(const CString& title, CString& value) const
+{
+    value = IsReadableFile(imagePath) ? FileFactByTitle(imagePath, title) : CString();
+}
+
 bool ToviPhoto::IsReadableFile(const CString& path) const
 {
     if (document != nullptr && document->IsStandAlone() && !document->IsInsideDelivery(path)) {
@@ -179,4 +260,15 @@ bool ToviPhoto::IsReadableFile(const CString& path) const
 const char* ToviPhoto::ReadablePath()
 {
     return IsReadableFile(GetImagePath()) ? imagePath.c_str() : "";
+}
+
+const char* ToviPhoto::ExifPath()
+{
+    return MibIsFileExist(GetImagePath()) ? ReadablePath() : imagePath.c_str();
+}
+
+ToviExifInfo& ToviPhoto::ExifRoom()
+{
+    if (!exif) exif = std::make_unique<ToviExifInfo>();
+    return *exif;
 }

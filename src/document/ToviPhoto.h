@@ -2,8 +2,13 @@
 
 #include "document/ToviItem.h"
 #include "document/ToviTextPair.h"
+#include "imagefacts/ToviExifInfo.h"
 #include "platform/LumImage.h"
 #include "platform/Text.h"
+#include "review/LabelSlots.h"
+
+#include <array>
+#include <memory>
 
 class ToviData;
 class ToviItemDef;
@@ -20,7 +25,7 @@ public:
     /// A photograph of \p owner, which outlives it. The paths are made at once.
     ToviPhoto(ToviData* owner, const ToviItemArray& values);
     ToviPhoto(ToviData* owner, ToviItemArray&& values);
-    /// The copy has no picture and says of no file yet that it exists.
+    /// The copy has no picture and no Exif data, and says of no file yet that it exists.
     ToviPhoto(const ToviPhoto& other);
     ToviPhoto& operator=(const ToviPhoto& other);
 
@@ -41,8 +46,15 @@ public:
     virtual void GetPicturePath(CStringArray& out, int index);
     virtual const LumImage& GetImage() const { return image; }
     virtual int GetPictureCount() const { return picturePaths.GetSize(); }
+    /// The label operations take a slot (see review/LabelSlots.h). A slot of labelCount or more is
+    /// never pasted and changes nothing.
+    virtual bool IsLabelPasted(unsigned int slot) const;
     virtual ~ToviPhoto() = default;
     virtual void ReleaseImage();
+    virtual void PasteLabel(unsigned int slot);
+    virtual void RemoveLabel(unsigned int slot);
+    /// Takes all labels off and empties the comment.
+    virtual void RemoveAllLabel();
     /// Loads the thumbnail in place of whatever is loaded. A file that failed is not tried again
     /// until ReleaseImage.
     virtual bool LoadThumb();
@@ -71,6 +83,19 @@ public:
     /// when that leaves none, or \p def is null.
     bool GetTextPairs(ToviItemDef* def, ToviTextPairArray& pairs) const;
 
+    bool IsOK() const { return IsLabelPasted(LabelOk); }
+    /// Any of the three NG labels is pasted.
+    bool HasNGLabel() const;
+    /// 未検査: neither OK nor any NG label is pasted.
+    bool IsNotCheck() const { return !IsOK() && !HasNGLabel(); }
+    /// OK in place of OK and NG; the other labels and the comment stay.
+    void CorrectAllOK();
+    /// Neither OK nor NG; the other labels and the comment stay.
+    void CorrectAllNotCheck();
+    const CString& GetComment() const { return comment; }
+    /// Touches no label: whoever edits the comment keeps LabelComment in step.
+    void SetComment(const CString& text) { comment = text; }
+
     bool IsImageLoaded() const { return imageLoaded; }
     bool IsThumbLoaded() const { return thumbLoaded; }
     bool ConvGrayScaleFromMono() { return image.ConvGrayScaleFromMono(); }
@@ -80,20 +105,47 @@ public:
     /// The local date of the image file's last change as YYYY-MM-DD; empty without a file.
     CString GetFileRenewalDate();
 
+    /// The file tells an Exif version, as found on the first call. For an SVG photograph that call
+    /// also writes the work file that its Exif data are read from, so it comes before the other
+    /// operations.
+    bool CheckExif();
+    /// Reads the Exif data, unless that was done.
+    void LoadExif();
+    /// The Exif data, read on the first call. Not loaded for a photograph without a path, or with
+    /// one that leads out of the delivery.
+    const ToviExifInfo& GetExif();
+    /// Replaces \p value by what LoadExif has read under \p title (see imagefacts/FactsByTitle.h);
+    /// by nothing when the file isn't there. The path isn't made.
+    void GetExifInfoFromTitle(const CString& title, CString& value) const;
+    /// Replaces \p value by what the file system says of the image file under \p title; by nothing
+    /// when it isn't there. The path isn't made.
+    void GetFileInfoFromTitle(const CString& title, CString& value) const;
+
 private:
     const ToviItem* FindItem(int defIndex) const;
     /// True when \p path is a file of the delivery, and not one that a symbolic link brings in.
     bool IsReadableFile(const CString& path) const;
     const char* ReadablePath();
+    /// The path that Exif data may be read from: empty when it leads to a file that a link brings
+    /// in.
+    const char* ExifPath();
+    bool ReadExifVersion();
+    /// Room for the Exif data, which few of many photographs ever need.
+    ToviExifInfo& ExifRoom();
 
     CString imagePath;
     CStringArray picturePaths;
     bool fileExists = false;
     bool rebuilding = false;
     ToviItemArray items;
+    /// What CheckExif has found: 1 Exif data, 0 none, -1 not asked yet.
+    int exifState = -1;
+    std::unique_ptr<ToviExifInfo> exif;
+    std::array<bool, labelCount> labels{};
     bool selected = false;
     LumImage image;
     bool thumbLoaded = false;
     bool imageLoaded = false;
     ToviData* document = nullptr;
+    CString comment;
 };

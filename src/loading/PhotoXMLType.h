@@ -1,7 +1,8 @@
 #pragma once
 
-/// The delivery family: whose standard a PHOTO.XML follows. The host passes it in.
-enum PhotoXMLType
+/// The delivery family: whose standard a PHOTO.XML follows. The host passes it in; a number of no
+/// family is no error here, it recognises no file.
+enum PhotoXMLType : int
 {
     PhotoXMLMlit = 0,
     PhotoXMLKowan = 1,

@@ -1,6 +1,9 @@
 #include "platform/DoxDocument.h"
 
+#include "platform/AtomicFile.h"
+#include "platform/Cp932.h"
 #include "platform/DoxTree.h"
+#include "platform/DoxWriter.h"
 #include "platform/MibFile.h"
 #include "platform/TextEncoding.h"
 
@@ -14,20 +17,13 @@ namespace
 constexpr std::size_t largestFile = std::size_t{1} << 30;
 
 constexpr unsigned parseOptions = pugi::parse_escapes | pugi::parse_eol | pugi::parse_cdata |
-                                  pugi::parse_wconv_attribute | pugi::parse_embed_pcdata;
+                                  pugi::parse_wconv_attribute | pugi::parse_embed_pcdata |
+                                  pugi::parse_declaration | pugi::parse_doctype;
 
 std::size_t LineOf(const CString& text, std::size_t offset)
 {
     const auto end = text.begin() + static_cast<std::ptrdiff_t>(std::min(offset, text.size()));
     return static_cast<std::size_t>(std::count(text.begin(), end, '\n')) + 1;
-}
-
-/// True for the code points that XML 1.0 lets a document hold.
-bool IsXmlCharacter(std::uint32_t codePoint)
-{
-    if (codePoint < 0x20) return codePoint == '\t' || codePoint == '\n' || codePoint == '\r';
-    const bool surrogate = codePoint >= 0xD800 && codePoint <= 0xDFFF;
-    return !surrogate && codePoint != 0xFFFE && codePoint != 0xFFFF && codePoint <= 0x10FFFF;
 }
 
 /// The offset of the first character reference in \p text to something that is no character, which
@@ -81,6 +77,21 @@ bool DoxDocument::Load(const CString& path, bool, CStringArray* errors)
     const pugi::xml_node root = tree->document.document_element();
     if (root.next_sibling()) return Fail("XMLの最上位の要素が2つ以上あります", errors);
     return true;
+}
+
+void DoxDocument::TransIndent(const char* indent)
+{
+    indentation = indent == nullptr ? "\t" : indent;
+}
+
+bool DoxDocument::Save(const CString& path, unsigned long, int*) const
+{
+    if (!tree || !tree->document.document_element()) return false;
+    const pugi::xml_node declaration = tree->document.first_child();
+    const CString encoding = declaration.attribute("encoding").value();
+    CString text = WriteXml(tree->document, indentation);
+    if (EqualNoCase(encoding, "Shift_JIS")) text = Cp932::EncodeForXml(text);
+    return WriteFileAtomically(path, text);
 }
 
 void DoxDocument::Terminate()

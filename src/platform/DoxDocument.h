@@ -4,7 +4,7 @@
 
 #include <memory>
 
-/// An XML file as a tree in memory. DoxIterator walks it.
+/// An XML file as a tree in memory. DoxIterator walks and changes it.
 class TOVI_EXPORT DoxDocument
 {
 public:
@@ -22,6 +22,15 @@ public:
     /// a failure's reason is appended to it.
     [[nodiscard]] bool Load(const CString& path, bool validate, CStringArray* errors);
 
+    /// Has Save put every element on a line of its own, indented by \p indent a level (null: one tab).
+    void TransIndent(const char* indent);
+
+    /// Writes the tree to the file \p path in the encoding that its declaration names, whole or not at
+    /// all. Shift_JIS loses nothing: what has no place in the code page becomes a numeric character
+    /// reference, and what no XML file can hold becomes 〓. \p flags must be 0; \p result may be null.
+    /// False when there is no tree or the file can't be written.
+    [[nodiscard]] bool Save(const CString& path, unsigned long flags, int* result) const;
+
     /// Frees the tree. Iterators on it must not be used any more.
     void Terminate();
 
@@ -35,5 +44,6 @@ private:
     bool Fail(const CString& reason, CStringArray* errors);
 
     std::unique_ptr<Tree> tree;
+    CString indentation;
     CString problem;
 };

@@ -30,12 +30,21 @@ DoxIterator::DoxIterator(DoxDocument* walked) : document(walked) {}
 
 bool DoxIterator::Root()
 {
-    return document->tree && MoveTo(node, document->tree->document.document_element());
+    if (!document->tree) return false;
+    node = document->tree->document.internal_object();
+    return MoveTo(node, document->tree->document.document_element());
 }
 
 bool DoxIterator::Child()
 {
     return MoveTo(node, ElementFrom(NodeOf(node).first_child()));
+}
+
+bool DoxIterator::ChildTail()
+{
+    pugi::xml_node last = NodeOf(node).last_child();
+    while (last && last.type() != pugi::node_element) last = last.previous_sibling();
+    return MoveTo(node, last);
 }
 
 bool DoxIterator::Parent()
@@ -84,6 +93,38 @@ CString DoxIterator::GetText() const
     CString text;
     GetText(text);
     return text;
+}
+
+bool DoxIterator::IsElement() const
+{
+    return NodeOf(node).type() == pugi::node_element;
+}
+
+bool DoxIterator::InsertChild(const char* tag)
+{
+    pugi::xml_node around = NodeOf(node);
+    const bool secondRoot = !IsElement() && document->tree->document.document_element();
+    if (*tag == '\0' || secondRoot || !around) return false;
+    return around.append_child(tag);
+}
+
+void DoxIterator::SetText(const char* text)
+{
+    NodeOf(node).text().set(text);
+}
+
+void DoxIterator::SetText(unsigned long number)
+{
+    SetText(std::to_string(number).c_str());
+}
+
+bool DoxIterator::Remove()
+{
+    if (!IsElement()) return false;
+    pugi::xml_node around = NodeOf(node).parent();
+    around.remove_child(NodeOf(node));
+    node = around.internal_object();
+    return true;
 }
 
 std::ptrdiff_t DoxIterator::Position() const

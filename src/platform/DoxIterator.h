@@ -6,8 +6,9 @@
 
 class DoxDocument;
 
-/// A place in a DoxDocument: always on an element, once Root() was called on a loaded document.
-/// Every move that finds no element leaves the iterator where it is and answers false.
+/// A place in a DoxDocument: on an element, once Root() was called on a document that has one, else on
+/// the document itself. Every move that finds no element leaves the iterator where it is and answers
+/// false.
 class TOVI_EXPORT DoxIterator
 {
 public:
@@ -17,6 +18,9 @@ public:
     bool Root();
     /// The first child element.
     bool Child();
+    bool ChildHead() { return Child(); }
+    /// The last child element.
+    bool ChildTail();
     /// The element around this one; false on the root.
     bool Parent();
     bool NextSibling();
@@ -29,6 +33,18 @@ public:
     /// The character data directly inside this element, not that of its children.
     void GetText(CString& text) const;
     CString GetText() const;
+
+    /// True unless the iterator is on the document itself.
+    bool IsElement() const;
+    /// Appends an empty element \p tag to the children of this one, or makes it the root where the
+    /// document has none. The iterator stays. False when the tag is empty or there is a root already.
+    bool InsertChild(const char* tag);
+    /// Replaces the character data of this element, which must have no children.
+    void SetText(const char* text);
+    void SetText(unsigned long number);
+    /// Takes this element out with all beneath; the iterator goes to the one around it. False on the
+    /// document itself.
+    bool Remove();
 
     /// A number that grows in document order: of two places the one with the larger number begins
     /// later in the file.

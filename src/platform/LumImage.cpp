@@ -1,15 +1,18 @@
 #include "platform/LumImage.h"
 
 #include "platform/AtomicFile.h"
+#include "platform/ExifFile.h"
 #include "platform/ImageFile.h"
 #include "platform/LumPicture.h"
 #include "platform/QtColor.h"
+#include "platform/SvgPhoto.h"
 
 #include <QBuffer>
 #include <QPainter>
 #include <QTransform>
 
 #include <algorithm>
+#include <cstdio>
 
 namespace
 {
@@ -129,4 +132,44 @@ bool LumImage::GetCommentImageSize(const char* path, int& width, int& height)
     width = size->width();
     height = size->height();
     return true;
+}
+
+bool LumImage::GetComment(const char* path, LumCMNT code, CString& out)
+{
+    std::optional<CString> text = ExifFile(path == nullptr ? "" : path).Text(code);
+    if (!text) return false;
+    out = std::move(*text);
+    return true;
+}
+
+LumComments LumImage::GetComments(const char* path)
+{
+    const ExifFile file(path == nullptr ? "" : path);
+    LumComments comments;
+    for (int code = 0; code < LumCmntCount; ++code) {
+        comments[static_cast<std::size_t>(code)] = file.Text(static_cast<LumCMNT>(code));
+    }
+    return comments;
+}
+
+CString LumImage::SizeText(int width, int height)
+{
+    return Format("%d×%d", width, height);
+}
+
+CString LumImage::TotalPixelsText(int width, int height)
+{
+    constexpr long long unit = 10000;
+    const long long pixels = static_cast<long long>(width) * height;
+    if (pixels < unit) return Format("%lld画素", pixels);
+    return Format("%lld万画素", (pixels + unit / 2) / unit);
+}
+
+bool LumImage::GetMainImageFromSvg(const char* svgPath, const char* outPath)
+{
+    const std::optional<std::string> jpeg = ReadMainImageOfSvg(svgPath);
+    if (jpeg && WriteFileAtomically(outPath, *jpeg)) return true;
+    // What an earlier photograph of this name has left would pass for this one's picture.
+    std::remove(outPath);
+    return false;
 }

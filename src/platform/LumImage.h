@@ -2,7 +2,42 @@
 
 #include "platform/Text.h"
 
+#include <array>
 #include <memory>
+#include <optional>
+
+/// The facts that a picture file tells about its making: fields of its Exif data, and its size.
+/// Each has the title of an Exif field in its name; the numbers between them belong to no fact.
+enum LumCMNT
+{
+    LumCmntArtist = 0,
+    LumCmntCopyright = 1,
+    LumCmntDateTime = 2,
+    LumCmntMake = 5,
+    LumCmntModel = 6,
+    LumCmntSoftware = 9,
+    LumCmntExifVersion = 10,
+    LumCmntDateTimeOriginal = 11,
+    LumCmntDateTimeDigitized = 12,
+    LumCmntShutterSpeed = 13,
+    LumCmntAperture = 14,
+    LumCmntExposureBias = 16,
+    LumCmntMaxAperture = 17,
+    LumCmntMeteringMode = 19,
+    LumCmntFlash = 21,
+    LumCmntFocalLength = 22,
+    LumCmntExposureTime = 23,
+    LumCmntFNumber = 24,
+    LumCmntGpsLatitude = 28,
+    LumCmntGpsLongitude = 29,
+    LumCmntGpsAltitude = 30,
+    LumCmntImageSize = 31,
+    LumCmntTotalPixels = 32,
+    LumCmntCount
+};
+
+/// The texts of one file by their LumCMNT; nothing where the file has no such field.
+using LumComments = std::array<std::optional<CString>, LumCmntCount>;
 
 /// The file formats that LumImage::Save writes.
 enum LumImageType
@@ -59,6 +94,23 @@ public:
     /// The dimensions that the header of the file \p path tells, before any turning. False when it
     /// has none.
     static bool GetCommentImageSize(const char* path, int& width, int& height);
+
+    /// Puts the text of one Exif field of the JPEG or TIFF file \p path into \p out, ready to be
+    /// shown. False, with \p out left alone, when the file can't be read, has no Exif data or no
+    /// such field, or one that makes no sense. A file without Exif data has no size here either.
+    static bool GetComment(const char* path, LumCMNT code, CString& out);
+
+    /// What GetComment gives for every field, with one opening of the file.
+    static LumComments GetComments(const char* path);
+
+    /// The words for a picture of \p width by \p height pixels, as "1600×1200".
+    static CString SizeText(int width, int height);
+    /// The words for the number of its pixels, in units of 10,000 where there are that many.
+    static CString TotalPixelsText(int width, int height);
+
+    /// Writes the complete JPEG file inside the SVG photograph \p svgPath to \p outPath. False when
+    /// there is none or it can't be written: then no file is at \p outPath afterwards.
+    static bool GetMainImageFromSvg(const char* svgPath, const char* outPath);
 
 private:
     friend class LumCanvas;

@@ -117,6 +117,14 @@ bool MibIsInside(const CString& folder, const CString& path)
     return RealPath(path).starts_with(realFolder);
 }
 
+std::int64_t MibModificationTime(const CString& path)
+{
+    constexpr std::int64_t nanosecondsPerSecond = 1'000'000'000;
+    const auto facts = FactsOf(path);
+    if (!facts) return 0;
+    return facts->st_mtim.tv_sec * nanosecondsPerSecond + facts->st_mtim.tv_nsec;
+}
+
 CString MibModificationDate(const CString& path)
 {
     const auto facts = FactsOf(path);
@@ -124,6 +132,18 @@ CString MibModificationDate(const CString& path)
     std::tm local;
     if (localtime_r(&facts->st_mtim.tv_sec, &local) == nullptr) return {};
     return Format("%04d-%02d-%02d", local.tm_year + 1900, local.tm_mon + 1, local.tm_mday);
+}
+
+bool MibIsReadOnly(const CString& path)
+{
+    const auto facts = FactsOf(path);
+    return facts && (facts->st_mode & S_IWUSR) == 0;
+}
+
+bool MibDeleteFile(const CString& path)
+{
+    unlink(path.c_str());
+    return !MibIsFileExist(path);
 }
 
 std::size_t MibFileSize(const CString& path)

@@ -2,6 +2,7 @@
 
 #include "platform/Text.h"
 
+#include <cstdint>
 #include <functional>
 #include <optional>
 
@@ -44,12 +45,21 @@ TOVI_EXPORT CString MibProgramPath();
 /// either doesn't exist.
 TOVI_EXPORT bool MibIsInside(const CString& folder, const CString& path);
 
+/// The time of the last change of the file \p path in nanoseconds since 1970; 0 without a file.
+TOVI_EXPORT std::int64_t MibModificationTime(const CString& path);
+
 /// The local date of the last change of the file \p path as YYYY-MM-DD; empty when there is no
 /// file.
 TOVI_EXPORT CString MibModificationDate(const CString& path);
 
+/// True when \p path exists and its owner has not been given the right to write it.
+TOVI_EXPORT bool MibIsReadOnly(const CString& path);
+
 /// The size of the regular file \p path in bytes; 0 when there is none.
 TOVI_EXPORT std::size_t MibFileSize(const CString& path);
+
+/// Deletes the file \p path. True when it isn't there afterwards.
+TOVI_EXPORT bool MibDeleteFile(const CString& path);
 
 /// The bytes of the regular file \p path; nothing when it can't be read or has more than \p limit
 /// bytes.

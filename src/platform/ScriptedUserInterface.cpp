@@ -15,6 +15,38 @@ T TakeFirst(std::deque<T>& list, T otherwise)
     list.pop_front();
     return first;
 }
+
+class ScriptedProgress : public ProgressPort
+{
+public:
+    explicit ScriptedProgress(ScriptedUserInterface& scripted) : user(scripted) { Note("open"); }
+    ~ScriptedProgress() override { Note("close"); }
+
+    bool IsWindow() const override { return !HasCome(user.windowGoesAtPump); }
+    bool HasOwner() const override { return !HasCome(user.ownerGoesAtPump); }
+    void EnableOwner(bool enable) override { Note("owner " + std::to_string(enable)); }
+    void SetCancelEnabled(bool enable) override { Note("cancel " + std::to_string(enable)); }
+    void SetCaption(const CString& text) override { Note("caption " + text); }
+    void SetRange(int lower, int upper) override
+    {
+        Note("range " + std::to_string(lower) + " " + std::to_string(upper));
+    }
+    void SetBar(int pos) override { Note("bar " + std::to_string(pos)); }
+    void SetMessage(const CString& text) override { Note("message " + text); }
+    void SetPercent(const CString& text) override { Note("percent " + text); }
+    void Show() override { Note("show"); }
+    bool Pump() override
+    {
+        Note("pump");
+        return user.cancelAtPumps.contains(++user.pumps);
+    }
+
+private:
+    void Note(CString text) { user.progress.push_back(std::move(text)); }
+    bool HasCome(int pump) const { return pump != 0 && user.pumps >= pump; }
+
+    ScriptedUserInterface& user;
+};
 } // namespace
 
 CStringArray ScriptedUserInterface::Messages() const
@@ -42,7 +74,22 @@ bool ScriptedUserInterface::ChooseFolder(CString& folder, const CString& title,
     return chosen.has_value();
 }
 
+bool ScriptedUserInterface::Choose(const Choice& asked, int& option)
+{
+    calls.push_back({CallKind::Choice, asked.title, {}, {}, {}, {}});
+    choice = asked;
+    const int chosen = TakeFirst(options, -1);
+    if (chosen < 0) return false;
+    option = chosen;
+    return true;
+}
+
 void ScriptedUserInterface::ShowProgress(const CString& text)
 {
     calls.push_back({CallKind::Progress, text, {}, {}, {}, {}});
+}
+
+std::unique_ptr<ProgressPort> ScriptedUserInterface::CreateProgress(CWnd* /*parent*/)
+{
+    return std::make_unique<ScriptedProgress>(*this);
 }

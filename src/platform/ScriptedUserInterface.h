@@ -4,6 +4,7 @@
 
 #include <deque>
 #include <optional>
+#include <set>
 #include <vector>
 
 /// A user whose answers are known beforehand: it records what it is asked and answers from lists.
@@ -14,6 +15,7 @@ public:
     {
         Message,
         FolderChooser,
+        Choice,
         Progress
     };
 
@@ -37,8 +39,22 @@ public:
     /// The folders that will be chosen, first one first; nothing stands for a cancel, as does an
     /// empty list.
     std::deque<std::optional<CString>> folders;
+    /// The options that will be chosen, first one first; with none left the choice is given up.
+    std::deque<int> options;
+    /// The last choice that was asked for.
+    Choice choice;
     /// What was called, in order. The text of a folder chooser is the folder that it starts at.
     std::vector<Call> calls;
+
+    /// What the progress windows were told, in order: "open", "cancel 1", "caption Tovi", "range 0
+    /// 4", "bar 2", "message text", "percent 50%", "show", "pump", "owner 0", "close".
+    std::vector<CString> progress;
+    /// The pumps, counted from 1 over all progress windows, in which Cancel is clicked.
+    std::set<int> cancelAtPumps;
+    /// The pump in which the progress window goes, and the one in which its owner does; 0 for never.
+    int windowGoesAtPump = 0;
+    int ownerGoesAtPump = 0;
+    int pumps = 0;
 
     /// The texts of the messages shown, in order.
     CStringArray Messages() const;
@@ -46,5 +62,7 @@ public:
     MessageAnswer ShowMessage(const CString& text, const CString& caption, MessageButtons buttons,
                               MessageIcon icon) override;
     bool ChooseFolder(CString& folder, const CString& title, FolderChooserStyle style) override;
+    bool Choose(const Choice& asked, int& option) override;
     void ShowProgress(const CString& text) override;
+    std::unique_ptr<ProgressPort> CreateProgress(CWnd* parent) override;
 };

@@ -1,5 +1,7 @@
 #include "platform/TerminalUserInterface.h"
 
+#include "platform/Interrupt.h"
+
 #include <sys/ioctl.h>
 #include <unistd.h>
 
@@ -63,6 +65,53 @@ CString OneLine(std::string_view text, int columns)
     }
     return line;
 }
+
+/// The progress of a long work as one line.
+class ProgressLine : public ProgressPort
+{
+public:
+    explicit ProgressLine(UserInterface& terminal) : user(terminal) {}
+    ~ProgressLine() override { user.ShowProgress(""); }
+
+    bool IsWindow() const override { return true; }
+    bool HasOwner() const override { return false; }
+    void EnableOwner(bool /*enable*/) override {}
+    void SetCancelEnabled(bool enable) override
+    {
+        if (enable) {
+            listener.emplace();
+        } else {
+            listener.reset();
+        }
+    }
+    void SetCaption(const CString& /*text*/) override {}
+    void SetRange(int /*lower*/, int /*upper*/) override {}
+    void SetBar(int /*pos*/) override {}
+    void SetMessage(const CString& text) override
+    {
+        message = text;
+        Draw();
+    }
+    void SetPercent(const CString& text) override
+    {
+        percent = text;
+        Draw();
+    }
+    void Show() override { Draw(); }
+    bool Pump() override { return listener && WasInterrupted(); }
+
+private:
+    void Draw()
+    {
+        const char* const gap = message.empty() || percent.empty() ? "" : "  ";
+        user.ShowProgress(message + gap + percent);
+    }
+
+    UserInterface& user;
+    CString message;
+    CString percent;
+    std::optional<InterruptListener> listener;
+};
 } // namespace
 
 TerminalUserInterface::TerminalUserInterface(int outputDescriptor)
@@ -102,6 +151,11 @@ bool TerminalUserInterface::ChooseFolder(CString& /*folder*/, const CString& /*t
     return false;
 }
 
+bool TerminalUserInterface::Choose(const Choice&, int&)
+{
+    return false;
+}
+
 void TerminalUserInterface::ShowProgress(const CString& text)
 {
     if (!isTerminal) return;
@@ -115,6 +169,11 @@ void TerminalUserInterface::ShowProgress(const CString& text)
     // The last column stays free: many terminals go to the next line once it is filled.
     Write(CString(clearLine) + OneLine(text, Columns() - 1));
     progressShown = true;
+}
+
+std::unique_ptr<ProgressPort> TerminalUserInterface::CreateProgress(CWnd* /*parent*/)
+{
+    return std::make_unique<ProgressLine>(*this);
 }
 
 void TerminalUserInterface::Write(std::string_view bytes) const

@@ -23,7 +23,11 @@ public:
     MessageAnswer ShowMessage(const CString& text, const CString& caption, MessageButtons buttons,
                               MessageIcon icon) override;
     bool ChooseFolder(CString& folder, const CString& title, FolderChooserStyle style) override;
+    bool Choose(const Choice& choice, int& option) override;
     void ShowProgress(const CString& text) override;
+    /// A line with the message and the percentage, whose Cancel is an interrupt (see
+    /// platform/Interrupt.h).
+    std::unique_ptr<ProgressPort> CreateProgress(CWnd* parent) override;
 
 private:
     static constexpr int standardError = 2;

@@ -7,7 +7,7 @@ class TOVI_EXPORT ToviPhotoCtrlVisualSetting
 {
 public:
     /// The classification tree. The numbers are what is stored and passed around.
-    enum TreeType
+    enum TreeType : int
     {
         /// 写真-大分類, 写真区分, 工種, 種別, 細別
         TreeWorkTypeFull = 0,
@@ -18,7 +18,7 @@ public:
     };
 
     /// Which item is the caption of a photograph.
-    enum TitleShowType
+    enum TitleShowType : int
     {
         /// 写真ファイル名
         TitleFileName = 0,

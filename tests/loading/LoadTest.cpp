@@ -253,9 +253,9 @@ TEST(Factory, LoadsInTwoSteps)
     EXPECT_FALSE(factory.Load(nullptr, nullptr));
 
     ToviDataFactory base;
-    EXPECT_EQ(base.Create(nullptr, temp.Path("d/PHOTO").c_str(), PhotoXMLMlit, nullptr, nullptr)
-                  ->GetTotalCountPhoto(),
-              0);
+    const std::unique_ptr<ToviData> nothing(
+        base.Create(nullptr, temp.Path("d/PHOTO").c_str(), PhotoXMLMlit, nullptr, nullptr));
+    EXPECT_EQ(nothing->GetTotalCountPhoto(), 0);
 }
 
 TEST(DeliveryLocation, LooksForThePhotoFolder)

@@ -4,6 +4,7 @@
 #include "support/TempFolder.h"
 
 #include <fcntl.h>
+#include <signal.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -15,11 +16,10 @@ void Redirect(int descriptor, const CString& path, int flags)
 {
     dup2(open(path.c_str(), flags, 0600), descriptor);
 }
-} // namespace
-
-ProgramResult RunProgram(const std::vector<CString>& arguments, const CString& configFolder)
+/// Starts the program with its output going into \p folder.
+pid_t Start(const std::vector<CString>& arguments, const CString& configFolder,
+            const TempFolder& folder)
 {
-    const TempFolder temp;
     const CString program = RunningProgramPath();
     const CString path = program.substr(0, program.rfind('/') + 1) + arguments.front();
     std::vector<char*> argv;
@@ -28,14 +28,31 @@ ProgramResult RunProgram(const std::vector<CString>& arguments, const CString& c
     const pid_t child = fork();
     if (child == 0) {
         Redirect(0, "/dev/null", O_RDONLY);
-        Redirect(1, temp.Path("out"), O_WRONLY | O_CREAT);
-        Redirect(2, temp.Path("err"), O_WRONLY | O_CREAT);
+        Redirect(1, folder.Path("out"), O_WRONLY | O_CREAT);
+        Redirect(2, folder.Path("err"), O_WRONLY | O_CREAT);
         setenv("XDG_CONFIG_HOME", configFolder.c_str(), 1);
         execv(path.c_str(), argv.data());
         _exit(127);
     }
+    return child;
+}
+} // namespace
+
+ProgramResult RunProgram(const std::vector<CString>& arguments, const CString& configFolder)
+{
+    const TempFolder temp;
     int status = 0;
-    waitpid(child, &status, 0);
+    waitpid(Start(arguments, configFolder, temp), &status, 0);
     const int code = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
     return {code, temp.Read("out"), temp.Read("err")};
+}
+
+void RunProgramAndKill(const std::vector<CString>& arguments, const CString& configFolder,
+                       int microseconds)
+{
+    const TempFolder temp;
+    const pid_t child = Start(arguments, configFolder, temp);
+    usleep(static_cast<useconds_t>(microseconds));
+    kill(child, SIGKILL);
+    waitpid(child, nullptr, 0);
 }

@@ -16,3 +16,7 @@ struct ProgramResult
 /// Runs a program of this build, \p arguments[0] being its name, with standard input closed and a
 /// configuration folder \p configFolder of its own, and waits for its end.
 ProgramResult RunProgram(const std::vector<CString>& arguments, const CString& configFolder);
+
+/// Starts the same and kills it after \p microseconds, if it hasn't ended by then.
+void RunProgramAndKill(const std::vector<CString>& arguments, const CString& configFolder,
+                       int microseconds);

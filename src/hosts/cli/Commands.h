@@ -9,3 +9,8 @@ void AddPhotosCommand(CLI::App& app, int& status);
 void AddTreeCommand(CLI::App& app, int& status);
 void AddSelectCommand(CLI::App& app, int& status);
 void AddSheetCommand(CLI::App& app, int& status);
+void AddLabelCommand(CLI::App& app, int& status);
+void AddCorrectCommand(CLI::App& app, int& status);
+void AddRecordCommand(CLI::App& app, int& status);
+void AddReturnCommand(CLI::App& app, int& status);
+void AddExifCommand(CLI::App& app, int& status);

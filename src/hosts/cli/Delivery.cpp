@@ -196,6 +196,5 @@ bool SelectNode(ToviData& document, const std::vector<std::string>& titles)
         node = child;
     }
     document.SetSelected(node, false);
-    document.PhotoSelectSetting(document.GetIndexPhotoArray(0));
     return true;
 }

@@ -13,7 +13,9 @@ enum ExitStatus
 {
     ExitDone = 0,
     ExitNotOpened = 1,
-    ExitWrongUsage = 2
+    ExitWrongUsage = 2,
+    /// Ctrl+C, as a shell tells it.
+    ExitInterrupted = 130
 };
 
 /// What the user says about the delivery on every command.
@@ -49,8 +51,8 @@ OpenedDelivery OpenDelivery(
     const DeliveryArguments& arguments,
     ToviPhotoCtrlVisualSetting::TreeType tree = ToviPhotoCtrlVisualSetting::TreeWorkTypeFull);
 
-/// Selects the node that \p titles lead to from the root and its first photograph. False, with a
-/// sentence on standard error, when there is no such node.
+/// Selects the node that \p titles lead to from the root. False, with a sentence on standard error,
+/// when there is no such node.
 bool SelectNode(ToviData& document, const std::vector<std::string>& titles);
 
 /// The name of \p family as --family takes it.

@@ -1,4 +1,5 @@
 #include "hosts/cli/Commands.h"
+#include "hosts/cli/Records.h"
 #include "hosts/cli/Json.h"
 
 #include "platform/HostServices.h"
@@ -9,6 +10,7 @@ struct Arguments
 {
     DeliveryArguments delivery;
     bool facts = false;
+    std::string record;
 };
 
 constexpr int photosPerReport = 50;
@@ -24,12 +26,19 @@ void AddFacts(Json& entry, ToviPhoto& photo)
     entry["height"] = hasSize ? Json(height) : Json(nullptr);
 }
 
+void AddReview(Json& entry, const ToviPhoto& photo)
+{
+    entry["labels"] = LabelsOf(photo);
+    entry["comment"] = photo.GetComment();
+}
+
 int Run(const Arguments& arguments)
 {
     const OpenedDelivery delivery = OpenDelivery(arguments.delivery);
     JsonArrayWriter output;
     if (!delivery.IsLoaded()) return ExitNotOpened;
     ToviData& document = *delivery.document;
+    if (!LoadRecord(document, arguments.record)) return ExitNotOpened;
     UserInterface& user = *GetHostServices().userInterface;
     const int total = document.GetTotalCountPhoto();
     for (int index = 0; index < total; ++index) {
@@ -39,6 +48,7 @@ int Run(const Arguments& arguments)
         for (const CString& path : photo.GetPicturePaths()) entry["pictures"].push_back(path);
         entry["items"] = ToJson(photo.GetItems(), *document.GetItemDef());
         if (arguments.facts) AddFacts(entry, photo);
+        if (!arguments.record.empty()) AddReview(entry, photo);
         output.Add(entry);
         if (arguments.facts && index % photosPerReport == 0) {
             user.ShowProgress(Format("写真ファイルの確認　%d / %d枚", index, total));
@@ -56,9 +66,11 @@ void AddPhotosCommand(CLI::App& app, int& status)
     command->group("コマンド");
     AddDeliveryArguments(*command, arguments.delivery);
     command->add_flag("--facts", arguments.facts, "写真ファイルの有無と大きさも調べる");
+    AddRecordOption(*command, arguments.record);
     command->footer(
         "出力: [{\"index\",\"imagePath\",\"pictures\":[参考図のパス],"
         "\"items\":[{\"title\",\"value\"}]}]\n"
-        "--facts では \"fileExists\"（写真と参考図がすべてある）、\"width\"、\"height\" を加える");
+        "--facts では \"fileExists\"（写真と参考図がすべてある）、\"width\"、\"height\" を加える\n"
+                    "--record では \"labels\":[付箋]、\"comment\" を加える");
     command->callback([&status] { status = Run(arguments); });
 }

@@ -1,4 +1,5 @@
 #include "hosts/cli/Commands.h"
+#include "hosts/cli/Conditions.h"
 #include "hosts/cli/Json.h"
 
 #include <iostream>
@@ -8,17 +9,16 @@ namespace
 struct Arguments
 {
     DeliveryArguments delivery;
-    int type = 0;
-    std::vector<std::string> nodes;
+    ConditionArguments conditions;
 };
 
 int Run(const Arguments& arguments)
 {
-    const OpenedDelivery delivery = OpenDelivery(
-        arguments.delivery, static_cast<ToviPhotoCtrlVisualSetting::TreeType>(arguments.type));
+    const OpenedDelivery delivery = OpenDelivery(arguments.delivery, arguments.conditions.choice.Tree());
     if (!delivery.IsLoaded()) return ExitNotOpened;
     ToviData& document = *delivery.document;
-    if (!SelectNode(document, arguments.nodes)) return ExitWrongUsage;
+    const int status = MakeCurrentArray(document, arguments.conditions);
+    if (status != ExitDone) return status;
     Json current = Json::array();
     for (const int index : document.GetCurrentArray()) current.push_back(index);
     const int position = document.GetSelectCurIndex();
@@ -33,11 +33,10 @@ int Run(const Arguments& arguments)
 void AddSelectCommand(CLI::App& app, int& status)
 {
     static Arguments arguments;
-    CLI::App* command = app.add_subcommand("select", "分類を選び、表示される写真の番号を表示する");
+    CLI::App* command = app.add_subcommand("select", "分類や条件で写真を選び、その番号を表示の順に表示する");
     command->group("コマンド");
     AddDeliveryArguments(*command, arguments.delivery);
-    AddTreeTypeOption(*command, arguments.type);
-    AddNodeOption(*command, arguments.nodes);
+    AddConditionOptions(*command, arguments.conditions);
     command->footer("出力: {\"path\",\"current\":[写真の番号],\"selectedPhoto\"}（選択なしは -1）");
     command->callback([&status] { status = Run(arguments); });
 }

@@ -1,7 +1,8 @@
 #include "hosts/cli/Commands.h"
+#include "hosts/cli/Conditions.h"
+#include "hosts/cli/Records.h"
 
 #include "platform/HostServices.h"
-#include "platform/MibFile.h"
 #include "reports/ContactSheet.h"
 
 namespace
@@ -10,32 +11,18 @@ struct Arguments
 {
     DeliveryArguments delivery;
     std::string output;
-    std::vector<std::string> nodes;
-    int type = 0;
+    ConditionArguments conditions;
     int columns = 5;
 };
 
-/// True when the file \p path would stand in the folder of the delivery, where nothing is ever
-/// written.
-bool IsInDelivery(const CString& path, const CString& photoFolder)
-{
-    const CString folder =
-        path.find('/') == CString::npos ? "." : path.substr(0, path.rfind('/') + 1);
-    return MibIsInside(photoFolder, folder);
-}
-
 int Run(const Arguments& arguments)
 {
-    const OpenedDelivery delivery = OpenDelivery(
-        arguments.delivery, static_cast<ToviPhotoCtrlVisualSetting::TreeType>(arguments.type));
+    const OpenedDelivery delivery = OpenDelivery(arguments.delivery, arguments.conditions.choice.Tree());
     if (!delivery.IsLoaded()) return ExitNotOpened;
-    if (IsInDelivery(arguments.output, delivery.photoFolder)) {
-        Complain("納品データのフォルダには書き込みません。" + arguments.output +
-                 " の代わりに別のフォルダを指定してください。");
-        return ExitWrongUsage;
-    }
+    if (RefuseInDelivery(arguments.output, delivery)) return ExitWrongUsage;
     ToviData& document = *delivery.document;
-    if (!SelectNode(document, arguments.nodes)) return ExitWrongUsage;
+    const int status = MakeCurrentArray(document, arguments.conditions);
+    if (status != ExitDone) return status;
     UserInterface& user = *GetHostServices().userInterface;
     const int total = document.GetCurrentPhotoCount();
     const LumImage sheet =
@@ -68,8 +55,7 @@ void AddSheetCommand(CLI::App& app, int& status)
     command->add_option("OUT", arguments.output, "作るPNGファイル。納品データの中には作れない")
         ->required()
         ->option_text("（必須）");
-    AddTreeTypeOption(*command, arguments.type);
-    AddNodeOption(*command, arguments.nodes);
+    AddConditionOptions(*command, arguments.conditions);
     command->add_option("--columns", arguments.columns, "横に並べる枚数（1～100、既定は5）")
         ->check(CLI::Range(1, 100))
         ->option_text("N");

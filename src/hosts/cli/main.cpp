@@ -2,6 +2,7 @@
 
 #include "platform/FileProfileStore.h"
 #include "platform/HostServices.h"
+#include "platform/Interrupt.h"
 #include "platform/TerminalUserInterface.h"
 
 #include <iostream>
@@ -14,7 +15,7 @@ void DescribeProgram(CLI::App& app)
     app.description("工事写真の電子納品データを開いて調べる。結果は標準出力にJSON（UTF-8）で、"
                     "エラーは標準エラー出力に書く。納品データには書き込まない。");
     app.footer("各コマンドの説明: tovi COMMAND --help\n"
-               "終了コード: 0 正常、1 開けないか写真を読めない、2 使い方の誤り");
+               "終了コード: 0 正常、1 開けないか写真を読めない、2 使い方の誤り、130 中断");
     app.name("tovi");
     app.require_subcommand(1);
     app.option_defaults()->group("オプション");
@@ -49,6 +50,7 @@ int main(int argc, char** argv)
     TerminalUserInterface user;
     FileProfileStore profile(DefaultProfilePath());
     InstallHostServices({&user, &profile, "tovi", RunningProgramPath()});
+    InstallInterruptHandler();
 
     int status = ExitDone;
     CLI::App app;
@@ -58,6 +60,11 @@ int main(int argc, char** argv)
     AddTreeCommand(app, status);
     AddSelectCommand(app, status);
     AddSheetCommand(app, status);
+    AddLabelCommand(app, status);
+    AddCorrectCommand(app, status);
+    AddRecordCommand(app, status);
+    AddReturnCommand(app, status);
+    AddExifCommand(app, status);
     try {
         const int parsed = Parse(app, argc, argv);
         return parsed == ExitDone ? status : parsed;

@@ -1,0 +1,179 @@
+#include "extraction/ToviSorter.h"
+
+#include "document/ToviData.h"
+#include "platform/Cp932.h"
+
+#include <algorithm>
+#include <climits>
+#include <cstdint>
+#include <cstdlib>
+
+namespace
+{
+constexpr const char* numericKey = "シリアル番号";
+
+/// The number at the front of \p text, after white space; 0 without digits. One that doesn't fit
+/// becomes the nearest that does.
+int DecimalPrefix(const char* text)
+{
+    constexpr int decimal = 10;
+    return static_cast<int>(
+        std::clamp<long long>(std::strtoll(text, nullptr, decimal), INT_MIN, INT_MAX));
+}
+
+/// Turns a sort key by bytes into one by characters: as numbers, the codes of half-width kana (one
+/// byte from A1 to DF) are lower than all codes of two bytes, whose first byte may be lower (81 to
+/// 9F). First bytes are renumbered so that they say so.
+void OrderByCharacters(std::string& key)
+{
+    constexpr unsigned firstLead = 0x81, firstKana = 0xA1, firstHighLead = 0xE0, outside = 0xFD;
+    constexpr unsigned kanaCount = firstHighLead - firstKana;
+    constexpr unsigned lowLeadCount = firstKana - 1 - firstLead;
+    std::size_t trailing = 0;
+    for (char& byte : key) {
+        const unsigned code = static_cast<unsigned char>(byte);
+        if (trailing > 0) {
+            --trailing;
+        } else if (code >= firstKana && code < firstHighLead) {
+            byte = static_cast<char>(code - firstKana + firstLead);
+        } else if (code >= firstLead && code < firstKana - 1) {
+            byte = static_cast<char>(code + kanaCount);
+            trailing = 1;
+        } else if (code >= firstHighLead && code < outside) {
+            byte = static_cast<char>(code - firstHighLead + firstLead + kanaCount + lowLeadCount);
+            trailing = 1;
+        } else if (code == outside) {
+            trailing = 3;
+        }
+    }
+}
+
+std::string TextKey(const char* value)
+{
+    std::string key = Cp932::SortKey(value);
+    OrderByCharacters(key);
+    return key;
+}
+
+/// An entry as it is sorted: in one piece and without a string, since most comparisons end at the
+/// first bytes.
+struct SortItem
+{
+    /// The first bytes of the text, filled up with 0, or the number.
+    std::uint64_t high = 0;
+    std::uint64_t low = 0;
+    const ToviSorter::Data* entry = nullptr;
+    int tieBreak = 0;
+    /// high and low are the whole key.
+    bool whole = true;
+};
+
+/// The positions in \p ref in the order of their photo indexes: photographs lie in memory in the order
+/// of the actual array, of \p photos ones, while the current array jumps about in it.
+std::vector<int> PositionsByIndex(const ToviPhotoRef& ref, int photos)
+{
+    constexpr int none = -1;
+    std::vector<int> positions(static_cast<std::size_t>(photos), none);
+    for (int i = 0; i < ref.GetSize(); ++i) {
+        const int index = ref[i];
+        if (index < 0 || index >= photos) ThrowOutsideArray(index, photos);
+        positions[static_cast<std::size_t>(index)] = i;
+    }
+    std::erase(positions, none);
+    return positions;
+}
+
+constexpr std::size_t wordBytes = sizeof(std::uint64_t);
+
+/// The word that \p text has at \p from, such that words compare as the bytes do.
+std::uint64_t WordAt(const std::string& text, std::size_t from)
+{
+    std::uint64_t word = 0;
+    for (std::size_t i = from; i < from + wordBytes; ++i) {
+        word = word << CHAR_BIT | (i < text.size() ? static_cast<unsigned char>(text[i]) : 0u);
+    }
+    return word;
+}
+
+SortItem MakeItem(const ToviSorter::Data& entry, bool ascending)
+{
+    SortItem item;
+    item.entry = &entry;
+    item.tieBreak = entry.index;
+    if (entry.numeric) {
+        item.high = static_cast<std::uint64_t>(static_cast<std::int64_t>(entry.number) - INT_MIN);
+    } else {
+        item.high = WordAt(entry.text, 0);
+        item.low = WordAt(entry.text, wordBytes);
+        item.whole = entry.text.size() <= 2 * wordBytes;
+    }
+    if (!ascending) {
+        item.high = ~item.high;
+        item.low = ~item.low;
+        item.tieBreak = ~item.tieBreak;
+    }
+    return item;
+}
+
+int SignOf(int number)
+{
+    return (number > 0) - (number < 0);
+}
+} // namespace
+
+void ToviSorter::PrepareSort(const CString& key, const ToviPhotoRef& ref)
+{
+    if (data == nullptr || ref.IsEmpty()) return;
+    entries.clear();
+    entries.reserve(static_cast<std::size_t>(ref.GetSize()));
+    const int item = data->GetItemDef()->GetIndexFromTitle(key);
+    const bool numeric = key == numericKey;
+    for (const int i : PositionsByIndex(ref, data->GetTotalCountPhoto())) {
+        const ToviPhoto* photo = data->GetPhoto(i);
+        if (photo == nullptr) ThrowOutsideArray(i, data->GetCurrentPhotoCount());
+        const char* const value = photo->GetTitle(item);
+        Data& entry = entries.emplace_back();
+        entry.index = ref[i];
+        entry.numeric = numeric;
+        if (numeric) {
+            entry.number = DecimalPrefix(value);
+        } else {
+            entry.text = TextKey(value);
+        }
+    }
+}
+
+void ToviSorter::QuickSort(bool ascending, ToviPhotoRef& ref)
+{
+    if (entries.empty()) return;
+    std::vector<SortItem> items;
+    items.reserve(entries.size());
+    for (const Data& entry : entries) items.push_back(MakeItem(entry, ascending));
+    const auto compare = ascending ? CompareUp : CompareDown;
+    std::sort(items.begin(), items.end(), [compare](const SortItem& a, const SortItem& b) {
+        if (a.high != b.high) return a.high < b.high;
+        if (a.low != b.low) return a.low < b.low;
+        if (a.whole && b.whole) return a.tieBreak < b.tieBreak;
+        return compare(*a.entry, *b.entry) < 0;
+    });
+    CArray<int> sorted;
+    sorted.Reserve(ref.GetSize());
+    for (const SortItem& item : items) sorted.Add(item.entry->index);
+    ref.Assign(sorted);
+}
+
+int ToviSorter::CompareUp(const Data& a, const Data& b)
+{
+    const int byKey =
+        a.numeric ? (a.number > b.number) - (a.number < b.number) : SignOf(a.text.compare(b.text));
+    if (byKey != 0) return byKey;
+    return a.index < b.index ? -1 : 1;
+}
+
+int ToviSorter::CompareDown(const Data& a, const Data& b)
+{
+    const int byKey =
+        a.numeric ? (b.number > a.number) - (b.number < a.number) : SignOf(b.text.compare(a.text));
+    if (byKey != 0) return byKey;
+    return a.index < b.index ? 1 : -1;
+}

@@ -1,0 +1,143 @@
+#include "hosts/cli/Conditions.h"
+
+#include "hosts/cli/Records.h"
+
+#include <algorithm>
+#include <cctype>
+
+namespace
+{
+/// The command line in the part of the extraction window.
+class ExtractionByCommand : public ToviExtractionDlg
+{
+public:
+    explicit ExtractionByCommand(ExtractionConditions wanted) : conditions(std::move(wanted)) {}
+
+    const ExtractionConditions& GetConditions() const override { return conditions; }
+    void CancelExtraction(CancelExt) override { cancelled = true; }
+    bool IsCancelled() const { return cancelled; }
+
+private:
+    ExtractionConditions conditions;
+    bool cancelled = false;
+};
+
+bool IsDate(const CString& text)
+{
+    constexpr std::string_view form = "0000-00-00";
+    return text.size() == form.size() && std::equal(text.begin(), text.end(), form.begin(), [](char c, char f) {
+               return f == '0' ? std::isdigit(static_cast<unsigned char>(c)) != 0 : c == f;
+           });
+}
+
+/// What is wrong with the conditions, in a sentence; empty when nothing is.
+CString WhatIsWrong(const ConditionArguments& arguments)
+{
+    const ExtractionConditions& conditions = arguments.conditions;
+    if (arguments.items.size() > conditions.itemOn.size()) {
+        return "--item は3つまでです。条件を減らしてください。";
+    }
+    const bool allNamed = std::all_of(arguments.items.begin(), arguments.items.end(), [](const std::string& item) {
+        return item.find('=') != std::string::npos;
+    });
+    if (!allNamed) return "--item は 項目名=値 の形で指定してください（例: --item 工種=舗装工）。";
+    if (conditions.dateFrom.empty() != conditions.dateTo.empty()) {
+        return "--date-from と --date-to は両方を指定してください。";
+    }
+    const bool dated = !conditions.dateFrom.empty();
+    if (dated && !(IsDate(conditions.dateFrom) && IsDate(conditions.dateTo))) {
+        return "日付は 2024-03-31 の形で指定してください。";
+    }
+    if (arguments.label >= 0 && !arguments.choice.nodes.empty()) {
+        return "--label と --node は一緒に使えません。どちらかで選んでください。";
+    }
+    return {};
+}
+
+ExtractionConditions ConditionsOf(const ConditionArguments& arguments)
+{
+    ExtractionConditions conditions = arguments.conditions;
+    for (std::size_t i = 0; i < arguments.items.size(); ++i) {
+        const std::size_t equals = arguments.items[i].find('=');
+        conditions.itemOn[i] = true;
+        conditions.itemTitle[i] = arguments.items[i].substr(0, equals);
+        conditions.itemText[i] = arguments.items[i].substr(equals + 1);
+    }
+    conditions.dateOn = !conditions.dateFrom.empty();
+    conditions.dateKind = arguments.fileDate ? 1 : 0;
+    conditions.orMode = arguments.any ? 1 : 0;
+    return conditions;
+}
+
+bool AnyIsOn(const ExtractionConditions& c)
+{
+    return c.keyPhoto || c.ngPhoto || c.notcheckPhoto || c.notExifinfo || c.neceNotwrite || c.dateOn || c.itemOn[0];
+}
+
+void SetSort(ToviData& document, const ConditionArguments& arguments)
+{
+    ToviSortCondition condition;
+    condition.ExecSort(!arguments.sortItem.empty());
+    condition.SetKeyItem(arguments.sortItem.c_str());
+    condition.Ascending(!arguments.descending);
+    document.SetSortCondition(condition);
+}
+
+int Extract(ToviData& document, const ExtractionConditions& conditions)
+{
+    ExtractionByCommand window(conditions);
+    document.SetExtractionData(&window);
+    document.ExecExtraction();
+    document.SetExtractionData(nullptr);
+    if (!window.IsCancelled()) return ExitDone;
+    Complain("中断しました。");
+    return ExitInterrupted;
+}
+} // namespace
+
+void AddConditionOptions(CLI::App& command, ConditionArguments& arguments)
+{
+    ExtractionConditions& conditions = arguments.conditions;
+    AddTreeTypeOption(command, arguments.choice.type);
+    AddNodeOption(command, arguments.choice.nodes);
+    AddRecordOption(command, arguments.record);
+    command.add_option("--label", arguments.label, "この付箋の写真を選ぶ（0 OK、1～3 NG1～NG3、4 コメント、5 任意）")
+        ->check(CLI::Range(0u, labelCount - 1))
+        ->option_text("N");
+    CLI::Option* all = command.add_flag("--and", arguments.all, "抽出条件のすべてに当たる写真（既定）");
+    command.add_flag("--or", arguments.any, "抽出条件のどれかに当たる写真")->excludes(all);
+    command.add_flag("--key-photo", conditions.keyPhoto, "抽出条件: 代表写真");
+    command.add_flag("--ng", conditions.ngPhoto, "抽出条件: NG写真");
+    command.add_flag("--unchecked", conditions.notcheckPhoto, "抽出条件: 未検査写真");
+    command.add_flag("--no-exif", conditions.notExifinfo, "抽出条件: Exif情報非保有写真");
+    command.add_flag("--missing-required", conditions.neceNotwrite, "抽出条件: 必須項目未入力写真");
+    command.add_option("--item", arguments.items, "抽出条件: 項目の値。3つまで。空の値は 項目名=【未記入】")
+        ->allow_extra_args(false)
+        ->option_text("TITLE=TEXT ...");
+    command.add_option("--date-from", conditions.dateFrom, "抽出条件: 撮影年月日がこの日から")->option_text("D");
+    command.add_option("--date-to", conditions.dateTo, "抽出条件: 撮影年月日がこの日まで")->option_text("D");
+    command.add_flag("--file-date", arguments.fileDate, "撮影年月日の代わりにファイル更新日で見る");
+    command.add_option("--sort", arguments.sortItem, "この項目の順に並べる")->option_text("TITLE");
+    command.add_flag("--descending", arguments.descending, "逆の順に並べる");
+}
+
+int MakeCurrentArray(ToviData& document, const ConditionArguments& arguments)
+{
+    if (const CString wrong = WhatIsWrong(arguments); !wrong.empty()) {
+        Complain(wrong);
+        return ExitWrongUsage;
+    }
+    if (!LoadRecord(document, arguments.record)) return ExitNotOpened;
+    if (!SelectNode(document, arguments.choice.nodes)) return ExitWrongUsage;
+    SetSort(document, arguments);
+    int status = ExitDone;
+    if (arguments.label >= 0) {
+        document.SetSelected(arguments.label);
+    } else if (const ExtractionConditions conditions = ConditionsOf(arguments); AnyIsOn(conditions)) {
+        status = Extract(document, conditions);
+    } else {
+        document.SetSelected(document.GetSelectedNode(), true);
+    }
+    document.PhotoSelectSetting(document.GetIndexPhotoArray(0));
+    return status;
+}

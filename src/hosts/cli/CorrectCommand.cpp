@@ -1,0 +1,91 @@
+#include "hosts/cli/Commands.h"
+#include "hosts/cli/PhotoChoice.h"
+#include "hosts/cli/Records.h"
+
+#include "platform/HostServices.h"
+#include "platform/MibFile.h"
+#include "platform/TerminalUserInterface.h"
+#include "review/LabelProcessSelectDlg.h"
+
+#include <map>
+
+namespace
+{
+using Action = LabelProcessSelectDlg::Action;
+
+const std::map<std::string, Action> actions = {{"ok", LabelProcessSelectDlg::PasteOk},
+                                               {"unchecked", LabelProcessSelectDlg::RemoveChecks},
+                                               {"clear", LabelProcessSelectDlg::RemoveAll}};
+
+struct Arguments
+{
+    DeliveryArguments delivery;
+    std::string record;
+    std::string action;
+    PhotoChoice choice;
+};
+
+/// The user who has said on the command line what he wants: he chooses that and confirms it.
+class DecidedUser : public TerminalUserInterface
+{
+public:
+    explicit DecidedUser(Action wanted) : action(wanted) {}
+
+    bool Choose(const Choice&, int& option) override
+    {
+        option = action;
+        return true;
+    }
+    MessageAnswer ShowMessage(const CString& text, const CString& caption, MessageButtons buttons,
+                              MessageIcon icon) override
+    {
+        if (buttons == MessageButtons::OkCancel) return MessageAnswer::Ok;
+        return TerminalUserInterface::ShowMessage(text, caption, buttons, icon);
+    }
+
+private:
+    Action action;
+};
+
+void Correct(ToviData& document, Action action)
+{
+    const HostServices before = GetHostServices();
+    DecidedUser user(action);
+    HostServices decided = before;
+    decided.userInterface = &user;
+    InstallHostServices(decided);
+    document.AllLabelCorrection();
+    InstallHostServices(before);
+}
+
+int Run(const Arguments& arguments)
+{
+    const OpenedDelivery delivery = OpenDelivery(arguments.delivery, arguments.choice.Tree());
+    if (!delivery.IsLoaded()) return ExitNotOpened;
+    ToviData& document = *delivery.document;
+    if (RefuseInDelivery(arguments.record, delivery)) return ExitWrongUsage;
+    const bool isThere = MibIsFileExist(arguments.record);
+    if (isThere && !LoadRecord(document, arguments.record)) return ExitNotOpened;
+    if (!SelectNode(document, arguments.choice.nodes)) return ExitWrongUsage;
+    Correct(document, actions.at(arguments.action));
+    return SaveRecord(document, arguments.record);
+}
+} // namespace
+
+void AddCorrectCommand(CLI::App& app, int& status)
+{
+    static Arguments arguments;
+    CLI::App* command = app.add_subcommand("correct", "選んだ分類の写真の付箋をまとめて訂正する");
+    command->group("コマンド");
+    AddDeliveryArguments(*command, arguments.delivery);
+    AddRecordOption(*command, arguments.record)->required();
+    command
+        ->add_option("--action", arguments.action,
+                     "ok（NGのない写真にOK）、unchecked（OK・NGをはがして未検査に）、clear（付箋とコメントをすべて消す）")
+        ->check(CLI::IsMember({"ok", "unchecked", "clear"}))
+        ->required()
+        ->option_text("NAME（必須）");
+    AddTreeTypeOption(*command, arguments.choice.type);
+    AddNodeOption(*command, arguments.choice.nodes);
+    command->callback([&status] { status = Run(arguments); });
+}

@@ -1,0 +1,75 @@
+#include "hosts/cli/Commands.h"
+#include "hosts/cli/PhotoChoice.h"
+#include "hosts/cli/Json.h"
+
+#include "platform/HostServices.h"
+
+namespace
+{
+constexpr const char* fileTitles[] = {"ファイルサイズ", "幅×高さ",     "総画素数",
+                                      "作成日時",       "最終更新日時", "読み取り専用"};
+
+struct Arguments
+{
+    DeliveryArguments delivery;
+    PhotoChoice choice;
+};
+
+Json ToJson(const ToviTextPairArray& pairs)
+{
+    Json array = Json::array();
+    for (const ToviTextPair& pair : pairs) {
+        array.push_back({{"item", pair.GetItem()}, {"value", pair.GetValue()}});
+    }
+    return array;
+}
+
+Json FactsOf(ToviPhoto& photo, int index)
+{
+    Json facts = {{"index", index}, {"hasExif", photo.CheckExif()}};
+    const ToviExifInfo& exif = photo.GetExif();
+    facts["date"] = ToJson(exif.GetDate());
+    facts["image"] = ToJson(exif.GetImage());
+    facts["maker"] = ToJson(exif.GetMaker());
+    facts["format"] = ToJson(exif.GetFormat());
+    facts["shoot"] = ToJson(exif.GetShoot());
+    facts["gps"] = ToJson(exif.GetGPS());
+    facts["file"] = Json::object();
+    for (const char* title : fileTitles) {
+        CString value;
+        photo.GetFileInfoFromTitle(title, value);
+        facts["file"][title] = value;
+    }
+    return facts;
+}
+
+int Run(const Arguments& arguments)
+{
+    const OpenedDelivery delivery = OpenDelivery(arguments.delivery);
+    if (!delivery.IsLoaded()) return ExitNotOpened;
+    ToviData& document = *delivery.document;
+    ToviPhotoRef chosen;
+    if (!FindChosen(document, arguments.choice, chosen)) return ExitWrongUsage;
+    UserInterface& user = *GetHostServices().userInterface;
+    JsonArrayWriter output;
+    int done = 0;
+    for (const int index : chosen) {
+        output.Add(FactsOf(*document.GetPhotoActualPhotoArray(index), index));
+        user.ShowProgress(Format("Exif情報の読み込み　%d / %d枚", ++done, chosen.GetSize()));
+    }
+    user.ShowProgress("");
+    return ExitDone;
+}
+} // namespace
+
+void AddExifCommand(CLI::App& app, int& status)
+{
+    static Arguments arguments;
+    CLI::App* command = app.add_subcommand("exif", "写真のExif情報とファイル情報を表示する");
+    command->group("コマンド");
+    AddDeliveryArguments(*command, arguments.delivery);
+    AddAtOption(*command, arguments.choice);
+    command->footer("出力: [{\"index\",\"hasExif\",\"date\":[{\"item\",\"value\"}],\"image\",\"maker\",\"format\","
+                    "\"shoot\",\"gps\",\"file\":{...}}]");
+    command->callback([&status] { status = Run(arguments); });
+}

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "hosts/cli/Delivery.h"
+
+/// The photographs that a command is about.
+struct PhotoChoice
+{
+    /// Photo indexes as the user writes them: "0,3,5-9".
+    std::string at;
+    std::vector<std::string> nodes;
+    int type = 0;
+
+    bool IsEmpty() const { return at.empty() && nodes.empty(); }
+    ToviPhotoCtrlVisualSetting::TreeType Tree() const
+    {
+        return static_cast<ToviPhotoCtrlVisualSetting::TreeType>(type);
+    }
+};
+
+/// Adds --at. \p choice outlives \p command.
+void AddAtOption(CLI::App& command, PhotoChoice& choice);
+
+/// Replaces \p chosen by the photo indexes that --at and --node name; all photographs when neither
+/// is given. False, with a sentence on standard error, when one of them names nothing.
+bool FindChosen(ToviData& document, const PhotoChoice& choice, ToviPhotoRef& chosen);

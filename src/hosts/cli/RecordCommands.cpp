@@ -1,0 +1,64 @@
+#include "hosts/cli/Commands.h"
+#include "hosts/cli/Records.h"
+
+#include "platform/MibFile.h"
+
+namespace
+{
+struct Arguments
+{
+    DeliveryArguments delivery;
+    std::string record;
+    std::string output;
+};
+
+int Show(const Arguments& arguments)
+{
+    const OpenedDelivery delivery = OpenDelivery(arguments.delivery);
+    if (!delivery.IsLoaded() || !LoadRecord(*delivery.document, arguments.record)) return ExitNotOpened;
+    JsonArrayWriter output;
+    for (int index = 0; index < delivery.document->GetTotalCountPhoto(); ++index) {
+        output.Add(ReviewOf(*delivery.document->GetPhotoActualPhotoArray(index), index));
+    }
+    return ExitDone;
+}
+
+int Return(const Arguments& arguments)
+{
+    const OpenedDelivery delivery = OpenDelivery(arguments.delivery);
+    if (!delivery.IsLoaded() || !LoadRecord(*delivery.document, arguments.record)) return ExitNotOpened;
+    if (RefuseInDelivery(arguments.output, delivery)) return ExitWrongUsage;
+    const auto before = MibModificationTime(arguments.output);
+    delivery.document->ReturnExam(arguments.output.c_str());
+    if (MibModificationTime(arguments.output) == before) {
+        Complain(arguments.output + " に書き込めません。フォルダの場所、書き込みの権限と空き容量を確かめてください。");
+        return ExitNotOpened;
+    }
+    return ExitDone;
+}
+} // namespace
+
+void AddRecordCommand(CLI::App& app, int& status)
+{
+    static Arguments arguments;
+    CLI::App* command = app.add_subcommand("record", "検査状況の記録ファイルの内容を表示する");
+    command->group("コマンド");
+    AddDeliveryArguments(*command, arguments.delivery);
+    command->add_option("FILE", arguments.record, "検査状況の記録ファイル")->required()->option_text("（必須）");
+    command->footer("出力: [{\"index\",\"labels\":[付箋],\"comment\"}]\n"
+                    "付箋: 0 OK、1～3 NG1～NG3、4 コメント、5 任意");
+    command->callback([&status] { status = Show(arguments); });
+}
+
+void AddReturnCommand(CLI::App& app, int& status)
+{
+    static Arguments arguments;
+    CLI::App* command = app.add_subcommand("return", "写真ファイルのパスを加えた検査状況の記録を作る");
+    command->group("コマンド");
+    AddDeliveryArguments(*command, arguments.delivery);
+    AddRecordOption(*command, arguments.record)->required();
+    command->add_option("OUT", arguments.output, "作るファイル。納品データの中には作れない")
+        ->required()
+        ->option_text("（必須）");
+    command->callback([&status] { status = Return(arguments); });
+}

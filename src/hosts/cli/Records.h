@@ -1,0 +1,25 @@
+#pragma once
+
+#include "hosts/cli/Delivery.h"
+#include "hosts/cli/Json.h"
+
+/// Adds --record. \p record outlives \p command.
+CLI::Option* AddRecordOption(CLI::App& command, std::string& record);
+
+/// Takes up the inspection in the file \p record. False, with a sentence on standard error, when it
+/// doesn't fit; an empty name is no inspection and true.
+bool LoadRecord(ToviData& document, const CString& record);
+
+/// Saves the inspection to the file \p record and returns the exit status; a failure is told on
+/// standard error.
+int SaveRecord(ToviData& document, const CString& record);
+
+/// True, with a sentence on standard error, when the file \p path would stand in the delivery's folder,
+/// where nothing is ever written.
+bool RefuseInDelivery(const CString& path, const OpenedDelivery& delivery);
+
+/// The slots of the labels on \p photo, in ascending order.
+Json LabelsOf(const ToviPhoto& photo);
+
+/// {"index","labels","comment"}
+Json ReviewOf(const ToviPhoto& photo, int index);

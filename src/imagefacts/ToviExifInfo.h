@@ -1,0 +1,81 @@
+#pragma once
+
+#include "document/ToviTextPair.h"
+#include "platform/LumImage.h"
+
+#include <memory>
+#include <span>
+
+/// What the Exif data of one photograph say, as titles with values in six groups. Read on the first
+/// need and kept from then on: a later change of the file isn't noticed. A group is either empty or
+/// has all its rows.
+class TOVI_EXPORT ToviExifInfo
+{
+public:
+    /// The value of a row whose field can't be read.
+    static constexpr const char* unknownValue = "(不明)";
+    /// What the name of an SVG photograph ends in, exactly so: in another letter case it is a file
+    /// like any other here.
+    static constexpr std::string_view svgExtension = ".SVG";
+
+    ToviExifInfo() = default;
+    /// The copy has no image group: its rows stay those that the object had before. Whoever shows a
+    /// copied photograph shows no size.
+    ToviExifInfo(const ToviExifInfo& other);
+    ToviExifInfo& operator=(const ToviExifInfo& other);
+    virtual ~ToviExifInfo() = default;
+
+    /// Reads all groups of the photograph \p path. With the extension ".SVG", exactly so, they come
+    /// from the work file that MakeMainImageFromSvg must have made before. An empty path leaves the
+    /// object not loaded; any other loads it, with unknownValue for what can't be read.
+    void Load(const char* path);
+    /// Forgets everything but the image group.
+    void Clear();
+    bool IsLoaded() const { return loaded; }
+
+    /// The file that the values were read from: the photograph, or the work file of an SVG one.
+    const CString& GetPath() const { return path; }
+    /// The work file with the main image of an SVG photograph; empty for any other.
+    const CString& GetMainImagePath() const { return mainImagePath; }
+
+    const ToviTextPairArray& GetDate() const { return date; }
+    const ToviTextPairArray& GetImage() const { return image; }
+    const ToviTextPairArray& GetMaker() const { return maker; }
+    const ToviTextPairArray& GetFormat() const { return format; }
+    const ToviTextPairArray& GetShoot() const { return shoot; }
+    const ToviTextPairArray& GetGPS() const { return gps; }
+
+    /// Writes the main image of the SVG photograph \p svgPath to its work file; nothing for any
+    /// other extension than exactly ".SVG". Photographs of one title share one work file. A failure
+    /// shows in the work file being absent.
+    void MakeMainImageFromSvg(const CString& svgPath);
+
+private:
+    /// A field to ask for, with the title of its row.
+    class Pack
+    {
+    public:
+        Pack(int commentCode, const char* rowTitle) : code(commentCode), title(rowTitle) {}
+        virtual ~Pack() = default;
+
+        int code;
+        CString title;
+    };
+    using Packs = CArray<std::unique_ptr<Pack>>;
+
+    /// One group: where its rows go, and which they are.
+    struct Group;
+
+    static void Load(const LumComments& comments, const Packs& packs, ToviTextPairArray& out);
+    void SetMainImagePath(const CString& svgPath);
+
+    CString path;
+    bool loaded = false;
+    ToviTextPairArray date;
+    ToviTextPairArray image;
+    ToviTextPairArray maker;
+    ToviTextPairArray format;
+    ToviTextPairArray shoot;
+    ToviTextPairArray gps;
+    CString mainImagePath;
+};

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "platform/Export.h"
+
+/// Asks which correction shall run over the labels of all photographs on show.
+class TOVI_EXPORT LabelProcessSelectDlg
+{
+public:
+    /// The actions, in the order in which they are offered.
+    enum Action
+    {
+        PasteOk = 0,
+        RemoveChecks = 1,
+        RemoveAll = 2
+    };
+
+    /// False when the user gave up, or nobody can be asked.
+    bool DoModal();
+    Action GetAction() const { return static_cast<Action>(action); }
+
+private:
+    int action = PasteOk;
+};

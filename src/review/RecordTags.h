@@ -1,0 +1,47 @@
+#pragma once
+
+#include "review/LabelSlots.h"
+
+/// The names of the inspection record file (検査状況):
+///
+///     <?xml version="1.0" encoding="Shift_JIS"?>
+///     <!DOCTYPE examinationdata SYSTEM "">
+///     <検査状況>
+///         <情報><写真枚数>2</写真枚数></情報>
+///         <状況>
+///             <写真>
+///                 <コメント>…</コメント>
+///                 <付箋1-OK>1</付箋1-OK> … <付箋6-任意>0</付箋6-任意>
+///             </写真>
+///             …
+///         </状況>
+///     </検査状況>
+///
+/// The n-th 写真 belongs to the n-th photograph of PHOTO.XML; the number of photographs is all that ties
+/// a record to its delivery.
+namespace RecordTags
+{
+inline constexpr const char* root = "検査状況";
+inline constexpr const char* facts = "情報";
+inline constexpr const char* photoCount = "写真枚数";
+inline constexpr const char* states = "状況";
+inline constexpr const char* photo = "写真";
+/// Only in the variant with paths, and then first in 写真.
+inline constexpr const char* path = "写真ファイルパス";
+inline constexpr const char* comment = "コメント";
+inline constexpr const char* labels[labelCount] = {"付箋1-OK",  "付箋2-NG1",      "付箋3-NG2",
+                                                   "付箋4-NG3", "付箋5-コメント", "付箋6-任意"};
+} // namespace RecordTags
+
+/// Why a record was not saved or loaded.
+enum RecordFailure
+{
+    /// The file exists and is read-only.
+    RecordReadOnly = 0,
+    RecordNoSpace = 1,
+    RecordNotWritten = 2,
+    RecordCancelled = 3,
+    /// Also a file that is missing or no XML.
+    RecordCountDiffers = 4,
+    RecordNoStates = 5
+};

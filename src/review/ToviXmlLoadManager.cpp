@@ -1,0 +1,87 @@
+#include "review/ToviXmlLoadManager.h"
+
+#include "reports/ToviProgressDlg.h"
+#include "review/RecordTags.h"
+
+#include <cstdlib>
+
+ToviXmlLoadManager::ToviXmlLoadManager(const char* recordPath, const char* deliveryRoot)
+    : ToviXmlManager(recordPath, deliveryRoot), place(&document)
+{
+    document.Initiate();
+    // A file that can't be read leaves an empty tree, in which nothing will be found.
+    if (document.Load(path, false, nullptr)) iterator = &place;
+}
+
+bool ToviXmlLoadManager::Load(const ToviPhotoArray& photos, int* result)
+{
+    const int count = photos.GetSize();
+    if (!Find(RecordTags::photoCount) || ReadCount() != count) {
+        *result = RecordCountDiffers;
+        return false;
+    }
+    if (!Find(RecordTags::states) || !place.Child()) {
+        *result = RecordNoStates;
+        return false;
+    }
+    ToviProgressDlg progress(false);
+    progress.SetCancelBtnEnabled(false);
+    progress.Create(nullptr);
+    progress.SetCaption(nullptr);
+    progress.SetRange(0, count);
+    progress.SetStep(1);
+    progress.SetPos(0);
+    progress.Show();
+    Entry entry = count > 0 ? ReadEntry() : Entry();
+    for (int index = 0; index < count; ++index) {
+        Apply(entry, *photos[index]);
+        // Where the record has too few entries, the last one goes on.
+        if (place.NextSibling()) entry = ReadEntry();
+        progress.SetMessage(Format("検査状況読み込み中　%d / %d", index + 1, count));
+        progress.StepIt();
+    }
+    return true;
+}
+
+int ToviXmlLoadManager::ReadCount() const
+{
+    return static_cast<int>(std::strtol(place.GetText().c_str(), nullptr, 10));
+}
+
+ToviXmlLoadManager::Entry ToviXmlLoadManager::ReadEntry()
+{
+    Entry entry;
+    if (!place.Child()) return entry;
+    do {
+        ReadField(entry);
+    } while (place.NextSibling());
+    place.Parent();
+    return entry;
+}
+
+void ToviXmlLoadManager::ReadField(Entry& entry) const
+{
+    if (place.IsTag(RecordTags::comment)) {
+        entry.comment = place.GetText();
+        return;
+    }
+    for (unsigned int slot = 0; slot < labelCount; ++slot) {
+        if (!place.IsTag(RecordTags::labels[slot])) continue;
+        const CString text = place.GetText();
+        if (text == "0" || text == "1") entry.labels[slot] = text == "1";
+        return;
+    }
+}
+
+void ToviXmlLoadManager::Apply(const Entry& entry, ToviPhoto& photo)
+{
+    if (entry.comment) photo.SetComment(*entry.comment);
+    for (unsigned int slot = 0; slot < labelCount; ++slot) {
+        if (!entry.labels[slot]) continue;
+        if (*entry.labels[slot]) {
+            photo.PasteLabel(slot);
+        } else {
+            photo.RemoveLabel(slot);
+        }
+    }
+}

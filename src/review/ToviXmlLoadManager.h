@@ -1,0 +1,34 @@
+#pragma once
+
+#include "document/ToviPhotoArray.h"
+#include "review/ToviXmlManager.h"
+
+#include <array>
+#include <optional>
+
+/// Reads an inspection record back. What it has no element for keeps its present value.
+class ToviXmlLoadManager : public ToviXmlManager
+{
+public:
+    /// \p deliveryRoot may be null.
+    ToviXmlLoadManager(const char* recordPath, const char* deliveryRoot);
+
+    /// False, with a RecordFailure in \p result, before anything has changed.
+    bool Load(const ToviPhotoArray& photos, int* result);
+
+private:
+    /// What one 写真 says.
+    struct Entry
+    {
+        std::optional<CString> comment;
+        std::array<std::optional<bool>, labelCount> labels;
+    };
+
+    int ReadCount() const;
+    Entry ReadEntry();
+    void ReadField(Entry& entry) const;
+    static void Apply(const Entry& entry, ToviPhoto& photo);
+
+    DoxDocument document;
+    DoxIterator place;
+};

@@ -1,0 +1,51 @@
+#include "review/ToviXmlManager.h"
+
+#include "loading/WorkFolder.h"
+#include "platform/AtomicFile.h"
+#include "platform/HostServices.h"
+#include "platform/MibFile.h"
+
+namespace
+{
+constexpr const char* headerTemplate = "<?xml version=\"1.0\" encoding=\"Shift_JIS\"?>\n"
+                                       "<!DOCTYPE examinationdata SYSTEM \"\">\n"
+                                       "<DAMY/>\n";
+
+bool LoadTemplate(DoxDocument& document)
+{
+    const CString folder = SuiteFolder();
+    if (folder.empty() || !MibCreateDirectory(folder)) return false;
+    const CString path = folder + "HeaderExamination.tmp";
+    const bool loaded =
+        WriteFileAtomically(path, headerTemplate) && document.Load(path, false, nullptr);
+    MibDeleteFile(path);
+    return loaded;
+}
+} // namespace
+
+bool ToviXmlManager::Find(const char* tag)
+{
+    if (iterator == nullptr || !iterator->Root()) return false;
+    while (!iterator->IsTag(tag)) {
+        if (!iterator->Next()) return false;
+    }
+    return true;
+}
+
+bool ToviXmlHeaderManager::Make()
+{
+    document.Initiate();
+    if (!LoadTemplate(document)) {
+        const HostServices& host = GetHostServices();
+        if (host.userInterface != nullptr) {
+            host.userInterface->ShowMessage("エラー発生", host.applicationName, MessageButtons::Ok,
+                                            MessageIcon::Error);
+        }
+        return false;
+    }
+    iterator = std::make_unique<DoxIterator>(&document);
+    iterator->Root();
+    iterator->Remove();
+    iterator->Root();
+    return true;
+}

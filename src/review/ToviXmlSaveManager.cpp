@@ -1,0 +1,101 @@
+#include "review/ToviXmlSaveManager.h"
+
+#include "platform/DiskSpace.h"
+#include "platform/MibFile.h"
+#include "reports/ToviProgressDlg.h"
+#include "review/RecordTags.h"
+
+namespace
+{
+constexpr std::uint64_t bytesOfFrame = 500;
+constexpr std::uint64_t bytesOfPhoto = 300;
+
+bool Fail(RecordFailure failure, int* result)
+{
+    *result = failure;
+    return false;
+}
+} // namespace
+
+ToviXmlSaveManager::ToviXmlSaveManager(const char* recordPath, const char* recordNote,
+                                       const char* deliveryRoot)
+    : ToviXmlManager(recordPath, deliveryRoot), note(recordNote == nullptr ? "" : recordNote)
+{
+    if (header.Make()) iterator = header.iterator.get();
+}
+
+bool ToviXmlSaveManager::Save(const ToviPhotoArray& photos, int* result)
+{
+    if (MibIsReadOnly(path)) return Fail(RecordReadOnly, result);
+    if (!HasSpace(photos.GetSize())) return Fail(RecordNoSpace, result);
+    if (!BuildFrame(photos.GetSize()) || !Find(RecordTags::states)) {
+        return Fail(RecordNotWritten, result);
+    }
+    if (!WritePhotos(photos)) return Fail(RecordCancelled, result);
+    header.document.TransIndent(nullptr);
+    if (!header.document.Save(path, 0, result)) return Fail(RecordNotWritten, result);
+    return true;
+}
+
+bool ToviXmlSaveManager::HasSpace(int photoCount) const
+{
+    const std::size_t slash = path.rfind('/');
+    const bool hasFolder = slash != CString::npos && slash > 0;
+    const std::uint64_t usable =
+        FreeSpace(hasFolder ? path.substr(0, slash) : CString()) + MibFileSize(path);
+    return usable > bytesOfFrame + bytesOfPhoto * static_cast<std::uint64_t>(photoCount);
+}
+
+bool ToviXmlSaveManager::BuildFrame(int photoCount)
+{
+    if (iterator == nullptr) return false;
+    iterator->Root();
+    Enter(RecordTags::root);
+    Enter(RecordTags::facts);
+    Write(RecordTags::photoCount, std::to_string(photoCount).c_str());
+    iterator->Parent();
+    return iterator->InsertChild(RecordTags::states);
+}
+
+bool ToviXmlSaveManager::WritePhotos(const ToviPhotoArray& photos)
+{
+    const int count = photos.GetSize();
+    ToviProgressDlg progress(false);
+    progress.Create(nullptr);
+    progress.SetCaption(nullptr);
+    progress.SetRange(0, count);
+    progress.SetStep(1);
+    progress.SetPos(0);
+    progress.Show();
+    for (int index = 0; index < count; ++index) {
+        WritePhoto(*photos[index]);
+        progress.SetMessage(Format("検査状況出力中　%d / %d", index + 1, count));
+        if (progress.GetCancel()) return false;
+        progress.StepIt();
+    }
+    return true;
+}
+
+void ToviXmlSaveManager::WritePhoto(ToviPhoto& photo)
+{
+    Enter(RecordTags::photo);
+    if (writePath) Write(RecordTags::path, photo.GetImagePath());
+    Write(RecordTags::comment, photo.GetComment().c_str());
+    for (unsigned int slot = 0; slot < labelCount; ++slot) {
+        Write(RecordTags::labels[slot], photo.IsLabelPasted(slot) ? "1" : "0");
+    }
+    iterator->Parent();
+}
+
+void ToviXmlSaveManager::Enter(const char* tag)
+{
+    iterator->InsertChild(tag);
+    iterator->ChildTail();
+}
+
+void ToviXmlSaveManager::Write(const char* tag, const char* text)
+{
+    Enter(tag);
+    iterator->SetText(text);
+    iterator->Parent();
+}

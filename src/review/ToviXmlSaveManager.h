@@ -1,0 +1,30 @@
+#pragma once
+
+#include "document/ToviPhotoArray.h"
+#include "review/ToviXmlManager.h"
+
+/// Writes the inspection record: the comments and labels of all photographs.
+class ToviXmlSaveManager : public ToviXmlManager
+{
+public:
+    /// \p recordNote is kept and not written; it and \p deliveryRoot may be null.
+    ToviXmlSaveManager(const char* recordPath, const char* recordNote, const char* deliveryRoot);
+
+    /// Has each photograph's image path written too.
+    void WritePath(bool write) { writePath = write; }
+
+    /// False leaves the file as it was and a RecordFailure in \p result.
+    bool Save(const ToviPhotoArray& photos, int* result);
+
+private:
+    bool HasSpace(int photoCount) const;
+    bool BuildFrame(int photoCount);
+    bool WritePhotos(const ToviPhotoArray& photos);
+    void WritePhoto(ToviPhoto& photo);
+    void Write(const char* tag, const char* text);
+    void Enter(const char* tag);
+
+    bool writePath = false;
+    ToviXmlHeaderManager header;
+    CString note;
+};

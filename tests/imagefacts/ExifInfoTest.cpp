@@ -1,0 +1,312 @@
+#include "imagefacts/FactsByTitle.h"
+#include "loading/Environment.h"
+#include "loading/WorkFolder.h"
+#include "support/OpenedSample.h"
+#include "support/SampleExif.h"
+#include "support/SamplePictures.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+namespace
+{
+using namespace std::string_literals;
+
+/// The rows of all groups in their order, as "title=value".
+std::vector<CString> Rows(const ToviExifInfo& exif)
+{
+    std::vector<CString> rows;
+    for (const ToviTextPairArray* group : {&exif.GetDate(), &exif.GetImage(), &exif.GetMaker(),
+                                           &exif.GetFormat(), &exif.GetShoot(), &exif.GetGPS()}) {
+        for (const ToviTextPair& pair : *group) {
+            rows.push_back(pair.GetItem() + "=" + pair.GetValue());
+        }
+    }
+    return rows;
+}
+
+CString ExifFact(const ToviPhoto& photo, const CString& title)
+{
+    CString value = "before";
+    photo.GetExifInfoFromTitle(title, value);
+    return value;
+}
+
+CString FileFact(const ToviPhoto& photo, const CString& title)
+{
+    CString value = "before";
+    photo.GetFileInfoFromTitle(title, value);
+    return value;
+}
+
+/// A machine of its own, and photographs without a delivery.
+class ImageFacts : public testing::Test
+{
+protected:
+    ImageFacts()
+    {
+        EnsureSampleGui();
+        SetEnvironment({Registry(temp.Path("user.ini"), temp.Path("machine.ini")),
+                        {"", temp.MakeFolder("documents"), "", temp.MakeFolder("temporary")},
+                        [](const CString&) { return DriveType::Fixed; }});
+    }
+
+    /// The bytes of a photograph taken at \p second of one minute.
+    static std::string Picture(const CString& extension, int second = 0)
+    {
+        const std::chrono::sys_days day = std::chrono::year(2024) / 5 / 1;
+        SampleScene scene{};
+        scene.takenAt = day + std::chrono::seconds(second);
+        return PhotoPicture(scene, extension);
+    }
+
+    static std::string WithoutExif()
+    {
+        const std::string jpeg = Picture(".JPG");
+        const auto length =
+            static_cast<unsigned char>(jpeg[4]) * 256u + static_cast<unsigned char>(jpeg[5]);
+        return jpeg.substr(0, 2) + jpeg.substr(4 + length);
+    }
+
+    static CString WorkFile(const CString& title)
+    {
+        return SuiteFolder() + "QVフォトビューアー/" + title + "_Exif.JPEG";
+    }
+
+    TempFolder temp;
+};
+
+TEST_F(ImageFacts, GroupsStandInTheirOrder)
+{
+    const SampleShot shot{.takenAt = std::chrono::sys_days(std::chrono::year(2024) / 5 / 1),
+                          .maker = "KAEDE",
+                          .model = "GENBA",
+                          .width = 1600,
+                          .height = 1200,
+                          .shutter = 125,
+                          .aperture = 40,
+                          .exposureBias = -0.3,
+                          .flash = true,
+                          .position = GeoPosition{36.5, 140.25, 12.3}};
+    const std::string jpeg = WithoutExif();
+    const CString path = temp.Write("P1.JPG", WithExif(jpeg, shot));
+    int width = 0;
+    int height = 0;
+    ASSERT_TRUE(LumImage::GetCommentImageSize(path.c_str(), width, height));
+    ToviExifInfo exif;
+    EXPECT_FALSE(exif.IsLoaded());
+    exif.Load(path.c_str());
+    EXPECT_TRUE(exif.IsLoaded());
+    EXPECT_EQ(exif.GetPath(), path);
+    const std::vector<CString> expected = {
+        "ファイル変更日時=2024/05/01 00:00:00",
+        "撮影日時=2024/05/01 00:00:00",
+        "ディジタルデータの作成日時=2024/05/01 00:00:00",
+        "大きさ=" + LumImage::SizeText(width, height),
+        "総画素数=" + LumImage::TotalPixelsText(width, height),
+        "画像入力機器のメーカー名=KAEDE",
+        "画像入力機器のモデル名=GENBA",
+        "使用ソフトウェア名=Ver.1.02",
+        "作者名=(不明)",
+        "撮影著作権者/編集著作権者=(不明)",
+        "Exifバージョン=2.3",
+        "露出時間=1/125 秒",
+        "シャッタースピード=1/125 秒",
+        "絞り値=F4",
+        "露光補正値=-0.3 EV",
+        "レンズ最小F値=F2.8",
+        "測光方式=分割測光",
+        "フラッシュ=発光、強制発光モード",
+        "レンズの焦点距離=5 mm",
+        "Fナンバー=F4",
+        "緯度=北緯36度30分0秒",
+        "経度=東経140度15分0秒",
+        "高度=12.3 m",
+    };
+    EXPECT_EQ(Rows(exif), expected);
+}
+
+TEST_F(ImageFacts, CopiesAndClearsAllButTheImageGroup)
+{
+    const CString path = temp.Write("P1.JPG", Picture(".JPG"));
+    ToviExifInfo exif;
+    exif.Load(path.c_str());
+    const ToviExifInfo copy(exif);
+    EXPECT_TRUE(copy.IsLoaded());
+    EXPECT_EQ(copy.GetPath(), path);
+    EXPECT_EQ(copy.GetImage().GetSize(), 0);
+    EXPECT_EQ(Rows(copy).size(), 21u);
+    EXPECT_EQ(ExifFactByTitle(copy, "幅×高さ(Exif)"), "");
+    EXPECT_EQ(ExifFactByTitle(copy, "測光方式"), "分割測光");
+
+    exif.Clear();
+    EXPECT_FALSE(exif.IsLoaded());
+    EXPECT_EQ(exif.GetPath(), "");
+    EXPECT_EQ(Rows(exif).size(), 2u);
+    exif = copy;
+    EXPECT_EQ(Rows(exif).size(), 23u);
+    exif.Load("");
+    EXPECT_FALSE(exif.IsLoaded());
+    EXPECT_EQ(Rows(exif).size(), 2u);
+}
+
+TEST_F(ImageFacts, PhotographsWithoutExifKnowNothing)
+{
+    for (const CString& path :
+         {temp.Write("P1.JPG", WithoutExif()), temp.Write("P2.JPG", "text"), temp.Path("P3.JPG")}) {
+        ToviPhoto photo(path.c_str());
+        EXPECT_FALSE(photo.CheckExif()) << path;
+        const std::vector<CString> rows = Rows(photo.GetExif());
+        EXPECT_EQ(rows.size(), 23u);
+        for (const CString& row : rows) EXPECT_TRUE(row.ends_with("=(不明)")) << row;
+        EXPECT_EQ(ExifFact(photo, "撮影日時"), "");
+    }
+    ToviPhoto none;
+    EXPECT_FALSE(none.CheckExif());
+    EXPECT_FALSE(none.GetExif().IsLoaded());
+}
+
+TEST_F(ImageFacts, PresenceIsAskedOnce)
+{
+    const CString path = temp.Write("P1.JPG", Picture(".JPG"));
+    ToviPhoto photo(path.c_str());
+    EXPECT_EQ(ExifFact(photo, "撮影日時"), "") << "nothing is read unasked";
+    EXPECT_TRUE(photo.CheckExif());
+    photo.LoadExif();
+    EXPECT_EQ(ExifFact(photo, "撮影日時"), "2024/05/01 00:00:00");
+    const ToviPhoto before(photo);
+    temp.Write("P1.JPG", WithoutExif());
+    EXPECT_TRUE(photo.CheckExif());
+    photo.LoadExif();
+    EXPECT_EQ(ExifFact(photo, "撮影日時"), "2024/05/01 00:00:00");
+    ToviPhoto copy(before);
+    EXPECT_TRUE(copy.CheckExif()) << "the copy takes the answer over, but not the data";
+    EXPECT_EQ(ExifFact(copy, "撮影日時"), "");
+    copy.LoadExif();
+    EXPECT_EQ(Rows(copy.GetExif())[1], "撮影日時=(不明)");
+    std::filesystem::remove(path);
+    EXPECT_EQ(ExifFact(photo, "撮影日時"), "");
+}
+
+TEST_F(ImageFacts, TitlesThatAreOfferedFindTheirRows)
+{
+    const std::string jpeg = Picture(".JPG");
+    // The text "KAEDE..." or any other maker's becomes that of the artist.
+    std::string withArtist = jpeg;
+    const std::size_t make = withArtist.find("\x0F\x01\x02\x00"s);
+    ASSERT_NE(make, std::string::npos);
+    withArtist.replace(make, 2, "\x3B\x01");
+    ToviPhoto photo(temp.Write("P1.JPG", withArtist).c_str());
+    photo.LoadExif();
+    const ToviExifInfo& exif = photo.GetExif();
+    const struct
+    {
+        const char* title;
+        CString value;
+    } cases[] = {
+        {"作成者", exif.GetMaker()[3].GetValue()},
+        {"作者名", ""},
+        {"画像入力機器のメーカー名", ""},
+        {"レンズ最少F値", "F2.8"},
+        {"レンズ最小F値", ""},
+        {"幅×高さ(Exif)", exif.GetImage()[0].GetValue()},
+        {"大きさ", ""},
+        {"総画素数(Exif)", exif.GetImage()[1].GetValue()},
+        {"総画素数", ""},
+        {"Exifバージョン", "2.3"},
+        {"高さ", ""},
+    };
+    EXPECT_NE(cases[0].value, "(不明)");
+    for (const auto& c : cases) EXPECT_EQ(ExifFact(photo, c.title), c.value) << c.title;
+}
+
+TEST_F(ImageFacts, SvgPhotographsAnswerFromTheirWorkFile)
+{
+    temp.MakeFolder("a");
+    ToviPhoto photo(temp.Write("a/P1.SVG", Picture(".SVG", 1)).c_str());
+    EXPECT_TRUE(photo.CheckExif());
+    EXPECT_EQ(photo.GetExif().GetMainImagePath(), WorkFile("P1"));
+    EXPECT_EQ(photo.GetExif().GetPath(), WorkFile("P1"));
+    EXPECT_EQ(ExifFact(photo, "撮影日時"), "2024/05/01 00:00:01");
+
+    ToviPhoto unasked(temp.Write("a/P2.SVG", Picture(".SVG")).c_str());
+    unasked.LoadExif();
+    EXPECT_EQ(ExifFact(unasked, "撮影日時"), "") << "only CheckExif makes the work file";
+
+    // One of the same title overwrites the work file, and one without a picture takes it away.
+    ToviPhoto twin(temp.Write("b/P1.SVG", Picture(".SVG", 2)).c_str());
+    EXPECT_TRUE(twin.CheckExif());
+    ToviExifInfo again;
+    again.Load(photo.GetImagePath());
+    EXPECT_EQ(again.GetDate()[1].GetValue(), "2024/05/01 00:00:02");
+    ToviPhoto broken(temp.Write("c/P1.SVG", "<svg/>").c_str());
+    EXPECT_FALSE(broken.CheckExif());
+    EXPECT_FALSE(std::filesystem::exists(WorkFile("P1")));
+
+    ToviPhoto lowerCase(temp.Write("a/P3.svg", Picture(".SVG")).c_str());
+    EXPECT_FALSE(lowerCase.CheckExif());
+    EXPECT_EQ(lowerCase.GetExif().GetMainImagePath(), "");
+    EXPECT_FALSE(std::filesystem::exists(WorkFile("P3")));
+}
+
+TEST_F(ImageFacts, FilesTellOfThemselves)
+{
+    const std::string jpeg = Picture(".JPG");
+    const struct
+    {
+        const char* name;
+        std::string bytes;
+        std::filesystem::perms permissions;
+        const char* size;
+        const char* readOnly;
+    } cases[] = {
+        {"1023", std::string(1023, 'x'), std::filesystem::perms(0644), "0 KB", "No"},
+        {"1024", std::string(1024, 'x'), std::filesystem::perms(0444), "1 KB", "Yes"},
+        {".hidden", std::string(2047, 'x'), std::filesystem::perms(0444), "1 KB", "No"},
+    };
+    for (const auto& c : cases) {
+        const CString path = temp.Write(c.name, c.bytes);
+        std::filesystem::permissions(path, c.permissions);
+        const ToviPhoto photo(path.c_str());
+        EXPECT_EQ(FileFact(photo, "ファイルサイズ"), c.size) << c.name;
+        EXPECT_EQ(FileFact(photo, "読み取り専用"), c.readOnly) << c.name;
+        EXPECT_EQ(FileFact(photo, "幅×高さ"), "");
+        EXPECT_EQ(FileFact(photo, "作者名"), "");
+    }
+
+    const CString path = temp.Write("P1.JPG", jpeg);
+    ToviPhoto photo(path.c_str());
+    int width = 0;
+    int height = 0;
+    ASSERT_TRUE(photo.GetImageSize(width, height));
+    EXPECT_EQ(FileFact(photo, "幅×高さ"), LumImage::SizeText(width, height));
+    EXPECT_EQ(FileFact(photo, "総画素数"), LumImage::TotalPixelsText(width, height));
+    const CString made = FileFact(photo, "作成日時");
+    const std::chrono::hours day(24);
+    std::filesystem::last_write_time(path, std::filesystem::last_write_time(path) - day);
+    EXPECT_EQ(FileFact(photo, "作成日時"), made) << "the file was made when it was made";
+    EXPECT_LT(FileFact(photo, "最終更新日時"), made);
+    EXPECT_EQ(FileFact(photo, "最終更新日時").size(), 19u);
+    EXPECT_EQ(ReplaceAll(FileFact(photo, "最終更新日時").substr(0, 10), "/", "-"),
+              photo.GetFileRenewalDate());
+    photo.ClearImagePath();
+    EXPECT_EQ(FileFact(photo, "ファイルサイズ"), "");
+}
+
+TEST_F(ImageFacts, NothingOutsideTheDeliveryIsOpened)
+{
+    const OpenedSample sample(DeliveryBuilder({.photos = 2, .drawings = 0}));
+    const CString inside = sample.Photo(0).GetImagePath();
+    const CString outside = sample.temp.Path("outside.jpg");
+    std::filesystem::rename(inside, outside);
+    std::filesystem::create_symlink(outside, inside);
+    for (int i = 0; i < 2; ++i) {
+        ToviPhoto& photo = sample.Photo(i);
+        EXPECT_EQ(photo.CheckExif(), i == 1);
+        EXPECT_EQ(photo.GetExif().IsLoaded(), i == 1);
+        EXPECT_EQ(FileFact(photo, "幅×高さ").empty(), i == 0);
+        EXPECT_EQ(FileFact(photo, "ファイルサイズ").empty(), i == 0);
+    }
+}
+} // namespace

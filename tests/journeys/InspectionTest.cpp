@@ -1,0 +1,177 @@
+#include "platform/Cp932.h"
+#include "support/DeliveryBuilder.h"
+#include "support/RunProgram.h"
+#include "support/TempFolder.h"
+
+#include <gmock/gmock.h>
+#include <nlohmann/json.hpp>
+
+#include <sys/stat.h>
+
+namespace
+{
+using Json = nlohmann::json;
+using testing::HasSubstr;
+
+/// An inspection of six photographs from scripts, with the record beside the delivery.
+class Inspection : public testing::Test
+{
+protected:
+    Inspection()
+    {
+        DeliveryBuilder builder({.photos = 6, .drawings = 0, .images = false});
+        for (int i = 0; i < 6; ++i) {
+            builder.Set(i, "工種", i < 3 ? "舗装工" : "擁壁工").Set(i, "種別", "").Set(i, "細別", "");
+            builder.Set(i, "シリアル番号", std::to_string(10 - i)).Set(i, "代表写真", i % 2 == 0 ? "1" : "0");
+            builder.Set(i, "撮影年月日", "2024-03-0" + std::to_string(i + 1));
+        }
+        builder.Set(5, "撮影箇所", "");
+        builder.Write(temp.Path("d"));
+    }
+
+    ProgramResult Run(std::vector<CString> arguments) const
+    {
+        arguments.insert(arguments.begin() + 1, delivery);
+        arguments.insert(arguments.begin(), "tovi");
+        return RunProgram(arguments, temp.Path("config"));
+    }
+
+    /// The current array that select makes under these options.
+    CString Selected(std::vector<CString> options) const
+    {
+        options.insert(options.begin(), "select");
+        const ProgramResult result = Run(options);
+        return result.status == 0 ? Json::parse(result.output)["current"].dump() : result.errors;
+    }
+
+    CString Recorded() const { return Json::parse(Run({"record", record}).output).dump(); }
+
+    TempFolder temp;
+    CString delivery = temp.Path("d");
+    CString record = temp.Path("記録.xml");
+};
+
+TEST_F(Inspection, GoesFromLabelsToARecordAndBack)
+{
+    EXPECT_EQ(Run({"label", "--record", record, "--at", "0,2", "--paste", "0"}).status, 0);
+    EXPECT_EQ(Run({"label", "--record", record, "--at", "2-3", "--paste", "1", "--comment", "舗装厚を<確認>①𠮷"}).status, 0);
+    EXPECT_EQ(Run({"correct", "--record", record, "--type", "2", "--node", "舗装工", "--action", "ok"}).status, 0);
+    EXPECT_EQ(Recorded(), R"([{"comment":"","index":0,"labels":[0]},{"comment":"","index":1,"labels":[0]},)"
+                          R"({"comment":"舗装厚を<確認>①𠮷","index":2,"labels":[1,4]},)"
+                          R"({"comment":"舗装厚を<確認>①𠮷","index":3,"labels":[1,4]},)"
+                          R"({"comment":"","index":4,"labels":[]},{"comment":"","index":5,"labels":[]}])");
+    const Json photos = Json::parse(Run({"photos", "--record", record}).output);
+    EXPECT_EQ(photos[3]["labels"], Json::parse("[1,4]"));
+
+    const CString paths = temp.Path("paths.xml");
+    EXPECT_EQ(Run({"return", "--record", record, paths}).status, 0);
+    EXPECT_THAT(*Cp932::Decode(temp.Read("paths.xml")), HasSubstr("<写真ファイルパス>" + delivery + "/PHOTO/PIC/"));
+
+    EXPECT_EQ(Run({"label", "--record", record, "--at", "3", "--remove", "4", "--remove", "1"}).status, 0);
+    EXPECT_EQ(Run({"label", "--record", record, "--at", "2", "--clear", "--paste", "5"}).status, 0);
+    EXPECT_EQ(Run({"correct", "--record", record, "--action", "unchecked"}).status, 0);
+    const Json left = Json::parse(Run({"record", record}).output);
+    EXPECT_EQ(left[2]["labels"].dump() + left[2]["comment"].dump(), "[5]\"\"");
+    EXPECT_EQ(left[0]["labels"].dump() + left[3]["labels"].dump(), "[][]");
+}
+
+TEST_F(Inspection, NarrowsAndOrders)
+{
+    Run({"label", "--record", record, "--at", "1", "--paste", "2"});
+    Run({"label", "--record", record, "--at", "4", "--paste", "0"});
+    const struct
+    {
+        std::vector<CString> options;
+        const char* current;
+    } cases[] = {
+        {{"--type", "2"}, "[0,1,2,3,4,5]"},
+        {{"--type", "2", "--node", "擁壁工"}, "[3,4,5]"},
+        {{"--type", "2", "--sort", "シリアル番号"}, "[5,4,3,2,1,0]"},
+        {{"--type", "2", "--sort", "撮影年月日", "--descending"}, "[5,4,3,2,1,0]"},
+        {{"--type", "2", "--key-photo"}, "[0,2,4]"},
+        {{"--type", "2", "--node", "擁壁工", "--key-photo"}, "[4]"},
+        {{"--type", "2", "--record", record, "--ng"}, "[1]"},
+        {{"--type", "2", "--record", record, "--unchecked", "--key-photo"}, "[0,2]"},
+        {{"--type", "2", "--record", record, "--or", "--ng", "--key-photo"}, "[0,1,2,4]"},
+        {{"--record", record, "--label", "0"}, "[4]"},
+        {{"--type", "2", "--item", "工種=舗装工", "--item", "代表写真=0"}, "[1]"},
+        {{"--type", "2", "--item", "撮影箇所=【未記入】"}, "[5]"},
+        {{"--type", "2", "--date-from", "2024-03-02", "--date-to", "2024-03-04"}, "[1,2,3]"},
+        {{"--type", "2", "--date-from", "1999-01-01", "--date-to", "2999-01-01", "--file-date"}, "[]"},
+        {{"--type", "2", "--no-exif", "--sort", "シリアル番号"}, "[5,4,3,2,1,0]"},
+        {{"--missing-required"}, "[]"},
+    };
+    for (const auto& c : cases) EXPECT_EQ(Selected(c.options), c.current) << testing::PrintToString(c.options);
+}
+
+TEST_F(Inspection, SaysWhatIsWrong)
+{
+    Run({"label", "--record", record, "--at", "0", "--paste", "0"});
+    temp.Write("other.xml", "<検査状況><情報><写真枚数>7</写真枚数></情報><状況><写真/></状況></検査状況>");
+    const CString locked = temp.Write("locked.xml", temp.Read("記録.xml"));
+    chmod(locked.c_str(), 0444);
+    const struct
+    {
+        std::vector<CString> arguments;
+        int status;
+        const char* sentence;
+    } cases[] = {
+        {{"record", temp.Path("missing.xml")}, 1, "がありません"},
+        {{"record", temp.Path("other.xml")}, 1, "写真の枚数がこの納品データ（6枚）と違います"},
+        {{"label", "--record", locked, "--at", "0", "--paste", "1"}, 1, "読み取り専用"},
+        {{"label", "--record", temp.Path("none/r.xml"), "--at", "0", "--paste", "1"}, 1, "フォルダがありません"},
+        {{"label", "--record", delivery + "/PHOTO/r.xml", "--at", "0", "--paste", "1"}, 2, "納品データのフォルダ"},
+        {{"label", "--record", record, "--at", "6", "--paste", "1"}, 2, "0から5まで"},
+        {{"label", "--record", record, "--at", "2-", "--paste", "1"}, 2, "0,3,5-9"},
+        {{"label", "--record", record, "--paste", "1"}, 2, "--at か --node"},
+        {{"label", "--record", record, "--at", "1", "--paste", "4"}, 2, "コメントのない写真"},
+        {{"label", "--record", record, "--at", "1", "--paste", "6"}, 2, "使い方"},
+        {{"correct", "--record", record, "--action", "none"}, 2, "使い方"},
+        {{"select", "--item", "工種"}, 2, "項目名=値"},
+        {{"select", "--item", "a=1", "--item", "b=1", "--item", "c=1", "--item", "d=1"}, 2, "3つまで"},
+        {{"select", "--date-from", "2024/03/01", "--date-to", "2024-03-02"}, 2, "2024-03-31 の形"},
+        {{"select", "--date-from", "2024-03-01"}, 2, "両方"},
+        {{"select", "--and", "--or", "--ng"}, 2, "使い方"},
+    };
+    const CString before = temp.Read("記録.xml");
+    for (const auto& c : cases) {
+        const ProgramResult result = Run(c.arguments);
+        EXPECT_EQ(result.status, c.status) << testing::PrintToString(c.arguments) << result.errors;
+        EXPECT_THAT(result.errors, HasSubstr(c.sentence)) << testing::PrintToString(c.arguments);
+    }
+    EXPECT_EQ(temp.Read("記録.xml"), before);
+    EXPECT_EQ(temp.Read("locked.xml"), before);
+}
+
+TEST_F(Inspection, SurvivesBeingKilled)
+{
+    ASSERT_EQ(Run({"label", "--record", record, "--at", "0", "--paste", "1", "--comment", "一"}).status, 0);
+    for (int round = 0; round < 40; ++round) {
+        const CString comment(static_cast<std::size_t>(round) * 500, 'c');
+        RunProgramAndKill({"tovi", "label", delivery, "--record", record, "--at", "0-5", "--comment", comment},
+                          temp.Path("config"), 3000 + round * 500);
+        const ProgramResult result = Run({"record", record});
+        ASSERT_EQ(result.status, 0) << round << result.errors;
+        EXPECT_EQ(Json::parse(result.output)[0]["labels"], Json::parse("[1,4]")) << round;
+    }
+}
+
+TEST_F(Inspection, ShowsExifFactsOfTheFilesThatAreThere)
+{
+    DeliveryBuilder({.photos = 3, .drawings = 0}).Write(temp.Path("pictures"));
+    delivery = temp.Path("pictures");
+    const Json facts = Json::parse(Run({"exif", "--at", "0-2"}).output);
+    ASSERT_EQ(facts.size(), 3u);
+    int withExif = 0;
+    for (const Json& photo : facts) {
+        withExif += photo["hasExif"].get<bool>();
+        EXPECT_EQ(photo["date"].size() + photo["image"].size() + photo["maker"].size() + photo["format"].size() +
+                      photo["shoot"].size() + photo["gps"].size(),
+                  23u);
+        EXPECT_THAT(photo["file"]["ファイルサイズ"].get<std::string>(), HasSubstr(" KB"));
+        EXPECT_THAT(photo["file"]["総画素数"].get<std::string>(), HasSubstr("万画素"));
+    }
+    EXPECT_GT(withExif, 0);
+    EXPECT_EQ(Json::parse(Run({"exif", "--at", "1"}).output).size(), 1u);
+}
+} // namespace

@@ -1,0 +1,263 @@
+#include "loading/Environment.h"
+#include "platform/Cp932.h"
+#include "platform/DiskSpace.h"
+#include "review/RecordTags.h"
+#include "support/OpenedSample.h"
+
+#include <gtest/gtest.h>
+
+#include <fcntl.h>
+#include <signal.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace
+{
+constexpr std::uint64_t plenty = std::uint64_t{1} << 40;
+
+/// A delivery with its work folder beside it, and plenty of space.
+class Record : public testing::Test
+{
+protected:
+    explicit Record(int photos = 3)
+        : sample(DeliveryBuilder({.photos = photos, .drawings = 0, .images = false}))
+    {
+        const CString work = sample.temp.MakeFolder("work");
+        SetEnvironment({Registry(sample.temp.Path("user.ini"), sample.temp.Path("machine.ini")),
+                        {"", work, work, work},
+                        {}});
+        SetFreeSpaceQuery([](const CString&) { return plenty; });
+    }
+    ~Record() override { SetFreeSpaceQuery({}); }
+
+    bool Save(const CString& name = "r.xml") { return document.SaveExamination(sample.temp.Path(name).c_str(), "note", &reason); }
+    bool Load(const CString& name = "r.xml") { return document.LoadExamination(sample.temp.Path(name).c_str(), &reason); }
+
+    CString State(int index) const
+    {
+        CString text;
+        for (unsigned int slot = 0; slot < labelCount; ++slot) {
+            text += sample.Photo(index).IsLabelPasted(slot) ? '1' : '0';
+        }
+        return text + sample.Photo(index).GetComment();
+    }
+
+    void WriteRecord(const CString& inside, const CString& count = "3")
+    {
+        sample.temp.Write("r.xml", Cp932::EncodeForXml("<?xml version=\"1.0\" encoding=\"Shift_JIS\"?>\n<検査状況><情報><写真枚数>" +
+                                                       count + "</写真枚数></情報>" + inside + "</検査状況>"));
+    }
+
+    OpenedSample sample;
+    ToviData& document = *sample.document;
+    int reason = -1;
+};
+
+TEST_F(Record, HoldsWhatItsFormatSays)
+{
+    sample.Photo(0).PasteLabel(LabelOk);
+    sample.Photo(0).SetComment("<①>");
+    ASSERT_TRUE(Save());
+    const CString expected = "<?xml version=\"1.0\" encoding=\"Shift_JIS\"?>\n"
+                             "<!DOCTYPE examinationdata SYSTEM \"\">\n"
+                             "<検査状況>\n\t<情報>\n\t\t<写真枚数>3</写真枚数>\n\t</情報>\n\t<状況>\n"
+                             "\t\t<写真>\n\t\t\t<コメント>&lt;①&gt;</コメント>\n\t\t\t<付箋1-OK>1</付箋1-OK>\n";
+    EXPECT_TRUE(Cp932::Decode(sample.temp.Read("r.xml"))->starts_with(expected));
+    EXPECT_FALSE(std::filesystem::exists(sample.temp.Path("work/QVScratch/QV-SUITE/HeaderExamination.tmp")));
+    EXPECT_EQ(sample.temp.Read("r.xml").find(Cp932::EncodeForXml("写真ファイルパス")), CString::npos);
+
+    document.SetCheckStatusChanged(true);
+    document.ReturnExam(sample.temp.Path("paths.xml").c_str());
+    EXPECT_TRUE(document.IsCheckStatusChanged());
+    EXPECT_NE(sample.temp.Read("paths.xml").find("PIC/P0000"), CString::npos);
+    sample.Photo(0).RemoveAllLabel();
+    EXPECT_TRUE(Load("paths.xml"));
+    EXPECT_EQ(State(0), "100000<①>");
+}
+
+TEST_F(Record, GivesBackEveryCommentAndLabel)
+{
+    const CString comments[] = {"<&>\"'",        "一\r\n二\n三\r四", "　全角　",     " 半角 ", " ",
+                                "\n",            "①～－㈱髙",       "𠮷野家で𠮟る", "\tタブ", "]]>&amp;&#65;",
+                                CString(5000, 'x'), "é"};
+    for (const CString& comment : comments) {
+        sample.Photo(1).SetComment(comment);
+        sample.Photo(1).PasteLabel(LabelNg2);
+        sample.Photo(2).PasteLabel(LabelFree);
+        document.SetCheckStatusChanged(true);
+        ASSERT_TRUE(Save());
+        EXPECT_FALSE(document.IsCheckStatusChanged());
+        sample.Photo(0).SetComment("消える");
+        for (int i = 1; i < 3; ++i) sample.Photo(i).RemoveAllLabel();
+        ASSERT_TRUE(Load());
+        EXPECT_EQ(State(0), "000000");
+        EXPECT_EQ(State(1), "001000" + comment);
+        EXPECT_EQ(State(2), "000001");
+    }
+    sample.Photo(0).SetComment(CString("使えない\x01文字"));
+    ASSERT_TRUE(Save());
+    ASSERT_TRUE(Load());
+    EXPECT_EQ(State(0), "000000使えない〓文字");
+}
+
+TEST_F(Record, ReadsWhatAHandHasWritten)
+{
+    sample.Photo(0).SetComment("前の");
+    sample.Photo(0).PasteLabel(LabelNg3);
+    sample.Photo(2).SetComment("前の");
+    WriteRecord("<状況>"
+                "<写真><付箋6-任意>1</付箋6-任意><知らない>1</知らない><付箋1-OK>1</付箋1-OK></写真>"
+                "<写真><コメント>&#x9AD9;&#134071;</コメント><付箋2-NG1>2</付箋2-NG1><付箋3-NG2></付箋3-NG2></写真>"
+                "<!-- c --><写真><コメント></コメント><写真ファイルパス>x</写真ファイルパス></写真></状況>");
+    ASSERT_TRUE(Load());
+    EXPECT_EQ(State(0), "100101前の") << "what the record lacks stays";
+    EXPECT_EQ(State(1), "000000髙𠮷");
+    EXPECT_EQ(State(2), "000000");
+}
+
+TEST_F(Record, RefusesWhatDoesNotFitAndChangesNothing)
+{
+    const CString photo = "<写真><コメント>新</コメント></写真>";
+    const struct
+    {
+        const char* what;
+        CString inside;
+        CString count;
+        int reason;
+    } cases[] = {
+        {"another number", "<状況>" + photo + "</状況>", "4", RecordCountDiffers},
+        {"no number", "<状況>" + photo + "</状況>", "三", RecordCountDiffers},
+        {"no states", "", "3", RecordNoStates},
+        {"empty states", "<状況/>", "3", RecordNoStates},
+        {"a number with text behind it", "<状況/>", " +3枚", RecordNoStates},
+    };
+    for (const auto& c : cases) {
+        WriteRecord(c.inside, c.count);
+        reason = -1;
+        EXPECT_FALSE(Load()) << c.what;
+        EXPECT_EQ(reason, c.reason) << c.what;
+        EXPECT_EQ(State(0), "000000") << c.what;
+    }
+    for (const CString& bytes : {CString(), CString("<検査状況>"), CString("<a/>"), CString("\x81")}) {
+        sample.temp.Write("r.xml", bytes);
+        EXPECT_FALSE(Load());
+        EXPECT_EQ(reason, RecordCountDiffers);
+    }
+    reason = -1;
+    EXPECT_FALSE(Load("missing.xml"));
+    EXPECT_EQ(reason, RecordCountDiffers);
+    reason = -1;
+    EXPECT_FALSE(document.LoadExamination("", &reason));
+    EXPECT_FALSE(document.SaveExamination("", nullptr, &reason));
+    EXPECT_EQ(reason, -1);
+}
+
+TEST_F(Record, EndsOnHostileFiles)
+{
+    const auto repeated = [](const CString& text, int times) {
+        CString all;
+        for (int i = 0; i < times; ++i) all += text;
+        return all;
+    };
+    const struct
+    {
+        const char* what;
+        CString inside;
+        CString state;
+    } cases[] = {
+        {"a million photographs too many", "<状況>" + repeated("<写真><付箋1-OK>1</付箋1-OK></写真>", 300000) + "</状況>", "100000"},
+        {"too few photographs", "<状況><写真><付箋1-OK>1</付箋1-OK></写真></状況>", "100000"},
+        {"a million children", "<状況><写真>" + repeated("<x/>", 1000000) + "<付箋2-NG1>1</付箋2-NG1></写真></状況>", "010000"},
+        {"deep nesting", "<状況><写真>" + repeated("<x>", 100000) + repeated("</x>", 100000) + "</写真></状況>", "000000"},
+        {"no children", "<状況><写真/><写真/><写真/></状況>", "000000"},
+    };
+    for (const auto& c : cases) {
+        for (int i = 0; i < 3; ++i) sample.Photo(i).RemoveAllLabel();
+        WriteRecord(c.inside);
+        EXPECT_TRUE(Load()) << c.what;
+        for (int i = 0; i < 3; ++i) EXPECT_EQ(State(i), c.state) << c.what;
+    }
+}
+
+TEST_F(Record, SavesNothingWhereItMustNot)
+{
+    ASSERT_TRUE(Save());
+    const CString old = sample.temp.Read("r.xml");
+    sample.Photo(0).SetComment("新しい");
+    document.SetCheckStatusChanged(true);
+
+    chmod(sample.temp.Path("r.xml").c_str(), 0444);
+    SetFreeSpaceQuery([](const CString&) { return 0; });
+    EXPECT_FALSE(Save());
+    EXPECT_EQ(reason, RecordReadOnly) << "before any question of space";
+    chmod(sample.temp.Path("r.xml").c_str(), 0644);
+
+    const std::uint64_t needed = 500 + 300 * 3;
+    CString asked;
+    SetFreeSpaceQuery([&](const CString& folder) {
+        asked = folder;
+        return needed - old.size();
+    });
+    EXPECT_FALSE(Save());
+    EXPECT_EQ(reason, RecordNoSpace);
+    EXPECT_EQ(asked, sample.temp.Path());
+    SetFreeSpaceQuery([&](const CString&) { return needed; });
+    EXPECT_FALSE(Save("new.xml"));
+    EXPECT_EQ(reason, RecordNoSpace);
+    EXPECT_EQ(sample.temp.Read("r.xml"), old);
+    EXPECT_TRUE(document.IsCheckStatusChanged());
+
+    SetFreeSpaceQuery([&](const CString&) { return needed + 1; });
+    EXPECT_TRUE(Save("new.xml"));
+    SetFreeSpaceQuery([](const CString&) { return plenty; });
+    EXPECT_FALSE(Save("missing/r.xml"));
+    EXPECT_EQ(reason, RecordNotWritten);
+    SetFreeSpaceQuery({});
+    EXPECT_FALSE(Save("missing/r.xml"));
+    EXPECT_EQ(reason, RecordNoSpace) << "a volume that can't be asked has no space";
+}
+
+TEST_F(Record, NeedsTheWorkFolderForItsTemplate)
+{
+    sample.temp.Write("file", "");
+    SetEnvironment({Registry(sample.temp.Path("user.ini"), sample.temp.Path("machine.ini")),
+                    {"", sample.temp.Path("file/documents"), "", ""},
+                    {}});
+    EXPECT_FALSE(Save());
+    EXPECT_EQ(reason, RecordNotWritten);
+    EXPECT_EQ(sample.services.user.Messages(), (CStringArray{"エラー発生"}));
+    EXPECT_FALSE(std::filesystem::exists(sample.temp.Path("r.xml")));
+}
+
+class EmptyRecord : public Record
+{
+protected:
+    EmptyRecord() : Record(0) {}
+};
+
+TEST_F(EmptyRecord, SavesAFrameThatDoesNotLoad)
+{
+    EXPECT_TRUE(Save());
+    EXPECT_FALSE(Load());
+    EXPECT_EQ(reason, RecordNoStates);
+}
+
+TEST_F(Record, IsWholeWheneverTheSavingIsKilled)
+{
+    ASSERT_TRUE(Save());
+    for (int round = 0; round < 60; ++round) {
+        const pid_t child = fork();
+        if (child == 0) {
+            for (int i = 0;; ++i) {
+                sample.Photo(0).SetComment(CString(static_cast<std::size_t>(i % 7) * 3000, 'c'));
+                Save();
+            }
+        }
+        usleep(static_cast<useconds_t>(round * 211 % 5000));
+        kill(child, SIGKILL);
+        waitpid(child, nullptr, 0);
+        ASSERT_TRUE(Load()) << round;
+    }
+}
+} // namespace
