@@ -1,6 +1,7 @@
 #include "extraction/ExtractionEngine.h"
 
 #include "document/ToviNode.h"
+#include "extraction/FetchAhead.h"
 #include "loading/ToviItemDef.h"
 #include "reports/ToviProgressDlg.h"
 
@@ -129,23 +130,24 @@ ExtractionEngine::Outcome ExtractionEngine::Run(ToviPhotoRef& current,
                                                     const) const
 {
     // A handler that runs inside the progress window's pump may change the current array.
-    CArray<int> indexes;
-    indexes.Reserve(current.GetSize());
-    for (const int index : current) indexes.Add(index);
-    const CString behindNumber = " / " + std::to_string(indexes.GetSize());
+    const std::vector<int> indexes(current.begin(), current.end());
+    std::vector<ToviPhoto*> photos;
+    photos.reserve(indexes.size());
+    for (const int index : indexes) photos.push_back(photoData[index]);
+    const CString behindNumber = " / " + std::to_string(indexes.size());
 
     ToviProgressDlg progress(true);
     progress.Create(nullptr);
     progress.SetCaption(nullptr);
-    progress.SetRange(0, indexes.GetSize());
+    progress.SetRange(0, current.GetSize());
     progress.SetStep(1);
     progress.SetPos(0);
     progress.Show();
     CArray<int> result;
-    for (int i = 0; i < indexes.GetSize(); ++i) {
-        ToviPhoto* const photo = photoData[indexes[i]];
-        if (photo == nullptr) return Outcome::Abandoned;
-        const Verdict verdict = (this->*judge)(*photo);
+    for (std::size_t i = 0; i < photos.size(); ++i) {
+        if (photos[i] == nullptr) return Outcome::Abandoned;
+        FetchAhead(photos, i);
+        const Verdict verdict = (this->*judge)(*photos[i]);
         if (verdict == Verdict::Holds) result.Add(indexes[i]);
         if (verdict == Verdict::NoDate) continue;
         progress.SetMessage(progressText + std::to_string(i + 1) + behindNumber);

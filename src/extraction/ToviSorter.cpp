@@ -1,9 +1,11 @@
 #include "extraction/ToviSorter.h"
 
 #include "document/ToviData.h"
+#include "extraction/FetchAhead.h"
 #include "platform/Cp932.h"
 
 #include <algorithm>
+#include <array>
 #include <climits>
 #include <cstdint>
 #include <cstdlib>
@@ -60,16 +62,15 @@ std::string TextKey(const char* value)
 struct SortItem
 {
     /// The first bytes of the text, filled up with 0, or the number.
-    std::uint64_t high = 0;
-    std::uint64_t low = 0;
+    std::array<std::uint64_t, 4> words{};
     const ToviSorter::Data* entry = nullptr;
     int tieBreak = 0;
-    /// high and low are the whole key.
+    /// The words are the whole key.
     bool whole = true;
 };
 
-/// The positions in \p ref in the order of their photo indexes: photographs lie in memory in the order
-/// of the actual array, of \p photos ones, while the current array jumps about in it.
+/// The positions in \p ref in the order of their photo indexes: photographs lie in memory in the
+/// order of the actual array, of \p photos ones, while the current array jumps about in it.
 std::vector<int> PositionsByIndex(const ToviPhotoRef& ref, int photos)
 {
     constexpr int none = -1;
@@ -101,15 +102,16 @@ SortItem MakeItem(const ToviSorter::Data& entry, bool ascending)
     item.entry = &entry;
     item.tieBreak = entry.index;
     if (entry.numeric) {
-        item.high = static_cast<std::uint64_t>(static_cast<std::int64_t>(entry.number) - INT_MIN);
+        item.words[0] =
+            static_cast<std::uint64_t>(static_cast<std::int64_t>(entry.number) - INT_MIN);
     } else {
-        item.high = WordAt(entry.text, 0);
-        item.low = WordAt(entry.text, wordBytes);
-        item.whole = entry.text.size() <= 2 * wordBytes;
+        for (std::size_t i = 0; i < item.words.size() && i * wordBytes < entry.text.size(); ++i) {
+            item.words[i] = WordAt(entry.text, i * wordBytes);
+        }
+        item.whole = entry.text.size() <= sizeof item.words;
     }
     if (!ascending) {
-        item.high = ~item.high;
-        item.low = ~item.low;
+        for (std::uint64_t& word : item.words) word = ~word;
         item.tieBreak = ~item.tieBreak;
     }
     return item;
@@ -124,21 +126,25 @@ int SignOf(int number)
 void ToviSorter::PrepareSort(const CString& key, const ToviPhotoRef& ref)
 {
     if (data == nullptr || ref.IsEmpty()) return;
+    std::vector<ToviPhoto*> photos;
     entries.clear();
     entries.reserve(static_cast<std::size_t>(ref.GetSize()));
+    photos.reserve(entries.capacity());
+    for (const int i : PositionsByIndex(ref, data->GetTotalCountPhoto())) {
+        photos.push_back(data->GetPhoto(i));
+        if (photos.back() == nullptr) ThrowOutsideArray(i, data->GetCurrentPhotoCount());
+        entries.emplace_back().index = ref[i];
+    }
     const int item = data->GetItemDef()->GetIndexFromTitle(key);
     const bool numeric = key == numericKey;
-    for (const int i : PositionsByIndex(ref, data->GetTotalCountPhoto())) {
-        const ToviPhoto* photo = data->GetPhoto(i);
-        if (photo == nullptr) ThrowOutsideArray(i, data->GetCurrentPhotoCount());
-        const char* const value = photo->GetTitle(item);
-        Data& entry = entries.emplace_back();
-        entry.index = ref[i];
-        entry.numeric = numeric;
+    for (std::size_t i = 0; i < photos.size(); ++i) {
+        FetchAhead(photos, i);
+        const char* const value = photos[i]->GetTitle(item);
+        entries[i].numeric = numeric;
         if (numeric) {
-            entry.number = DecimalPrefix(value);
+            entries[i].number = DecimalPrefix(value);
         } else {
-            entry.text = TextKey(value);
+            entries[i].text = TextKey(value);
         }
     }
 }
@@ -151,8 +157,9 @@ void ToviSorter::QuickSort(bool ascending, ToviPhotoRef& ref)
     for (const Data& entry : entries) items.push_back(MakeItem(entry, ascending));
     const auto compare = ascending ? CompareUp : CompareDown;
     std::sort(items.begin(), items.end(), [compare](const SortItem& a, const SortItem& b) {
-        if (a.high != b.high) return a.high < b.high;
-        if (a.low != b.low) return a.low < b.low;
+        for (std::size_t i = 0; i < a.words.size(); ++i) {
+            if (a.words[i] != b.words[i]) return a.words[i] < b.words[i];
+        }
         if (a.whole && b.whole) return a.tieBreak < b.tieBreak;
         return compare(*a.entry, *b.entry) < 0;
     });

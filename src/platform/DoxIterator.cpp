@@ -72,9 +72,14 @@ void DoxIterator::GetTagName(CString& tag) const
     tag = NodeOf(node).name();
 }
 
+std::string_view DoxIterator::TagName() const
+{
+    return NodeOf(node).name();
+}
+
 bool DoxIterator::IsTag(std::string_view tag) const
 {
-    return NodeOf(node).name() == tag;
+    return TagName() == tag;
 }
 
 void DoxIterator::GetText(CString& text) const

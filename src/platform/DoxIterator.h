@@ -6,9 +6,9 @@
 
 class DoxDocument;
 
-/// A place in a DoxDocument: on an element, once Root() was called on a document that has one, else on
-/// the document itself. Every move that finds no element leaves the iterator where it is and answers
-/// false.
+/// A place in a DoxDocument: on an element, once Root() was called on a document that has one, else
+/// on the document itself. Every move that finds no element leaves the iterator where it is and
+/// answers false.
 class TOVI_EXPORT DoxIterator
 {
 public:
@@ -28,6 +28,8 @@ public:
     bool Next();
 
     void GetTagName(CString& tag) const;
+    /// The tag name, valid as long as the document.
+    std::string_view TagName() const;
     /// True when the tag name is exactly \p tag.
     bool IsTag(std::string_view tag) const;
     /// The character data directly inside this element, not that of its children.
@@ -37,13 +39,14 @@ public:
     /// True unless the iterator is on the document itself.
     bool IsElement() const;
     /// Appends an empty element \p tag to the children of this one, or makes it the root where the
-    /// document has none. The iterator stays. False when the tag is empty or there is a root already.
+    /// document has none. The iterator stays. False when the tag is empty or there is a root
+    /// already.
     bool InsertChild(const char* tag);
     /// Replaces the character data of this element, which must have no children.
     void SetText(const char* text);
     void SetText(unsigned long number);
-    /// Takes this element out with all beneath; the iterator goes to the one around it. False on the
-    /// document itself.
+    /// Takes this element out with all beneath; the iterator goes to the one around it. False on
+    /// the document itself.
     bool Remove();
 
     /// A number that grows in document order: of two places the one with the larger number begins

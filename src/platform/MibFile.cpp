@@ -111,10 +111,9 @@ CString MibProgramPath()
 
 bool MibIsInside(const CString& folder, const CString& path)
 {
-    CString realFolder = RealPath(folder);
+    const CString realFolder = RealPath(folder);
     if (realFolder.empty()) return false;
-    MibNormalDir(realFolder);
-    return RealPath(path).starts_with(realFolder);
+    return (RealPath(path) + '/').starts_with(realFolder == "/" ? realFolder : realFolder + '/');
 }
 
 std::int64_t MibModificationTime(const CString& path)

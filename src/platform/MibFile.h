@@ -41,8 +41,8 @@ TOVI_EXPORT CString MibGetFileName(const CString& path);
 /// The folder of the running program, ending in a path separator; empty when it can't be had.
 TOVI_EXPORT CString MibProgramPath();
 
-/// True when \p path leads, symbolic links followed, to something inside \p folder. False too when
-/// either doesn't exist.
+/// True when \p path leads, symbolic links followed, to \p folder itself or something inside it.
+/// False too when either doesn't exist.
 TOVI_EXPORT bool MibIsInside(const CString& folder, const CString& path);
 
 /// The time of the last change of the file \p path in nanoseconds since 1970; 0 without a file.

@@ -6,9 +6,9 @@ bool ConfirmLabelCorrection()
 {
     const HostServices& host = GetHostServices();
     return host.userInterface != nullptr &&
-           host.userInterface->ShowMessage(
-               "付箋の一括訂正・削除処理を実行します。よろしいですか？", host.applicationName,
-               MessageButtons::OkCancel, MessageIcon::Question) == MessageAnswer::Ok;
+           host.userInterface->ShowMessage("付箋の一括訂正・削除処理を実行します。よろしいですか？",
+                                           host.applicationName, MessageButtons::OkCancel,
+                                           MessageIcon::Question) == MessageAnswer::Ok;
 }
 
 bool PasteOkOnAll(const ToviPhotoArray& photos, const ToviPhotoRef& shown)

@@ -5,7 +5,8 @@
 
 inline constexpr const char* labelCorrectionTitle = "付箋の一括訂正・削除";
 
-/// Asks whether the correction shall run. False when the user doesn't want it, or nobody can be asked.
+/// Asks whether the correction shall run. False when the user doesn't want it, or nobody can be
+/// asked.
 bool ConfirmLabelCorrection();
 
 /// Pastes OK on each photograph of \p shown without an NG label. False when \p shown is empty.

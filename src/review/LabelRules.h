@@ -2,8 +2,8 @@
 
 #include "document/ToviPhoto.h"
 
-/// The rules by which an inspector's own hand pastes and removes labels. The photograph itself takes
-/// any combination, and a record may restore one.
+/// The rules by which an inspector's own hand pastes and removes labels. The photograph itself
+/// takes any combination, and a record may restore one.
 namespace LabelRules
 {
 /// Pastes \p slot: OK and the NG labels take each other off. The comment label is pasted only where

@@ -2,6 +2,8 @@
 
 #include "review/LabelSlots.h"
 
+#include <string_view>
+
 /// The names of the inspection record file (検査状況):
 ///
 ///     <?xml version="1.0" encoding="Shift_JIS"?>
@@ -17,8 +19,8 @@
 ///         </状況>
 ///     </検査状況>
 ///
-/// The n-th 写真 belongs to the n-th photograph of PHOTO.XML; the number of photographs is all that ties
-/// a record to its delivery.
+/// The n-th 写真 belongs to the n-th photograph of PHOTO.XML; the number of photographs is all that
+/// ties a record to its delivery.
 namespace RecordTags
 {
 inline constexpr const char* root = "検査状況";
@@ -29,8 +31,8 @@ inline constexpr const char* photo = "写真";
 /// Only in the variant with paths, and then first in 写真.
 inline constexpr const char* path = "写真ファイルパス";
 inline constexpr const char* comment = "コメント";
-inline constexpr const char* labels[labelCount] = {"付箋1-OK",  "付箋2-NG1",      "付箋3-NG2",
-                                                   "付箋4-NG3", "付箋5-コメント", "付箋6-任意"};
+inline constexpr std::string_view labels[labelCount] = {
+    "付箋1-OK", "付箋2-NG1", "付箋3-NG2", "付箋4-NG3", "付箋5-コメント", "付箋6-任意"};
 } // namespace RecordTags
 
 /// Why a record was not saved or loaded.

@@ -15,9 +15,9 @@ struct DefaultLabel
     const char* name;
 };
 
-constexpr DefaultLabel defaultLabels[labelCount] = {
-    {0x0000FF, "OK"},     {0xFF0000, "追記"},     {0x00FFFF, "誤記"},
-    {0x00FF00, "不鮮明"}, {0xFF00FF, "コメント"}, {0xFFFF00, "印刷"}};
+constexpr DefaultLabel defaultLabels[labelCount] = {{0x0000FF, "OK"},       {0xFF0000, "追記"},
+                                                    {0x00FFFF, "誤記"},     {0x00FF00, "不鮮明"},
+                                                    {0xFF00FF, "コメント"}, {0xFFFF00, "印刷"}};
 
 CString EntryOf(unsigned int slot)
 {
@@ -27,8 +27,7 @@ CString EntryOf(unsigned int slot)
 
 ToviLabelAttribute::ToviLabelAttribute(unsigned long labelColor, const char* labelName)
     : name(labelName), color(labelColor)
-{
-}
+{}
 
 ToviLabelManager::ToviLabelManager()
 {

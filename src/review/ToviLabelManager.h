@@ -33,8 +33,8 @@ private:
 /// The names and colours of the six labels. The names persist in the profile store; the colours are
 /// fixed unless a host sets them.
 ///
-/// A manager that was loaded from the profile store saves itself in its destructor. One that was not,
-/// a copy too, has nothing to say there: it would overwrite the user's names with its own.
+/// A manager that was loaded from the profile store saves itself in its destructor. One that was
+/// not, a copy too, has nothing to say there: it would overwrite the user's names with its own.
 class TOVI_EXPORT ToviLabelManager
 {
 public:

@@ -3,6 +3,7 @@
 #include "reports/ToviProgressDlg.h"
 #include "review/RecordTags.h"
 
+#include <algorithm>
 #include <cstdlib>
 
 ToviXmlLoadManager::ToviXmlLoadManager(const char* recordPath, const char* deliveryRoot)
@@ -61,16 +62,17 @@ ToviXmlLoadManager::Entry ToviXmlLoadManager::ReadEntry()
 
 void ToviXmlLoadManager::ReadField(Entry& entry) const
 {
-    if (place.IsTag(RecordTags::comment)) {
+    const std::string_view tag = place.TagName();
+    if (tag == RecordTags::comment) {
         entry.comment = place.GetText();
         return;
     }
-    for (unsigned int slot = 0; slot < labelCount; ++slot) {
-        if (!place.IsTag(RecordTags::labels[slot])) continue;
-        const CString text = place.GetText();
-        if (text == "0" || text == "1") entry.labels[slot] = text == "1";
-        return;
-    }
+    const auto* label =
+        std::find(std::begin(RecordTags::labels), std::end(RecordTags::labels), tag);
+    if (label == std::end(RecordTags::labels)) return;
+    const CString text = place.GetText();
+    if (text == "0" || text == "1")
+        entry.labels[label - std::begin(RecordTags::labels)] = text == "1";
 }
 
 void ToviXmlLoadManager::Apply(const Entry& entry, ToviPhoto& photo)

@@ -12,8 +12,7 @@ class ToviXmlManager
 public:
     ToviXmlManager(const char* recordPath, const char* deliveryRoot)
         : path(recordPath), rootPath(deliveryRoot == nullptr ? "" : deliveryRoot)
-    {
-    }
+    {}
     ToviXmlManager(const ToviXmlManager&) = delete;
     ToviXmlManager& operator=(const ToviXmlManager&) = delete;
     virtual ~ToviXmlManager() = default;
@@ -32,8 +31,8 @@ protected:
 class ToviXmlHeaderManager
 {
 public:
-    /// Seeds the tree from a template in the work folder, since a tree can't be given a document type
-    /// line otherwise. When that fails a message says so, and there is no tree.
+    /// Seeds the tree from a template in the work folder, since a tree can't be given a document
+    /// type line otherwise. When that fails a message says so, and there is no tree.
     bool Make();
 
     DoxDocument document;

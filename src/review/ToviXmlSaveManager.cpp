@@ -82,7 +82,7 @@ void ToviXmlSaveManager::WritePhoto(ToviPhoto& photo)
     if (writePath) Write(RecordTags::path, photo.GetImagePath());
     Write(RecordTags::comment, photo.GetComment().c_str());
     for (unsigned int slot = 0; slot < labelCount; ++slot) {
-        Write(RecordTags::labels[slot], photo.IsLabelPasted(slot) ? "1" : "0");
+        Write(RecordTags::labels[slot].data(), photo.IsLabelPasted(slot) ? "1" : "0");
     }
     iterator->Parent();
 }

@@ -21,11 +21,14 @@ protected:
     {
         DeliveryBuilder builder({.photos = 6, .drawings = 0, .images = false});
         for (int i = 0; i < 6; ++i) {
-            builder.Set(i, "工種", i < 3 ? "舗装工" : "擁壁工").Set(i, "種別", "").Set(i, "細別", "");
-            builder.Set(i, "シリアル番号", std::to_string(10 - i)).Set(i, "代表写真", i % 2 == 0 ? "1" : "0");
+            builder.Set(i, "工種", i < 3 ? "舗装工" : "擁壁工")
+                .Set(i, "種別", "")
+                .Set(i, "細別", "");
+            builder.Set(i, "シリアル番号", std::to_string(10 - i))
+                .Set(i, "代表写真", i % 2 == 0 ? "1" : "0");
+            builder.Set(i, "撮影箇所", i == 5 ? "" : "No.1");
             builder.Set(i, "撮影年月日", "2024-03-0" + std::to_string(i + 1));
         }
-        builder.Set(5, "撮影箇所", "");
         builder.Write(temp.Path("d"));
     }
 
@@ -54,20 +57,30 @@ protected:
 TEST_F(Inspection, GoesFromLabelsToARecordAndBack)
 {
     EXPECT_EQ(Run({"label", "--record", record, "--at", "0,2", "--paste", "0"}).status, 0);
-    EXPECT_EQ(Run({"label", "--record", record, "--at", "2-3", "--paste", "1", "--comment", "舗装厚を<確認>①𠮷"}).status, 0);
-    EXPECT_EQ(Run({"correct", "--record", record, "--type", "2", "--node", "舗装工", "--action", "ok"}).status, 0);
-    EXPECT_EQ(Recorded(), R"([{"comment":"","index":0,"labels":[0]},{"comment":"","index":1,"labels":[0]},)"
-                          R"({"comment":"舗装厚を<確認>①𠮷","index":2,"labels":[1,4]},)"
-                          R"({"comment":"舗装厚を<確認>①𠮷","index":3,"labels":[1,4]},)"
-                          R"({"comment":"","index":4,"labels":[]},{"comment":"","index":5,"labels":[]}])");
+    EXPECT_EQ(Run({"label", "--record", record, "--at", "2-3", "--paste", "1", "--comment",
+                   "舗装厚を<確認>①𠮷"})
+                  .status,
+              0);
+    EXPECT_EQ(
+        Run({"correct", "--record", record, "--type", "2", "--node", "舗装工", "--action", "ok"})
+            .status,
+        0);
+    EXPECT_EQ(Recorded(),
+              R"([{"comment":"","index":0,"labels":[0]},{"comment":"","index":1,"labels":[0]},)"
+              R"({"comment":"舗装厚を<確認>①𠮷","index":2,"labels":[1,4]},)"
+              R"({"comment":"舗装厚を<確認>①𠮷","index":3,"labels":[1,4]},)"
+              R"({"comment":"","index":4,"labels":[]},{"comment":"","index":5,"labels":[]}])");
     const Json photos = Json::parse(Run({"photos", "--record", record}).output);
     EXPECT_EQ(photos[3]["labels"], Json::parse("[1,4]"));
 
     const CString paths = temp.Path("paths.xml");
     EXPECT_EQ(Run({"return", "--record", record, paths}).status, 0);
-    EXPECT_THAT(*Cp932::Decode(temp.Read("paths.xml")), HasSubstr("<写真ファイルパス>" + delivery + "/PHOTO/PIC/"));
+    EXPECT_THAT(*Cp932::Decode(temp.Read("paths.xml")),
+                HasSubstr("<写真ファイルパス>" + delivery + "/PHOTO/PIC/"));
 
-    EXPECT_EQ(Run({"label", "--record", record, "--at", "3", "--remove", "4", "--remove", "1"}).status, 0);
+    EXPECT_EQ(
+        Run({"label", "--record", record, "--at", "3", "--remove", "4", "--remove", "1"}).status,
+        0);
     EXPECT_EQ(Run({"label", "--record", record, "--at", "2", "--clear", "--paste", "5"}).status, 0);
     EXPECT_EQ(Run({"correct", "--record", record, "--action", "unchecked"}).status, 0);
     const Json left = Json::parse(Run({"record", record}).output);
@@ -97,17 +110,20 @@ TEST_F(Inspection, NarrowsAndOrders)
         {{"--type", "2", "--item", "工種=舗装工", "--item", "代表写真=0"}, "[1]"},
         {{"--type", "2", "--item", "撮影箇所=【未記入】"}, "[5]"},
         {{"--type", "2", "--date-from", "2024-03-02", "--date-to", "2024-03-04"}, "[1,2,3]"},
-        {{"--type", "2", "--date-from", "1999-01-01", "--date-to", "2999-01-01", "--file-date"}, "[]"},
+        {{"--type", "2", "--date-from", "1999-01-01", "--date-to", "2999-01-01", "--file-date"},
+         "[]"},
         {{"--type", "2", "--no-exif", "--sort", "シリアル番号"}, "[5,4,3,2,1,0]"},
         {{"--missing-required"}, "[]"},
     };
-    for (const auto& c : cases) EXPECT_EQ(Selected(c.options), c.current) << testing::PrintToString(c.options);
+    for (const auto& c : cases)
+        EXPECT_EQ(Selected(c.options), c.current) << testing::PrintToString(c.options);
 }
 
 TEST_F(Inspection, SaysWhatIsWrong)
 {
     Run({"label", "--record", record, "--at", "0", "--paste", "0"});
-    temp.Write("other.xml", "<検査状況><情報><写真枚数>7</写真枚数></情報><状況><写真/></状況></検査状況>");
+    temp.Write("other.xml",
+               "<検査状況><情報><写真枚数>7</写真枚数></情報><状況><写真/></状況></検査状況>");
     const CString locked = temp.Write("locked.xml", temp.Read("記録.xml"));
     chmod(locked.c_str(), 0444);
     const struct
@@ -119,8 +135,12 @@ TEST_F(Inspection, SaysWhatIsWrong)
         {{"record", temp.Path("missing.xml")}, 1, "がありません"},
         {{"record", temp.Path("other.xml")}, 1, "写真の枚数がこの納品データ（6枚）と違います"},
         {{"label", "--record", locked, "--at", "0", "--paste", "1"}, 1, "読み取り専用"},
-        {{"label", "--record", temp.Path("none/r.xml"), "--at", "0", "--paste", "1"}, 1, "フォルダがありません"},
-        {{"label", "--record", delivery + "/PHOTO/r.xml", "--at", "0", "--paste", "1"}, 2, "納品データのフォルダ"},
+        {{"label", "--record", temp.Path("none/r.xml"), "--at", "0", "--paste", "1"},
+         1,
+         "フォルダがありません"},
+        {{"label", "--record", delivery + "/PHOTO/r.xml", "--at", "0", "--paste", "1"},
+         2,
+         "納品データのフォルダ"},
         {{"label", "--record", record, "--at", "6", "--paste", "1"}, 2, "0から5まで"},
         {{"label", "--record", record, "--at", "2-", "--paste", "1"}, 2, "0,3,5-9"},
         {{"label", "--record", record, "--paste", "1"}, 2, "--at か --node"},
@@ -128,7 +148,9 @@ TEST_F(Inspection, SaysWhatIsWrong)
         {{"label", "--record", record, "--at", "1", "--paste", "6"}, 2, "使い方"},
         {{"correct", "--record", record, "--action", "none"}, 2, "使い方"},
         {{"select", "--item", "工種"}, 2, "項目名=値"},
-        {{"select", "--item", "a=1", "--item", "b=1", "--item", "c=1", "--item", "d=1"}, 2, "3つまで"},
+        {{"select", "--item", "a=1", "--item", "b=1", "--item", "c=1", "--item", "d=1"},
+         2,
+         "3つまで"},
         {{"select", "--date-from", "2024/03/01", "--date-to", "2024-03-02"}, 2, "2024-03-31 の形"},
         {{"select", "--date-from", "2024-03-01"}, 2, "両方"},
         {{"select", "--and", "--or", "--ng"}, 2, "使い方"},
@@ -145,11 +167,14 @@ TEST_F(Inspection, SaysWhatIsWrong)
 
 TEST_F(Inspection, SurvivesBeingKilled)
 {
-    ASSERT_EQ(Run({"label", "--record", record, "--at", "0", "--paste", "1", "--comment", "一"}).status, 0);
+    ASSERT_EQ(
+        Run({"label", "--record", record, "--at", "0", "--paste", "1", "--comment", "一"}).status,
+        0);
     for (int round = 0; round < 40; ++round) {
         const CString comment(static_cast<std::size_t>(round) * 500, 'c');
-        RunProgramAndKill({"tovi", "label", delivery, "--record", record, "--at", "0-5", "--comment", comment},
-                          temp.Path("config"), 3000 + round * 500);
+        RunProgramAndKill(
+            {"tovi", "label", delivery, "--record", record, "--at", "0-5", "--comment", comment},
+            temp.Path("config"), 3000 + round * 500);
         const ProgramResult result = Run({"record", record});
         ASSERT_EQ(result.status, 0) << round << result.errors;
         EXPECT_EQ(Json::parse(result.output)[0]["labels"], Json::parse("[1,4]")) << round;
@@ -165,8 +190,8 @@ TEST_F(Inspection, ShowsExifFactsOfTheFilesThatAreThere)
     int withExif = 0;
     for (const Json& photo : facts) {
         withExif += photo["hasExif"].get<bool>();
-        EXPECT_EQ(photo["date"].size() + photo["image"].size() + photo["maker"].size() + photo["format"].size() +
-                      photo["shoot"].size() + photo["gps"].size(),
+        EXPECT_EQ(photo["date"].size() + photo["image"].size() + photo["maker"].size() +
+                      photo["format"].size() + photo["shoot"].size() + photo["gps"].size(),
                   23u);
         EXPECT_THAT(photo["file"]["ファイルサイズ"].get<std::string>(), HasSubstr(" KB"));
         EXPECT_THAT(photo["file"]["総画素数"].get<std::string>(), HasSubstr("万画素"));

@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-
 namespace
 {
 CString Shown(const ToviPhoto& photo)
@@ -56,13 +55,20 @@ TEST(LabelRules, KeepOkAndNgApartAndTheCommentWithItsLabel)
         const char* step;
         const char* after;
     } cases[] = {
-        {"", "", "+0", "0"},           {"123", "", "+0", "0"},
-        {"0", "", "+2", "2"},          {"13", "", "+2", "123"},
-        {"05", "", "+1", "15"},        {"0", "", "+5", "05"},
-        {"", "", "+4", ""},            {"", "後で", "+4", "4\"後で\""},
-        {"4", "後で", "-4", ""},       {"04", "後で", "-0", "4\"後で\""},
-        {"", "", "c直す", "4\"直す\""}, {"4", "後で", "c", ""},
-        {"4", "後で", "c 　 ", ""},    {"0", "", "c　直す ", "04\"　直す \""},
+        {"", "", "+0", "0"},
+        {"123", "", "+0", "0"},
+        {"0", "", "+2", "2"},
+        {"13", "", "+2", "123"},
+        {"05", "", "+1", "15"},
+        {"0", "", "+5", "05"},
+        {"", "", "+4", ""},
+        {"", "後で", "+4", "4\"後で\""},
+        {"4", "後で", "-4", ""},
+        {"04", "後で", "-0", "4\"後で\""},
+        {"", "", "c直す", "4\"直す\""},
+        {"4", "後で", "c", ""},
+        {"4", "後で", "c 　 ", ""},
+        {"0", "", "c　直す ", "04\"　直す \""},
     };
     for (const auto& c : cases) {
         ToviPhoto photo;
@@ -136,7 +142,8 @@ TEST(DocumentLabels, CollectCountAndSelect)
     EXPECT_FALSE(document.HasComment()) << "only the current array counts";
     document.SetSelected(-1);
     EXPECT_TRUE(document.IsPhotoArrayEmpty());
-    EXPECT_EQ(sample.host.hints, (std::vector<int>{ToviData::HintSelectionChanged, ToviData::HintSelectionChanged}));
+    EXPECT_EQ(sample.host.hints,
+              (std::vector<int>{ToviData::HintSelectionChanged, ToviData::HintSelectionChanged}));
     EXPECT_FALSE(document.HasComment()) << "an empty array changes nothing";
     document.SetSelected(&document, true);
     EXPECT_TRUE(document.HasComment());
@@ -174,7 +181,8 @@ TEST(BatchCorrection, AsksTwiceAndCorrectsWhatIsShown)
         EXPECT_TRUE(document.AllLabelCorrection());
         EXPECT_TRUE(document.IsCheckStatusChanged());
         EXPECT_EQ(sample.host.hints, std::vector<int>{ToviData::HintLabelsChanged});
-        EXPECT_EQ(Shown(sample.Photo(0)) + " " + Shown(sample.Photo(1)) + " " + Shown(sample.Photo(3)) + " ",
+        EXPECT_EQ(Shown(sample.Photo(0)) + " " + Shown(sample.Photo(1)) + " " +
+                      Shown(sample.Photo(3)) + " ",
                   c.shown);
         EXPECT_EQ(Shown(sample.Photo(2)), c.hidden);
         const auto& calls = sample.services.user.calls;
@@ -182,7 +190,8 @@ TEST(BatchCorrection, AsksTwiceAndCorrectsWhatIsShown)
         EXPECT_EQ(calls.back().buttons, MessageButtons::OkCancel);
         EXPECT_EQ(calls.back().icon, MessageIcon::Question);
         EXPECT_EQ(sample.services.user.choice.title, "付箋の一括訂正・削除");
-        EXPECT_EQ(sample.services.user.choice.options[1].text, "OK・NG付箋を削除し未検査状態にする。");
+        EXPECT_EQ(sample.services.user.choice.options[1].text,
+                  "OK・NG付箋を削除し未検査状態にする。");
     }
 }
 

@@ -31,8 +31,14 @@ protected:
     }
     ~Record() override { SetFreeSpaceQuery({}); }
 
-    bool Save(const CString& name = "r.xml") { return document.SaveExamination(sample.temp.Path(name).c_str(), "note", &reason); }
-    bool Load(const CString& name = "r.xml") { return document.LoadExamination(sample.temp.Path(name).c_str(), &reason); }
+    bool Save(const CString& name = "r.xml")
+    {
+        return document.SaveExamination(sample.temp.Path(name).c_str(), "note", &reason);
+    }
+    bool Load(const CString& name = "r.xml")
+    {
+        return document.LoadExamination(sample.temp.Path(name).c_str(), &reason);
+    }
 
     CString State(int index) const
     {
@@ -45,8 +51,11 @@ protected:
 
     void WriteRecord(const CString& inside, const CString& count = "3")
     {
-        sample.temp.Write("r.xml", Cp932::EncodeForXml("<?xml version=\"1.0\" encoding=\"Shift_JIS\"?>\n<検査状況><情報><写真枚数>" +
-                                                       count + "</写真枚数></情報>" + inside + "</検査状況>"));
+        sample.temp.Write(
+            "r.xml",
+            Cp932::EncodeForXml(
+                "<?xml version=\"1.0\" encoding=\"Shift_JIS\"?>\n<検査状況><情報><写真枚数>" +
+                count + "</写真枚数></情報>" + inside + "</検査状況>"));
     }
 
     OpenedSample sample;
@@ -59,13 +68,16 @@ TEST_F(Record, HoldsWhatItsFormatSays)
     sample.Photo(0).PasteLabel(LabelOk);
     sample.Photo(0).SetComment("<①>");
     ASSERT_TRUE(Save());
-    const CString expected = "<?xml version=\"1.0\" encoding=\"Shift_JIS\"?>\n"
-                             "<!DOCTYPE examinationdata SYSTEM \"\">\n"
-                             "<検査状況>\n\t<情報>\n\t\t<写真枚数>3</写真枚数>\n\t</情報>\n\t<状況>\n"
-                             "\t\t<写真>\n\t\t\t<コメント>&lt;①&gt;</コメント>\n\t\t\t<付箋1-OK>1</付箋1-OK>\n";
+    const CString expected =
+        "<?xml version=\"1.0\" encoding=\"Shift_JIS\"?>\n"
+        "<!DOCTYPE examinationdata SYSTEM \"\">\n"
+        "<検査状況>\n\t<情報>\n\t\t<写真枚数>3</写真枚数>\n\t</情報>\n\t<状況>\n"
+        "\t\t<写真>\n\t\t\t<コメント>&lt;①&gt;</コメント>\n\t\t\t<付箋1-OK>1</付箋1-OK>\n";
     EXPECT_TRUE(Cp932::Decode(sample.temp.Read("r.xml"))->starts_with(expected));
-    EXPECT_FALSE(std::filesystem::exists(sample.temp.Path("work/QVScratch/QV-SUITE/HeaderExamination.tmp")));
-    EXPECT_EQ(sample.temp.Read("r.xml").find(Cp932::EncodeForXml("写真ファイルパス")), CString::npos);
+    EXPECT_FALSE(
+        std::filesystem::exists(sample.temp.Path("work/QVScratch/QV-SUITE/HeaderExamination.tmp")));
+    EXPECT_EQ(sample.temp.Read("r.xml").find(Cp932::EncodeForXml("写真ファイルパス")),
+              CString::npos);
 
     document.SetCheckStatusChanged(true);
     document.ReturnExam(sample.temp.Path("paths.xml").c_str());
@@ -78,9 +90,18 @@ TEST_F(Record, HoldsWhatItsFormatSays)
 
 TEST_F(Record, GivesBackEveryCommentAndLabel)
 {
-    const CString comments[] = {"<&>\"'",        "一\r\n二\n三\r四", "　全角　",     " 半角 ", " ",
-                                "\n",            "①～－㈱髙",       "𠮷野家で𠮟る", "\tタブ", "]]>&amp;&#65;",
-                                CString(5000, 'x'), "é"};
+    const CString comments[] = {"<&>\"'",
+                                "一\r\n二\n三\r四",
+                                "　全角　",
+                                " 半角 ",
+                                " ",
+                                "\n",
+                                "①～－㈱髙",
+                                "𠮷野家で𠮟る",
+                                "\tタブ",
+                                "]]>&amp;&#65;",
+                                CString(5000, 'x'),
+                                "é"};
     for (const CString& comment : comments) {
         sample.Photo(1).SetComment(comment);
         sample.Photo(1).PasteLabel(LabelNg2);
@@ -106,10 +127,13 @@ TEST_F(Record, ReadsWhatAHandHasWritten)
     sample.Photo(0).SetComment("前の");
     sample.Photo(0).PasteLabel(LabelNg3);
     sample.Photo(2).SetComment("前の");
-    WriteRecord("<状況>"
-                "<写真><付箋6-任意>1</付箋6-任意><知らない>1</知らない><付箋1-OK>1</付箋1-OK></写真>"
-                "<写真><コメント>&#x9AD9;&#134071;</コメント><付箋2-NG1>2</付箋2-NG1><付箋3-NG2></付箋3-NG2></写真>"
-                "<!-- c --><写真><コメント></コメント><写真ファイルパス>x</写真ファイルパス></写真></状況>");
+    WriteRecord(
+        "<状況>"
+        "<写真><付箋6-任意>1</付箋6-任意><知らない>1</知らない><付箋1-OK>1</付箋1-OK></写真>"
+        "<写真><コメント>&#x9AD9;&#134071;</コメント><付箋2-NG1>2</付箋2-NG1><付箋3-NG2></"
+        "付箋3-NG2></写真>"
+        "<!-- c "
+        "--><写真><コメント></コメント><写真ファイルパス>x</写真ファイルパス></写真></状況>");
     ASSERT_TRUE(Load());
     EXPECT_EQ(State(0), "100101前の") << "what the record lacks stays";
     EXPECT_EQ(State(1), "000000髙𠮷");
@@ -139,7 +163,8 @@ TEST_F(Record, RefusesWhatDoesNotFitAndChangesNothing)
         EXPECT_EQ(reason, c.reason) << c.what;
         EXPECT_EQ(State(0), "000000") << c.what;
     }
-    for (const CString& bytes : {CString(), CString("<検査状況>"), CString("<a/>"), CString("\x81")}) {
+    for (const CString& bytes :
+         {CString(), CString("<検査状況>"), CString("<a/>"), CString("\x81")}) {
         sample.temp.Write("r.xml", bytes);
         EXPECT_FALSE(Load());
         EXPECT_EQ(reason, RecordCountDiffers);
@@ -166,10 +191,15 @@ TEST_F(Record, EndsOnHostileFiles)
         CString inside;
         CString state;
     } cases[] = {
-        {"a million photographs too many", "<状況>" + repeated("<写真><付箋1-OK>1</付箋1-OK></写真>", 300000) + "</状況>", "100000"},
+        {"a million photographs too many",
+         "<状況>" + repeated("<写真><付箋1-OK>1</付箋1-OK></写真>", 300000) + "</状況>", "100000"},
         {"too few photographs", "<状況><写真><付箋1-OK>1</付箋1-OK></写真></状況>", "100000"},
-        {"a million children", "<状況><写真>" + repeated("<x/>", 1000000) + "<付箋2-NG1>1</付箋2-NG1></写真></状況>", "010000"},
-        {"deep nesting", "<状況><写真>" + repeated("<x>", 100000) + repeated("</x>", 100000) + "</写真></状況>", "000000"},
+        {"a million children",
+         "<状況><写真>" + repeated("<x/>", 1000000) + "<付箋2-NG1>1</付箋2-NG1></写真></状況>",
+         "010000"},
+        {"deep nesting",
+         "<状況><写真>" + repeated("<x>", 100000) + repeated("</x>", 100000) + "</写真></状況>",
+         "000000"},
         {"no children", "<状況><写真/><写真/><写真/></状況>", "000000"},
     };
     for (const auto& c : cases) {

@@ -25,7 +25,8 @@ private:
 bool IsDate(const CString& text)
 {
     constexpr std::string_view form = "0000-00-00";
-    return text.size() == form.size() && std::equal(text.begin(), text.end(), form.begin(), [](char c, char f) {
+    return text.size() == form.size() &&
+           std::equal(text.begin(), text.end(), form.begin(), [](char c, char f) {
                return f == '0' ? std::isdigit(static_cast<unsigned char>(c)) != 0 : c == f;
            });
 }
@@ -37,9 +38,9 @@ CString WhatIsWrong(const ConditionArguments& arguments)
     if (arguments.items.size() > conditions.itemOn.size()) {
         return "--item は3つまでです。条件を減らしてください。";
     }
-    const bool allNamed = std::all_of(arguments.items.begin(), arguments.items.end(), [](const std::string& item) {
-        return item.find('=') != std::string::npos;
-    });
+    const bool allNamed =
+        std::all_of(arguments.items.begin(), arguments.items.end(),
+                    [](const std::string& item) { return item.find('=') != std::string::npos; });
     if (!allNamed) return "--item は 項目名=値 の形で指定してください（例: --item 工種=舗装工）。";
     if (conditions.dateFrom.empty() != conditions.dateTo.empty()) {
         return "--date-from と --date-to は両方を指定してください。";
@@ -71,7 +72,8 @@ ExtractionConditions ConditionsOf(const ConditionArguments& arguments)
 
 bool AnyIsOn(const ExtractionConditions& c)
 {
-    return c.keyPhoto || c.ngPhoto || c.notcheckPhoto || c.notExifinfo || c.neceNotwrite || c.dateOn || c.itemOn[0];
+    return c.keyPhoto || c.ngPhoto || c.notcheckPhoto || c.notExifinfo || c.neceNotwrite ||
+           c.dateOn || c.itemOn[0];
 }
 
 void SetSort(ToviData& document, const ConditionArguments& arguments)
@@ -101,21 +103,28 @@ void AddConditionOptions(CLI::App& command, ConditionArguments& arguments)
     AddTreeTypeOption(command, arguments.choice.type);
     AddNodeOption(command, arguments.choice.nodes);
     AddRecordOption(command, arguments.record);
-    command.add_option("--label", arguments.label, "この付箋の写真を選ぶ（0 OK、1～3 NG1～NG3、4 コメント、5 任意）")
+    command
+        .add_option("--label", arguments.label,
+                    "この付箋の写真を選ぶ（0 OK、1～3 NG1～NG3、4 コメント、5 任意）")
         ->check(CLI::Range(0u, labelCount - 1))
         ->option_text("N");
-    CLI::Option* all = command.add_flag("--and", arguments.all, "抽出条件のすべてに当たる写真（既定）");
+    CLI::Option* all =
+        command.add_flag("--and", arguments.all, "抽出条件のすべてに当たる写真（既定）");
     command.add_flag("--or", arguments.any, "抽出条件のどれかに当たる写真")->excludes(all);
     command.add_flag("--key-photo", conditions.keyPhoto, "抽出条件: 代表写真");
     command.add_flag("--ng", conditions.ngPhoto, "抽出条件: NG写真");
     command.add_flag("--unchecked", conditions.notcheckPhoto, "抽出条件: 未検査写真");
     command.add_flag("--no-exif", conditions.notExifinfo, "抽出条件: Exif情報非保有写真");
     command.add_flag("--missing-required", conditions.neceNotwrite, "抽出条件: 必須項目未入力写真");
-    command.add_option("--item", arguments.items, "抽出条件: 項目の値。3つまで。空の値は 項目名=【未記入】")
+    command
+        .add_option("--item", arguments.items,
+                    "抽出条件: 項目の値。3つまで。空の値は 項目名=【未記入】")
         ->allow_extra_args(false)
         ->option_text("TITLE=TEXT ...");
-    command.add_option("--date-from", conditions.dateFrom, "抽出条件: 撮影年月日がこの日から")->option_text("D");
-    command.add_option("--date-to", conditions.dateTo, "抽出条件: 撮影年月日がこの日まで")->option_text("D");
+    command.add_option("--date-from", conditions.dateFrom, "抽出条件: 撮影年月日がこの日から")
+        ->option_text("D");
+    command.add_option("--date-to", conditions.dateTo, "抽出条件: 撮影年月日がこの日まで")
+        ->option_text("D");
     command.add_flag("--file-date", arguments.fileDate, "撮影年月日の代わりにファイル更新日で見る");
     command.add_option("--sort", arguments.sortItem, "この項目の順に並べる")->option_text("TITLE");
     command.add_flag("--descending", arguments.descending, "逆の順に並べる");
@@ -133,7 +142,8 @@ int MakeCurrentArray(ToviData& document, const ConditionArguments& arguments)
     int status = ExitDone;
     if (arguments.label >= 0) {
         document.SetSelected(arguments.label);
-    } else if (const ExtractionConditions conditions = ConditionsOf(arguments); AnyIsOn(conditions)) {
+    } else if (const ExtractionConditions conditions = ConditionsOf(arguments);
+               AnyIsOn(conditions)) {
         status = Extract(document, conditions);
     } else {
         document.SetSelected(document.GetSelectedNode(), true);

@@ -22,6 +22,7 @@ struct ConditionArguments
 /// Adds --type, --node, --record, --label and the conditions. \p arguments outlives \p command.
 void AddConditionOptions(CLI::App& command, ConditionArguments& arguments);
 
-/// Opens nothing: takes up the inspection, selects, extracts and sorts as \p arguments say, and selects
-/// the first photograph. Returns the exit status; what isn't ExitDone was told on standard error.
+/// Opens nothing: takes up the inspection, selects, extracts and sorts as \p arguments say, and
+/// selects the first photograph. Returns the exit status; what isn't ExitDone was told on standard
+/// error.
 int MakeCurrentArray(ToviData& document, const ConditionArguments& arguments);

@@ -81,7 +81,8 @@ void AddCorrectCommand(CLI::App& app, int& status)
     AddRecordOption(*command, arguments.record)->required();
     command
         ->add_option("--action", arguments.action,
-                     "ok（NGのない写真にOK）、unchecked（OK・NGをはがして未検査に）、clear（付箋とコメントをすべて消す）")
+                     "ok（NGのない写真にOK）、unchecked（OK・NGをはがして未検査に）、clear（付箋と"
+                     "コメントをすべて消す）")
         ->check(CLI::IsMember({"ok", "unchecked", "clear"}))
         ->required()
         ->option_text("NAME（必須）");

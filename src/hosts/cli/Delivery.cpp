@@ -172,6 +172,7 @@ OpenedDelivery OpenDelivery(const DeliveryArguments& arguments,
                             ToviPhotoCtrlVisualSetting::TreeType tree)
 {
     OpenedDelivery delivery;
+    delivery.folder = arguments.path;
     delivery.photoFolder = FindPhotoFolder(arguments.path);
     if (delivery.photoFolder.empty()) {
         Complain(WhyNotFound(arguments.path));

@@ -40,6 +40,8 @@ struct OpenedDelivery
     /// Null when there was nothing to hold.
     std::unique_ptr<ToviData> document;
     PhotoXMLType family = PhotoXMLMlit;
+    /// The folder that the user named, and that of PHOTO.XML, which is it or beneath it.
+    CString folder;
     CString photoFolder;
 
     bool IsLoaded() const { return document && document->GetErrorType() == ReadErrNone; }

@@ -1,12 +1,12 @@
 #include "hosts/cli/Commands.h"
-#include "hosts/cli/PhotoChoice.h"
 #include "hosts/cli/Json.h"
+#include "hosts/cli/PhotoChoice.h"
 
 #include "platform/HostServices.h"
 
 namespace
 {
-constexpr const char* fileTitles[] = {"ファイルサイズ", "幅×高さ",     "総画素数",
+constexpr const char* fileTitles[] = {"ファイルサイズ", "幅×高さ",      "総画素数",
                                       "作成日時",       "最終更新日時", "読み取り専用"};
 
 struct Arguments
@@ -69,7 +69,9 @@ void AddExifCommand(CLI::App& app, int& status)
     command->group("コマンド");
     AddDeliveryArguments(*command, arguments.delivery);
     AddAtOption(*command, arguments.choice);
-    command->footer("出力: [{\"index\",\"hasExif\",\"date\":[{\"item\",\"value\"}],\"image\",\"maker\",\"format\","
-                    "\"shoot\",\"gps\",\"file\":{...}}]");
+    command->footer(
+        "出力: "
+        "[{\"index\",\"hasExif\",\"date\":[{\"item\",\"value\"}],\"image\",\"maker\",\"format\","
+        "\"shoot\",\"gps\",\"file\":{...}}]");
     command->callback([&status] { status = Run(arguments); });
 }

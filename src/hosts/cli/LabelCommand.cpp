@@ -45,7 +45,8 @@ int Run(const Arguments& arguments)
     if (!FindChosen(document, arguments.choice, chosen)) return ExitWrongUsage;
     for (const int index : chosen) {
         if (!Change(*document.GetPhotoActualPhotoArray(index), arguments)) {
-            Complain("コメントのない写真にコメントの付箋は貼れません。--comment でコメントを付けてください。");
+            Complain("コメントのない写真にコメントの付箋は貼れません。--comment "
+                     "でコメントを付けてください。");
             return ExitWrongUsage;
         }
     }
@@ -53,7 +54,8 @@ int Run(const Arguments& arguments)
     const int status = SaveRecord(document, arguments.record);
     if (status != ExitDone) return status;
     JsonArrayWriter output;
-    for (const int index : chosen) output.Add(ReviewOf(*document.GetPhotoActualPhotoArray(index), index));
+    for (const int index : chosen)
+        output.Add(ReviewOf(*document.GetPhotoActualPhotoArray(index), index));
     return ExitDone;
 }
 } // namespace
@@ -61,26 +63,30 @@ int Run(const Arguments& arguments)
 void AddLabelCommand(CLI::App& app, int& status)
 {
     static Arguments arguments;
-    CLI::App* command = app.add_subcommand("label", "写真に付箋やコメントを付け、検査状況の記録に保存する");
+    CLI::App* command =
+        app.add_subcommand("label", "写真に付箋やコメントを付け、検査状況の記録に保存する");
     command->group("コマンド");
     AddDeliveryArguments(*command, arguments.delivery);
     AddRecordOption(*command, arguments.record)->required();
     AddAtOption(*command, arguments.choice);
     AddTreeTypeOption(*command, arguments.choice.type);
     AddNodeOption(*command, arguments.choice.nodes);
-    for (const auto& [name, slots, text] :
-         {std::tuple{"--paste", &arguments.paste, "貼る付箋"}, {"--remove", &arguments.remove, "はがす付箋"}}) {
+    for (const auto& [name, slots, text] : {std::tuple{"--paste", &arguments.paste, "貼る付箋"},
+                                            {"--remove", &arguments.remove, "はがす付箋"}}) {
         command
             ->add_option(name, *slots,
-                         CString(text) + "（0 OK、1～3 NG1～NG3、4 コメント、5 任意）。繰り返してよい")
+                         CString(text) +
+                             "（0 OK、1～3 NG1～NG3、4 コメント、5 任意）。繰り返してよい")
             ->check(CLI::Range(0u, labelCount - 1))
             ->allow_extra_args(false)
             ->option_text("N ...");
     }
     CLI::Option* comment =
-        command->add_option("--comment", arguments.comment, "コメント。空にすると消す")->option_text("TEXT");
+        command->add_option("--comment", arguments.comment, "コメント。空にすると消す")
+            ->option_text("TEXT");
     command->add_flag("--clear", arguments.clear, "先にすべての付箋とコメントを消す");
-    command->footer("記録ファイルがあれば読み込んでから変え、同じファイルに保存する。OKとNGはどちらかだけが残り、"
+    command->footer("記録ファイルがあれば読み込んでから変え、同じファイルに保存する。OKとNGはどちら"
+                    "かだけが残り、"
                     "コメントの付箋はコメントに従う\n"
                     "出力: 変えた写真の [{\"index\",\"labels\":[付箋],\"comment\"}]");
     command->callback([&status, comment] {

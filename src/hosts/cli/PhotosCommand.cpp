@@ -1,6 +1,6 @@
 #include "hosts/cli/Commands.h"
-#include "hosts/cli/Records.h"
 #include "hosts/cli/Json.h"
+#include "hosts/cli/Records.h"
 
 #include "platform/HostServices.h"
 
@@ -71,6 +71,6 @@ void AddPhotosCommand(CLI::App& app, int& status)
         "出力: [{\"index\",\"imagePath\",\"pictures\":[参考図のパス],"
         "\"items\":[{\"title\",\"value\"}]}]\n"
         "--facts では \"fileExists\"（写真と参考図がすべてある）、\"width\"、\"height\" を加える\n"
-                    "--record では \"labels\":[付箋]、\"comment\" を加える");
+        "--record では \"labels\":[付箋]、\"comment\" を加える");
     command->callback([&status] { status = Run(arguments); });
 }

@@ -15,7 +15,8 @@ struct Arguments
 int Show(const Arguments& arguments)
 {
     const OpenedDelivery delivery = OpenDelivery(arguments.delivery);
-    if (!delivery.IsLoaded() || !LoadRecord(*delivery.document, arguments.record)) return ExitNotOpened;
+    if (!delivery.IsLoaded() || !LoadRecord(*delivery.document, arguments.record))
+        return ExitNotOpened;
     JsonArrayWriter output;
     for (int index = 0; index < delivery.document->GetTotalCountPhoto(); ++index) {
         output.Add(ReviewOf(*delivery.document->GetPhotoActualPhotoArray(index), index));
@@ -26,12 +27,14 @@ int Show(const Arguments& arguments)
 int Return(const Arguments& arguments)
 {
     const OpenedDelivery delivery = OpenDelivery(arguments.delivery);
-    if (!delivery.IsLoaded() || !LoadRecord(*delivery.document, arguments.record)) return ExitNotOpened;
+    if (!delivery.IsLoaded() || !LoadRecord(*delivery.document, arguments.record))
+        return ExitNotOpened;
     if (RefuseInDelivery(arguments.output, delivery)) return ExitWrongUsage;
     const auto before = MibModificationTime(arguments.output);
     delivery.document->ReturnExam(arguments.output.c_str());
     if (MibModificationTime(arguments.output) == before) {
-        Complain(arguments.output + " に書き込めません。フォルダの場所、書き込みの権限と空き容量を確かめてください。");
+        Complain(arguments.output +
+                 " に書き込めません。フォルダの場所、書き込みの権限と空き容量を確かめてください。");
         return ExitNotOpened;
     }
     return ExitDone;
@@ -44,7 +47,9 @@ void AddRecordCommand(CLI::App& app, int& status)
     CLI::App* command = app.add_subcommand("record", "検査状況の記録ファイルの内容を表示する");
     command->group("コマンド");
     AddDeliveryArguments(*command, arguments.delivery);
-    command->add_option("FILE", arguments.record, "検査状況の記録ファイル")->required()->option_text("（必須）");
+    command->add_option("FILE", arguments.record, "検査状況の記録ファイル")
+        ->required()
+        ->option_text("（必須）");
     command->footer("出力: [{\"index\",\"labels\":[付箋],\"comment\"}]\n"
                     "付箋: 0 OK、1～3 NG1～NG3、4 コメント、5 任意");
     command->callback([&status] { status = Show(arguments); });
@@ -53,7 +58,8 @@ void AddRecordCommand(CLI::App& app, int& status)
 void AddReturnCommand(CLI::App& app, int& status)
 {
     static Arguments arguments;
-    CLI::App* command = app.add_subcommand("return", "写真ファイルのパスを加えた検査状況の記録を作る");
+    CLI::App* command =
+        app.add_subcommand("return", "写真ファイルのパスを加えた検査状況の記録を作る");
     command->group("コマンド");
     AddDeliveryArguments(*command, arguments.delivery);
     AddRecordOption(*command, arguments.record)->required();

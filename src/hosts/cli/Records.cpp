@@ -19,10 +19,10 @@ CString WhyNotLoaded(const ToviData& document, const CString& record, int reason
         return "記録ファイル " + record + " がありません。ファイルの場所と名前を確かめてください。";
     }
     if (reason == RecordCountDiffers) {
-        return record +
-               Format(" は検査状況の記録として読めないか、写真の枚数がこの納品データ（%d枚）と違います。"
-                      "この納品データの記録を指定してください。",
-                      document.GetTotalCountPhoto());
+        return record + Format(" は検査状況の記録として読めないか、写真の枚数がこの納品データ（%"
+                               "d枚）と違います。"
+                               "この納品データの記録を指定してください。",
+                               document.GetTotalCountPhoto());
     }
     return record + " に写真ごとの状況がありません。別の記録ファイルを指定してください。";
 }
@@ -36,7 +36,8 @@ CString WhyNotSaved(const CString& record, int reason)
     case RecordReadOnly:
         return record + " は読み取り専用です。別の名前で保存するか、書き込めるようにしてください。";
     case RecordNoSpace:
-        return record + " を保存する空き容量がありません。不要なファイルを削除するか、別の場所に保存してください。";
+        return record + " を保存する空き容量がありません。不要なファイルを削除するか、別の場所に保"
+                        "存してください。";
     case RecordCancelled:
         return "中断しました。" + record + " は元のままです。";
     default:
@@ -68,8 +69,9 @@ int SaveRecord(ToviData& document, const CString& record)
 
 bool RefuseInDelivery(const CString& path, const OpenedDelivery& delivery)
 {
-    if (!MibIsInside(delivery.photoFolder, FolderOf(path) + "/.")) return false;
-    Complain("納品データのフォルダには書き込みません。" + path + " の代わりに別のフォルダを指定してください。");
+    if (!MibIsInside(delivery.folder, FolderOf(path))) return false;
+    Complain("納品データのフォルダには書き込みません。" + path +
+             " の代わりに別のフォルダを指定してください。");
     return true;
 }
 

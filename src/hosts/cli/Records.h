@@ -14,8 +14,8 @@ bool LoadRecord(ToviData& document, const CString& record);
 /// standard error.
 int SaveRecord(ToviData& document, const CString& record);
 
-/// True, with a sentence on standard error, when the file \p path would stand in the delivery's folder,
-/// where nothing is ever written.
+/// True, with a sentence on standard error, when the file \p path would stand in the delivery's
+/// folder, where nothing is ever written.
 bool RefuseInDelivery(const CString& path, const OpenedDelivery& delivery);
 
 /// The slots of the labels on \p photo, in ascending order.

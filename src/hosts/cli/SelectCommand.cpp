@@ -14,7 +14,8 @@ struct Arguments
 
 int Run(const Arguments& arguments)
 {
-    const OpenedDelivery delivery = OpenDelivery(arguments.delivery, arguments.conditions.choice.Tree());
+    const OpenedDelivery delivery =
+        OpenDelivery(arguments.delivery, arguments.conditions.choice.Tree());
     if (!delivery.IsLoaded()) return ExitNotOpened;
     ToviData& document = *delivery.document;
     const int status = MakeCurrentArray(document, arguments.conditions);
@@ -33,7 +34,8 @@ int Run(const Arguments& arguments)
 void AddSelectCommand(CLI::App& app, int& status)
 {
     static Arguments arguments;
-    CLI::App* command = app.add_subcommand("select", "分類や条件で写真を選び、その番号を表示の順に表示する");
+    CLI::App* command =
+        app.add_subcommand("select", "分類や条件で写真を選び、その番号を表示の順に表示する");
     command->group("コマンド");
     AddDeliveryArguments(*command, arguments.delivery);
     AddConditionOptions(*command, arguments.conditions);

@@ -17,7 +17,8 @@ struct Arguments
 
 int Run(const Arguments& arguments)
 {
-    const OpenedDelivery delivery = OpenDelivery(arguments.delivery, arguments.conditions.choice.Tree());
+    const OpenedDelivery delivery =
+        OpenDelivery(arguments.delivery, arguments.conditions.choice.Tree());
     if (!delivery.IsLoaded()) return ExitNotOpened;
     if (RefuseInDelivery(arguments.output, delivery)) return ExitWrongUsage;
     ToviData& document = *delivery.document;
