@@ -1,7 +1,7 @@
 // All Exif facts of one photograph, beside a bare load of its Exif data.
 
 #include "imagefacts/ToviExifInfo.h"
-#include "support/DeliveryBuilder.h"
+#include "sample/DeliveryBuilder.h"
 #include "support/TempFolder.h"
 
 #include <benchmark/benchmark.h>

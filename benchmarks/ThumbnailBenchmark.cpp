@@ -2,7 +2,7 @@
 
 #include "platform/LumImage.h"
 #include "platform/MibFile.h"
-#include "support/DeliveryBuilder.h"
+#include "sample/DeliveryBuilder.h"
 #include "support/TempFolder.h"
 
 #include <benchmark/benchmark.h>

@@ -26,8 +26,8 @@ ToviData::ToviData() : ToviData(nullptr, "", PhotoXMLMlit) {}
 ToviData::ToviData(CDocument* host, const char* path, PhotoXMLType type) : hostDocument(host)
 {
     RootPath(path);
-    // This runs the base's operation, as any virtual call in a constructor: a derived document's own
-    // is not there yet.
+    // This runs the base's operation, as any virtual call in a constructor: a derived document's
+    // own is not there yet.
     sortCondition.reset(ToviData::OnCreateSortCondition());
     errorType = itemDef.Load(path, type);
 }
@@ -131,9 +131,8 @@ int ToviData::IsLabeled() const
 void ToviData::UpdateHasComment()
 {
     if (curPhotos.IsEmpty()) return;
-    hasComment = std::any_of(curPhotos.begin(), curPhotos.end(), [this](int index) {
-        return !photoData[index]->GetComment().empty();
-    });
+    hasComment = std::any_of(curPhotos.begin(), curPhotos.end(),
+                             [this](int index) { return !photoData[index]->GetComment().empty(); });
 }
 
 void ToviData::UpdatePhotoInf(CWnd* sender)

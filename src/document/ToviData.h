@@ -110,18 +110,19 @@ public:
     /// Tells all views but \p sender that labels or a comment of a photograph changed.
     void UpdatePhotoInf(CWnd* sender);
 
-    /// Lets the user choose a correction of the labels of all photographs on show (付箋の一括訂正・削除),
-    /// confirm it, and runs it. False when the user refuses or there was nothing to correct.
+    /// Lets the user choose a correction of the labels of all photographs on show
+    /// (付箋の一括訂正・削除), confirm it, and runs it. False when the user refuses or there was
+    /// nothing to correct.
     bool AllLabelCorrection();
     /// Takes all labels and comments off the photographs of the current array.
     virtual void AllRemoveLabel();
 
-    /// Writes the comments and labels of all photographs to the inspection record \p path. False leaves
-    /// the file as it was, with the reason (RecordFailure of review/RecordTags.h) in \p result; an empty
-    /// path gives no reason. \p note may be null.
+    /// Writes the comments and labels of all photographs to the inspection record \p path. False
+    /// leaves the file as it was, with the reason (RecordFailure of review/RecordTags.h) in \p
+    /// result; an empty path gives no reason. \p note may be null.
     virtual bool SaveExamination(const char* path, const char* note, int* result);
-    /// Reads such a record back: the n-th entry belongs to the n-th photograph. False changes nothing,
-    /// with the reason as in SaveExamination.
+    /// Reads such a record back: the n-th entry belongs to the n-th photograph. False changes
+    /// nothing, with the reason as in SaveExamination.
     virtual bool LoadExamination(const char* path, int* result);
     /// Writes the variant of the record that names each photograph's file.
     void ReturnExam(const char* path);
@@ -161,8 +162,8 @@ public:
     /// Selects the node of the selected photograph, or the root with its first photograph. Throws
     /// InvalidArgument when the root has none.
     void SetSelected();
-    /// Makes the photographs with \p label, whatever their node, the current array; none for a negative
-    /// one.
+    /// Makes the photographs with \p label, whatever their node, the current array; none for a
+    /// negative one.
     virtual void SetSelected(int label);
     /// The selected label, or -1.
     int GetSelectedIndex() const { return selectedLabel; }

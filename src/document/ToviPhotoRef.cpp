@@ -2,9 +2,9 @@
 
 int ToviPhotoRef::Add(int photoIndex)
 {
-    const auto [place, isNew] = positions.try_emplace(photoIndex, indexes.GetSize());
-    if (isNew) indexes.Add(photoIndex);
-    return place->second;
+    if (const int known = Find(photoIndex); known != -1) return known;
+    positions.emplace(photoIndex, indexes.GetSize());
+    return indexes.Add(photoIndex);
 }
 
 int ToviPhotoRef::Append(const ToviPhotoRef& other)
@@ -16,12 +16,10 @@ int ToviPhotoRef::Append(const ToviPhotoRef& other)
     return first;
 }
 
-void ToviPhotoRef::Assign(const CArray<int>& ordered)
+void ToviPhotoRef::Assign(CArray<int> ordered)
 {
-    RemoveAll();
-    indexes.Reserve(ordered.GetSize());
-    positions.reserve(static_cast<std::size_t>(ordered.GetSize()));
-    for (const int photoIndex : ordered) Add(photoIndex);
+    indexes = std::move(ordered);
+    positions.clear();
 }
 
 void ToviPhotoRef::RemoveAll()
@@ -32,6 +30,17 @@ void ToviPhotoRef::RemoveAll()
 
 int ToviPhotoRef::Find(int photoIndex) const
 {
-    const auto place = positions.find(photoIndex);
+    const auto place = Positions().find(photoIndex);
     return place == positions.end() ? -1 : place->second;
+}
+
+const std::unordered_map<int, int>& ToviPhotoRef::Positions() const
+{
+    if (positions.empty()) {
+        positions.reserve(static_cast<std::size_t>(indexes.GetSize()));
+        for (int position = 0; position < indexes.GetSize(); ++position) {
+            positions.emplace(indexes[position], position);
+        }
+    }
+    return positions;
 }

@@ -23,13 +23,17 @@ public:
     /// Adds each index of \p other in order; returns the position of the first one, -1 when \p
     /// other is empty.
     int Append(const ToviPhotoRef& other);
-    /// Replaces the whole by \p ordered, of which a repeated index stands once.
-    void Assign(const CArray<int>& ordered);
+    /// Replaces the whole by \p ordered, in which no index stands twice.
+    void Assign(CArray<int> ordered);
     void RemoveAll();
     /// The position of \p photoIndex, or -1.
     int Find(int photoIndex) const;
 
 private:
+    const std::unordered_map<int, int>& Positions() const;
+
     CArray<int> indexes;
-    std::unordered_map<int, int> positions;
+    /// The position of each index, as far as somebody has asked: most current arrays are only
+    /// walked.
+    mutable std::unordered_map<int, int> positions;
 };

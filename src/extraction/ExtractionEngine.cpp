@@ -137,12 +137,7 @@ ExtractionEngine::Outcome ExtractionEngine::Run(ToviPhotoRef& current,
     const CString behindNumber = " / " + std::to_string(indexes.size());
 
     ToviProgressDlg progress(true);
-    progress.Create(nullptr);
-    progress.SetCaption(nullptr);
-    progress.SetRange(0, current.GetSize());
-    progress.SetStep(1);
-    progress.SetPos(0);
-    progress.Show();
+    progress.Begin(current.GetSize());
     CArray<int> result;
     for (std::size_t i = 0; i < photos.size(); ++i) {
         if (photos[i] == nullptr) return Outcome::Abandoned;

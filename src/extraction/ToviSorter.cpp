@@ -9,6 +9,7 @@
 #include <climits>
 #include <cstdint>
 #include <cstdlib>
+#include <unordered_map>
 
 namespace
 {
@@ -23,39 +24,23 @@ int DecimalPrefix(const char* text)
         std::clamp<long long>(std::strtoll(text, nullptr, decimal), INT_MIN, INT_MAX));
 }
 
-/// Turns a sort key by bytes into one by characters: as numbers, the codes of half-width kana (one
-/// byte from A1 to DF) are lower than all codes of two bytes, whose first byte may be lower (81 to
-/// 9F). First bytes are renumbered so that they say so.
-void OrderByCharacters(std::string& key)
+/// Makes the keys of texts. Many photographs share a value: a long one is made into its key once.
+class TextKeys
 {
-    constexpr unsigned firstLead = 0x81, firstKana = 0xA1, firstHighLead = 0xE0, outside = 0xFD;
-    constexpr unsigned kanaCount = firstHighLead - firstKana;
-    constexpr unsigned lowLeadCount = firstKana - 1 - firstLead;
-    std::size_t trailing = 0;
-    for (char& byte : key) {
-        const unsigned code = static_cast<unsigned char>(byte);
-        if (trailing > 0) {
-            --trailing;
-        } else if (code >= firstKana && code < firstHighLead) {
-            byte = static_cast<char>(code - firstKana + firstLead);
-        } else if (code >= firstLead && code < firstKana - 1) {
-            byte = static_cast<char>(code + kanaCount);
-            trailing = 1;
-        } else if (code >= firstHighLead && code < outside) {
-            byte = static_cast<char>(code - firstHighLead + firstLead + kanaCount + lowLeadCount);
-            trailing = 1;
-        } else if (code == outside) {
-            trailing = 3;
-        }
+public:
+    /// \p value stays as it is while this object is used.
+    std::string Of(std::string_view value)
+    {
+        constexpr std::size_t longValue = 16;
+        if (value.size() < longValue) return Cp932::SortKey(value);
+        const auto [place, isNew] = known.try_emplace(value);
+        if (isNew) place->second = Cp932::SortKey(value);
+        return place->second;
     }
-}
 
-std::string TextKey(const char* value)
-{
-    std::string key = Cp932::SortKey(value);
-    OrderByCharacters(key);
-    return key;
-}
+private:
+    std::unordered_map<std::string_view, std::string> known;
+};
 
 /// An entry as it is sorted: in one piece and without a string, since most comparisons end at the
 /// first bytes.
@@ -137,6 +122,7 @@ void ToviSorter::PrepareSort(const CString& key, const ToviPhotoRef& ref)
     }
     const int item = data->GetItemDef()->GetIndexFromTitle(key);
     const bool numeric = key == numericKey;
+    TextKeys keys;
     for (std::size_t i = 0; i < photos.size(); ++i) {
         FetchAhead(photos, i);
         const char* const value = photos[i]->GetTitle(item);
@@ -144,7 +130,7 @@ void ToviSorter::PrepareSort(const CString& key, const ToviPhotoRef& ref)
         if (numeric) {
             entries[i].number = DecimalPrefix(value);
         } else {
-            entries[i].text = TextKey(value);
+            entries[i].text = keys.Of(value);
         }
     }
 }

@@ -31,6 +31,15 @@ void DefinitionWalk::StoreEmpty()
     if (!IsUnneeded()) items.Add(ToviItem(index, {}));
 }
 
+void DefinitionWalk::PassAbsentBlock(int& skipped)
+{
+    if (IsMandatory()) {
+        ++skipped;
+    } else {
+        SkipBlock();
+    }
+}
+
 void DefinitionWalk::SkipBlock()
 {
     int open = 1;

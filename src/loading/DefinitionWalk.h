@@ -28,6 +28,10 @@ public:
     void Store();
     /// Stores an empty value for an element that isn't there.
     void StoreEmpty();
+    /// Passes a block that isn't there: an optional one with all that is in it. Of a mandatory one
+    /// the elements are missed one by one, and \p skipped counts up: the Parent of each such block
+    /// must not move the iterator.
+    void PassAbsentBlock(int& skipped);
     /// Advances to the Parent that closes the block which the current definition opens.
     void SkipBlock();
     /// Advances to the next Parent, whatever opens in between.

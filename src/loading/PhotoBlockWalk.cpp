@@ -80,11 +80,7 @@ bool PhotoBlockWalk::PassAbsent(DefinitionWalk& walk)
     const Definition& current = walk.Current();
     if (current.count == CountNone) return false;
     if (current.operation == StepChild) {
-        if (walk.IsMandatory()) {
-            ++skipped;
-        } else {
-            walk.SkipBlock();
-        }
+        walk.PassAbsentBlock(skipped);
         return true;
     }
     walk.StoreEmpty();

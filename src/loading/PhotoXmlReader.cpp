@@ -53,11 +53,7 @@ bool PhotoXmlReader::PassAbsent(DefinitionWalk& walk)
     const Definition& current = walk.Current();
     if (current.count == CountNone) return false;
     if (current.operation == StepChild) {
-        if (walk.IsMandatory()) {
-            ++skipped;
-        } else {
-            walk.SkipBlock();
-        }
+        walk.PassAbsentBlock(skipped);
         return true;
     }
     // Unlike in the blocks, an optional element that isn't there takes the next one with it.

@@ -97,6 +97,21 @@ private:
     std::vector<std::uint16_t> codes;
 };
 
+/// The first bytes of characters in a sort key. As numbers, the codes of half-width kana (one byte
+/// from A0 to DF) are lower than all codes of two bytes, whose first byte may be lower (81 to 9F):
+/// the kana go down to 81 to C0, and those first bytes up to C1 to DF.
+constexpr unsigned char rankOutside = 0xFD;
+
+constexpr int RankOfSingle(int byte)
+{
+    return byte < 0xA0 ? byte : byte - 0xA0 + 0x81;
+}
+
+constexpr int RankOfLead(int byte)
+{
+    return byte < 0xA0 ? byte - 0x81 + 0xC1 : byte;
+}
+
 void AppendCode(std::string& bytes, std::uint16_t code)
 {
     if (code >= 0x100) bytes += static_cast<char>(code >> 8);
@@ -206,13 +221,28 @@ int ByteLength(std::string_view text)
 
 std::string SortKey(std::string_view text)
 {
-    std::string bytes;
-    EncodeInto(bytes, text, [](std::string& out, char32_t codePoint) {
-        // No code begins with FD, so these stand behind every character of the code page.
-        out += '\xFD';
-        for (int shift = 16; shift >= 0; shift -= 8) out += static_cast<char>(codePoint >> shift);
-        return true;
-    });
-    return bytes;
+    std::string key;
+    key.reserve(text.size());
+    const Table& table = Table::Get();
+    while (!text.empty()) {
+        if (static_cast<unsigned char>(text.front()) < 0x80) {
+            key += text.front();
+            text.remove_prefix(1);
+            continue;
+        }
+        const char32_t codePoint = TakeCodePoint(text);
+        const std::uint16_t code = table.CodeOf(codePoint);
+        if (code == 0 || (code >= rankOutside && code < 0x100)) {
+            key += static_cast<char>(rankOutside);
+            for (int shift = 16; shift >= 0; shift -= 8)
+                key += static_cast<char>(codePoint >> shift);
+        } else if (code < 0x100) {
+            key += static_cast<char>(RankOfSingle(code));
+        } else {
+            key += static_cast<char>(RankOfLead(code >> 8));
+            key += static_cast<char>(code);
+        }
+    }
+    return key;
 }
 } // namespace Cp932

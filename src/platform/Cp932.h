@@ -36,7 +36,8 @@ TOVI_EXPORT std::string EncodeForXml(std::string_view text);
 /// The number of bytes that \p text takes in the code page. A character outside of it counts 2.
 TOVI_EXPORT int ByteLength(std::string_view text);
 
-/// Bytes that sort \p text as code page 932 does when they are compared as unsigned numbers. A
+/// Bytes that sort \p text character by character in the order of the codes, when they are compared
+/// as unsigned numbers: characters of one byte, half-width kana among them, before all of two. A
 /// character outside the code page sorts behind all of it, by its code point.
 TOVI_EXPORT std::string SortKey(std::string_view text);
 } // namespace Cp932

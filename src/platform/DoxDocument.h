@@ -22,13 +22,14 @@ public:
     /// a failure's reason is appended to it.
     [[nodiscard]] bool Load(const CString& path, bool validate, CStringArray* errors);
 
-    /// Has Save put every element on a line of its own, indented by \p indent a level (null: one tab).
+    /// Has Save put every element on a line of its own, indented by \p indent a level (null: one
+    /// tab).
     void TransIndent(const char* indent);
 
-    /// Writes the tree to the file \p path in the encoding that its declaration names, whole or not at
-    /// all. Shift_JIS loses nothing: what has no place in the code page becomes a numeric character
-    /// reference, and what no XML file can hold becomes 〓. \p flags must be 0; \p result may be null.
-    /// False when there is no tree or the file can't be written.
+    /// Writes the tree to the file \p path in the encoding that its declaration names, whole or not
+    /// at all. Shift_JIS loses nothing: what has no place in the code page becomes a numeric
+    /// character reference, and what no XML file can hold becomes 〓. \p flags must be 0; \p result
+    /// may be null. False when there is no tree or the file can't be written.
     [[nodiscard]] bool Save(const CString& path, unsigned long flags, int* result) const;
 
     /// Frees the tree. Iterators on it must not be used any more.

@@ -122,7 +122,9 @@ CString WriteXml(const pugi::xml_document& document, const CString& indentation)
     for (const pugi::xml_node& node : document) {
         if (node.type() == pugi::node_declaration) {
             text.append("<?xml version=\"").append(node.attribute("version").value());
-            text.append("\" encoding=\"").append(node.attribute("encoding").value()).append("\"?>\n");
+            text.append("\" encoding=\"")
+                .append(node.attribute("encoding").value())
+                .append("\"?>\n");
         } else if (node.type() == pugi::node_doctype) {
             text.append("<!DOCTYPE ").append(node.value()).append(">");
             if (indentation.empty()) text += '\n';

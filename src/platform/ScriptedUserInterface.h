@@ -51,7 +51,8 @@ public:
     std::vector<CString> progress;
     /// The pumps, counted from 1 over all progress windows, in which Cancel is clicked.
     std::set<int> cancelAtPumps;
-    /// The pump in which the progress window goes, and the one in which its owner does; 0 for never.
+    /// The pump in which the progress window goes, and the one in which its owner does; 0 for
+    /// never.
     int windowGoesAtPump = 0;
     int ownerGoesAtPump = 0;
     int pumps = 0;

@@ -70,8 +70,8 @@ public:
     /// stands in \p folder; false leaves \p folder alone.
     virtual bool ChooseFolder(CString& folder, const CString& title, FolderChooserStyle style) = 0;
 
-    /// Lets the user choose one of the options of \p choice, of which the first is proposed. True when
-    /// one was chosen, whose index then stands in \p option.
+    /// Lets the user choose one of the options of \p choice, of which the first is proposed. True
+    /// when one was chosen, whose index then stands in \p option.
     virtual bool Choose(const Choice& choice, int& option) = 0;
 
     /// Tells how far a long work has come. An empty text takes the display away.

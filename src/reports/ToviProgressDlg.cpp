@@ -3,6 +3,7 @@
 #include "platform/HostServices.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace
 {
@@ -29,6 +30,16 @@ bool ToviProgressDlg::Create(CWnd* parent)
     cancelled = false;
     window->SetCancelEnabled(cancelEnabled);
     return true;
+}
+
+void ToviProgressDlg::Begin(int count)
+{
+    Create(nullptr);
+    SetCaption(nullptr);
+    SetRange(0, count);
+    SetStep(1);
+    SetPos(0);
+    Show();
 }
 
 void ToviProgressDlg::Show()

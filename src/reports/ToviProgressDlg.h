@@ -25,6 +25,9 @@ public:
     /// Opens the window, still hidden, over \p parent, or over that of the constructor when it is
     /// null, and disables the owner. False when there is no display.
     bool Create(CWnd* parent);
+    /// Opens the window as every loop over photographs has it: the application's name as its title,
+    /// a range from 0 to \p count, at 0, and shown.
+    void Begin(int count);
     /// Shows the window without giving it the focus.
     void Show();
     /// Sets the title; null means the application's name.

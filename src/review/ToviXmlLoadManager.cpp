@@ -25,14 +25,9 @@ bool ToviXmlLoadManager::Load(const ToviPhotoArray& photos, int* result)
         *result = RecordNoStates;
         return false;
     }
-    ToviProgressDlg progress(false);
+    ToviProgressDlg progress(true);
     progress.SetCancelBtnEnabled(false);
-    progress.Create(nullptr);
-    progress.SetCaption(nullptr);
-    progress.SetRange(0, count);
-    progress.SetStep(1);
-    progress.SetPos(0);
-    progress.Show();
+    progress.Begin(count);
     Entry entry = count > 0 ? ReadEntry() : Entry();
     for (int index = 0; index < count; ++index) {
         Apply(entry, *photos[index]);

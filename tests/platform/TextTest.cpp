@@ -58,8 +58,8 @@ TEST(Cp932, DecodesAsTheSystemsConverterAtEveryLengthAndPlace)
 TEST(Cp932, MeasuresLengthAndOrder)
 {
     EXPECT_EQ(Cp932::ByteLength("工abｱ𠮷"), 2 + 2 + 1 + 2);
-    const char* const ordered[] = {"",   "A",  "a",  "、", "０", "Ａ", "ァ",
-                                   "ア", "ガ", "工", "ｱ",  "髙", "é",  "𠮷"};
+    const char* const ordered[] = {"",   "A",  "a",  "｡",  "ｱ",  "ﾟ",  "、", "０", "Ａ",
+                                   "ァ", "ア", "ガ", "工", "滌", "髙", "é",  "𠮷"};
     for (std::size_t i = 1; i < std::size(ordered); ++i) {
         EXPECT_LT(Cp932::SortKey(ordered[i - 1]), Cp932::SortKey(ordered[i])) << ordered[i];
     }

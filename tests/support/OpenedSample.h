@@ -2,7 +2,7 @@
 
 #include "document/ToviData.h"
 #include "loading/ToviEnouDataFactory.h"
-#include "support/DeliveryBuilder.h"
+#include "sample/DeliveryBuilder.h"
 #include "support/TempFolder.h"
 #include "support/TestHost.h"
 

@@ -1,4 +1,4 @@
-#include "support/DeliveryBuilder.h"
+#include "sample/DeliveryBuilder.h"
 
 #include <CLI/CLI.hpp>
 

@@ -3,7 +3,6 @@
 #include "hosts/cli/Records.h"
 
 #include "platform/HostServices.h"
-#include "platform/MibFile.h"
 #include "platform/TerminalUserInterface.h"
 #include "review/LabelProcessSelectDlg.h"
 
@@ -60,12 +59,11 @@ void Correct(ToviData& document, Action action)
 
 int Run(const Arguments& arguments)
 {
-    const OpenedDelivery delivery = OpenDelivery(arguments.delivery, arguments.choice.Tree());
-    if (!delivery.IsLoaded()) return ExitNotOpened;
+    OpenedDelivery delivery;
+    const int opened =
+        OpenInspection(arguments.delivery, arguments.record, arguments.choice.Tree(), delivery);
+    if (opened != ExitDone) return opened;
     ToviData& document = *delivery.document;
-    if (RefuseInDelivery(arguments.record, delivery)) return ExitWrongUsage;
-    const bool isThere = MibIsFileExist(arguments.record);
-    if (isThere && !LoadRecord(document, arguments.record)) return ExitNotOpened;
     if (!SelectNode(document, arguments.choice.nodes)) return ExitWrongUsage;
     Correct(document, actions.at(arguments.action));
     return SaveRecord(document, arguments.record);

@@ -2,7 +2,6 @@
 #include "hosts/cli/PhotoChoice.h"
 #include "hosts/cli/Records.h"
 
-#include "platform/MibFile.h"
 #include "review/LabelRules.h"
 
 namespace
@@ -35,12 +34,11 @@ int Run(const Arguments& arguments)
         Complain("写真が指定されていません。--at か --node で指定してください。");
         return ExitWrongUsage;
     }
-    const OpenedDelivery delivery = OpenDelivery(arguments.delivery, arguments.choice.Tree());
-    if (!delivery.IsLoaded()) return ExitNotOpened;
+    OpenedDelivery delivery;
+    const int opened =
+        OpenInspection(arguments.delivery, arguments.record, arguments.choice.Tree(), delivery);
+    if (opened != ExitDone) return opened;
     ToviData& document = *delivery.document;
-    if (RefuseInDelivery(arguments.record, delivery)) return ExitWrongUsage;
-    const bool isThere = MibIsFileExist(arguments.record);
-    if (isThere && !LoadRecord(document, arguments.record)) return ExitNotOpened;
     ToviPhotoRef chosen;
     if (!FindChosen(document, arguments.choice, chosen)) return ExitWrongUsage;
     for (const int index : chosen) {

@@ -59,6 +59,16 @@ bool LoadRecord(ToviData& document, const CString& record)
     return false;
 }
 
+int OpenInspection(const DeliveryArguments& arguments, const CString& record,
+                   ToviPhotoCtrlVisualSetting::TreeType tree, OpenedDelivery& delivery)
+{
+    delivery = OpenDelivery(arguments, tree);
+    if (!delivery.IsLoaded()) return ExitNotOpened;
+    if (RefuseInDelivery(record, delivery)) return ExitWrongUsage;
+    if (MibIsFileExist(record) && !LoadRecord(*delivery.document, record)) return ExitNotOpened;
+    return ExitDone;
+}
+
 int SaveRecord(ToviData& document, const CString& record)
 {
     int reason = noReason;

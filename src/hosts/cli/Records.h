@@ -10,6 +10,11 @@ CLI::Option* AddRecordOption(CLI::App& command, std::string& record);
 /// doesn't fit; an empty name is no inspection and true.
 bool LoadRecord(ToviData& document, const CString& record);
 
+/// Opens \p delivery for an inspection that will be saved to \p record, and takes up what is there
+/// already. Returns the exit status; what isn't ExitDone was told on standard error.
+int OpenInspection(const DeliveryArguments& arguments, const CString& record,
+                   ToviPhotoCtrlVisualSetting::TreeType tree, OpenedDelivery& delivery);
+
 /// Saves the inspection to the file \p record and returns the exit status; a failure is told on
 /// standard error.
 int SaveRecord(ToviData& document, const CString& record);

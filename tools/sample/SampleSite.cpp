@@ -1,6 +1,6 @@
-#include "support/SampleSite.h"
+#include "sample/SampleSite.h"
 
-#include "support/SampleFigures.h"
+#include "sample/SampleFigures.h"
 
 #include <QLinearGradient>
 #include <QPainter>

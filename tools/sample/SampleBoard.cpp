@@ -1,4 +1,4 @@
-#include "support/SampleBoard.h"
+#include "sample/SampleBoard.h"
 
 #include <QPainter>
 

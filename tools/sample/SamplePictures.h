@@ -1,7 +1,7 @@
 #pragma once
 
-#include "support/SampleBoard.h"
-#include "support/SamplePhoto.h"
+#include "sample/SampleBoard.h"
+#include "sample/SamplePhoto.h"
 
 /// The scene of photograph \p number (from 0) with the values of \p photo.
 SampleScene SceneOf(const SamplePhoto& photo, const SampleWork& work, unsigned seed, int number);

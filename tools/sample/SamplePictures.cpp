@@ -1,8 +1,8 @@
-#include "support/SamplePictures.h"
+#include "sample/SamplePictures.h"
 
-#include "support/SampleDrawings.h"
-#include "support/SampleExif.h"
-#include "support/SampleSite.h"
+#include "sample/SampleDrawings.h"
+#include "sample/SampleExif.h"
+#include "sample/SampleSite.h"
 
 #include <QBuffer>
 #include <QGuiApplication>

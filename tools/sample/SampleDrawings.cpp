@@ -1,7 +1,7 @@
-#include "support/SampleDrawings.h"
+#include "sample/SampleDrawings.h"
 
-#include "support/SampleBoard.h"
-#include "support/SampleRandom.h"
+#include "sample/SampleBoard.h"
+#include "sample/SampleRandom.h"
 
 #include <QPainter>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "support/SampleSchema.h"
+#include "sample/SampleSchema.h"
 
 #include <chrono>
 #include <ostream>

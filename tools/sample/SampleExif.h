@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/Text.h"
-#include "support/SampleRandom.h"
+#include "sample/SampleRandom.h"
 
 #include <chrono>
 #include <optional>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "support/SampleRandom.h"
+#include "sample/SampleRandom.h"
 
 #include <QPointF>
 

@@ -1,6 +1,6 @@
-#include "support/SampleIndex.h"
+#include "sample/SampleIndex.h"
 
-#include "support/SampleWords.h"
+#include "sample/SampleWords.h"
 
 #include <algorithm>
 

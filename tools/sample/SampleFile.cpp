@@ -1,4 +1,4 @@
-#include "support/SampleFile.h"
+#include "sample/SampleFile.h"
 
 #include <cerrno>
 #include <cstring>

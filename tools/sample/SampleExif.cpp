@@ -1,4 +1,4 @@
-#include "support/SampleExif.h"
+#include "sample/SampleExif.h"
 
 #include <libexif/exif-data.h>
 #include <libexif/exif-mem.h>

@@ -1,7 +1,7 @@
-#include "support/SamplePhoto.h"
+#include "sample/SamplePhoto.h"
 
-#include "support/SampleRandom.h"
-#include "support/SampleWords.h"
+#include "sample/SampleRandom.h"
+#include "sample/SampleWords.h"
 
 #include <algorithm>
 

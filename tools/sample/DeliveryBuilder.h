@@ -1,7 +1,7 @@
 #pragma once
 
-#include "support/SamplePhoto.h"
-#include "support/SampleXml.h"
+#include "sample/SamplePhoto.h"
+#include "sample/SampleXml.h"
 
 #include <functional>
 #include <map>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "support/SampleBoard.h"
+#include "sample/SampleBoard.h"
 
 /// Paints the construction site of \p scene in \p size, with the blackboard standing in it when
 /// \p withBoard is set.

@@ -1,9 +1,9 @@
-#include "support/DeliveryBuilder.h"
+#include "sample/DeliveryBuilder.h"
 
 #include "platform/Cp932.h"
-#include "support/SampleFile.h"
-#include "support/SampleIndex.h"
-#include "support/SamplePictures.h"
+#include "sample/SampleFile.h"
+#include "sample/SampleIndex.h"
+#include "sample/SamplePictures.h"
 
 #include <algorithm>
 #include <stdexcept>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "support/SamplePhoto.h"
-#include "support/SampleXml.h"
+#include "sample/SamplePhoto.h"
+#include "sample/SampleXml.h"
 
 /// Writes the delivery's index file (INDEX_C.XML) from its DOCTYPE to its end.
 void WriteIndex(SampleXml& xml, const SampleSchema& schema, const SampleWork& work);

@@ -1,4 +1,4 @@
-#include "support/SampleSchema.h"
+#include "sample/SampleSchema.h"
 
 #include <algorithm>
 #include <iterator>

@@ -1,6 +1,6 @@
-#include "support/SampleFigures.h"
+#include "sample/SampleFigures.h"
 
-#include "support/SampleBoard.h"
+#include "sample/SampleBoard.h"
 
 #include <QLinearGradient>
 #include <QPainter>

@@ -1,4 +1,4 @@
-#include "support/SampleXml.h"
+#include "sample/SampleXml.h"
 
 namespace
 {

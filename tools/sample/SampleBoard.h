@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/Text.h"
-#include "support/SampleWords.h"
+#include "sample/SampleWords.h"
 
 #include <QFont>
 #include <QImage>
