@@ -100,14 +100,18 @@ void BareSort(benchmark::State& state, const char* key)
 BENCHMARK_CAPTURE(BareSort, Date, textKey)->Apply(sizes);
 BENCHMARK_CAPTURE(BareSort, Title, longTextKey)->Apply(sizes);
 
+/// The keys of the numeric sort are the numbers with the photo indexes, which decide between equal
+/// ones.
 void BareSortOfNumbers(benchmark::State& state)
 {
     const Opened opened(state);
-    std::vector<int> keys;
-    for (const CString& value : opened.Values(numberKey)) keys.push_back(std::atoi(value.c_str()));
+    std::vector<std::pair<int, int>> keys;
+    for (const CString& value : opened.Values(numberKey)) {
+        keys.emplace_back(std::atoi(value.c_str()), static_cast<int>(keys.size()));
+    }
     for (auto _ : state) {
         state.PauseTiming();
-        std::vector<int> sorted = keys;
+        std::vector<std::pair<int, int>> sorted = keys;
         state.ResumeTiming();
         std::sort(sorted.begin(), sorted.end());
         benchmark::DoNotOptimize(sorted.data());

@@ -170,11 +170,11 @@ TEST_F(Inspection, SurvivesBeingKilled)
     ASSERT_EQ(
         Run({"label", "--record", record, "--at", "0", "--paste", "1", "--comment", "一"}).status,
         0);
-    for (int round = 0; round < 40; ++round) {
-        const CString comment(static_cast<std::size_t>(round) * 500, 'c');
+    for (int round = 0; round < 100; ++round) {
+        const CString comment(static_cast<std::size_t>(round) * 200, 'c');
         RunProgramAndKill(
             {"tovi", "label", delivery, "--record", record, "--at", "0-5", "--comment", comment},
-            temp.Path("config"), 3000 + round * 500);
+            temp.Path("config"), 3000 + round * 250);
         const ProgramResult result = Run({"record", record});
         ASSERT_EQ(result.status, 0) << round << result.errors;
         EXPECT_EQ(Json::parse(result.output)[0]["labels"], Json::parse("[1,4]")) << round;
