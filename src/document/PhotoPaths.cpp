@@ -43,26 +43,37 @@ bool IsPhotograph(const ToviItem& item, const PhotoPathItems& pathItems)
     return item.GetDefIndex() == pathItems.photograph;
 }
 
-/// \p root + \p folder + the file name in \p value. A value that would lead out of the folder
-/// counts as an empty one: the result is then the folder, which is no file.
-CString DeliveredPath(const CString& root, const char* folder, const CString& value)
+/// \p value with the separators of this file system.
+CString NameOf(const CString& value)
 {
-    CString path = root + folder;
-    const std::size_t start = path.size();
-    path += value;
-    std::replace(path.begin() + static_cast<std::ptrdiff_t>(start), path.end(), '\\', '/');
-    const std::string_view name = std::string_view(path).substr(start);
-    const bool climbs = name == ".." || name.starts_with("../") || name.ends_with("/..") ||
-                        name.find("/../") != std::string_view::npos;
-    if (climbs || name.find('\0') != std::string_view::npos) path.resize(start);
-    return path;
+    return ReplaceAll(value, "\\", "/");
 }
 
-CStringArray ExistingOf(const CStringArray& paths)
+/// False for an empty value, and for one that would lead out of the delivery's folder.
+bool IsUsable(const CString& value)
+{
+    const CString within = "/" + NameOf(value) + "/";
+    return !value.empty() && within.find("/../") == CString::npos &&
+           within.find('\0') == CString::npos;
+}
+
+bool IsUsableDrawing(const ToviItem& item, const PhotoPathItems& pathItems)
+{
+    return IsDrawing(item, pathItems) && IsUsable(item.GetValue());
+}
+
+/// \p root + \p folder + the file name in \p value; without the name when that can't be used, which
+/// is then no file.
+CString DeliveredPath(const CString& root, const char* folder, const CString& value)
+{
+    return root + folder + (IsUsable(value) ? NameOf(value) : CString());
+}
+
+CStringArray ExistingOf(const CStringArray& paths, const IsFileThere& isThere)
 {
     CStringArray existing;
     for (const CString& path : paths) {
-        if (MibIsFileExist(path)) existing.Add(path);
+        if (isThere(path)) existing.Add(path);
     }
     return existing;
 }
@@ -71,8 +82,9 @@ CStringArray ExistingOf(const CStringArray& paths)
 /// \p root.
 CString KeptOrNewPath(const CStringArray& kept, const CString& root, const CString& value)
 {
-    const auto found = std::find_if(kept.begin(), kept.end(), [&value](const CString& path) {
-        return path.find(value) != CString::npos;
+    const CString name = NameOf(value);
+    const auto found = std::find_if(kept.begin(), kept.end(), [&name](const CString& path) {
+        return path.find(name) != CString::npos;
     });
     return found != kept.end() ? *found : DeliveredPath(root, drawingFolder, value);
 }
@@ -107,7 +119,7 @@ void MakeRelativePaths(const ToviItemArray& items, const PhotoPathItems& pathIte
     imagePath.clear();
     picturePaths.RemoveAll();
     for (const ToviItem& item : items) {
-        if (IsDrawing(item, pathItems) && !item.GetValue().empty()) {
+        if (IsUsableDrawing(item, pathItems)) {
             picturePaths.Add(DeliveredPath(root, drawingFolder, item.GetValue()));
         }
         if (IsPhotograph(item, pathItems)) {
@@ -120,10 +132,10 @@ void RebuildRelativePaths(const ToviItemArray& items, const PhotoPathItems& path
                           const CString& root, CString& imagePath, CStringArray& picturePaths)
 {
     if (!MibIsFileExist(imagePath)) imagePath.clear();
-    const CStringArray kept = ExistingOf(picturePaths);
+    const CStringArray kept = ExistingOf(picturePaths, MibIsFileExist);
     picturePaths.RemoveAll();
     for (const ToviItem& item : items) {
-        if (IsDrawing(item, pathItems) && !item.GetValue().empty()) {
+        if (IsUsableDrawing(item, pathItems)) {
             picturePaths.Add(KeptOrNewPath(kept, root, item.GetValue()));
         }
         if (imagePath.empty() && IsPhotograph(item, pathItems)) {
@@ -134,18 +146,18 @@ void RebuildRelativePaths(const ToviItemArray& items, const PhotoPathItems& path
 
 void FindMissingNames(const ToviItemArray& items, const PhotoPathItems& pathItems,
                       const CString& imagePath, const CStringArray& picturePaths,
-                      CStringArray& names)
+                      CStringArray& names, const IsFileThere& isThere)
 {
-    const CStringArray existing = ExistingOf(picturePaths);
+    const CStringArray existing = ExistingOf(picturePaths, isThere);
     for (const ToviItem& item : items) {
         const CString& value = item.GetValue();
-        if (value.empty()) continue;
+        if (!IsUsable(value)) continue;
         // One drawing that exists stands for all of them: the names are compared with the front of
         // the paths found, where a bare file name never is.
         const bool found =
             std::any_of(existing.begin(), existing.end(),
                         [&value](const CString& path) { return !path.starts_with(value); });
         if (IsDrawing(item, pathItems) && !found) names.Add(value);
-        if (IsPhotograph(item, pathItems) && !MibIsFileExist(imagePath)) names.Add(value);
+        if (IsPhotograph(item, pathItems) && !isThere(imagePath)) names.Add(value);
     }
 }

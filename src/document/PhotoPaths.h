@@ -3,7 +3,12 @@
 #include "document/ToviItem.h"
 #include "platform/Text.h"
 
+#include <functional>
+
 class ToviItemDef;
+
+/// Whether a file is there and may be read.
+using IsFileThere = std::function<bool(const CString& path)>;
 
 /// Which items of a photograph name its files.
 struct PhotoPathItems
@@ -33,4 +38,4 @@ void RebuildRelativePaths(const ToviItemArray& items, const PhotoPathItems& path
 /// stand-alone case.
 void FindMissingNames(const ToviItemArray& items, const PhotoPathItems& pathItems,
                       const CString& imagePath, const CStringArray& picturePaths,
-                      CStringArray& names);
+                      CStringArray& names, const IsFileThere& isThere);

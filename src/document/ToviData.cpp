@@ -194,11 +194,16 @@ bool ToviData::LoadExamination(const char* path, int* result)
 
 void ToviData::ReturnExam(const char* path)
 {
-    if (*path == '\0') return;
+    int ignored = 0;
+    ReturnExam(path, &ignored);
+}
+
+bool ToviData::ReturnExam(const char* path, int* result)
+{
+    if (*path == '\0') return false;
     ToviXmlSaveManager manager(path, nullptr, nullptr);
     manager.WritePath(true);
-    int ignored = 0;
-    manager.Save(photoData, &ignored);
+    return manager.Save(photoData, result);
 }
 
 ToviSortCondition* ToviData::OnCreateSortCondition()

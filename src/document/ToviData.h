@@ -93,6 +93,10 @@ public:
     /// defined.
     bool GetPhotoItemValue(const CString& item, CStringArray& values);
 
+    /// For documents that keep texts apart from their photographs; this one doesn't.
+    virtual void AllTextLoad() {}
+    virtual void AllTextUnLoad() {}
+
     virtual ToviLabelManager* GetLabelManager() { return &labelManager; }
     /// Replaces \p out by the photo indexes of all photographs with this label, in the order of
     /// PHOTO.XML, and returns their number.
@@ -126,6 +130,8 @@ public:
     virtual bool LoadExamination(const char* path, int* result);
     /// Writes the variant of the record that names each photograph's file.
     void ReturnExam(const char* path);
+    /// The same, with an outcome as in SaveExamination.
+    bool ReturnExam(const char* path, int* result);
 
     const ToviSortCondition& GetSortCondition() const { return *sortCondition; }
     /// Takes over \p condition without sorting.

@@ -33,13 +33,14 @@ const ToviNode& ToviNode::operator=(const ToviNode& other)
     valid = other.valid;
     title = other.title;
     parent = nullptr;
-    for (ToviNode* child : children) delete child;
-    children.RemoveAll();
+    // The source may lie beneath the target, so the old children go last.
+    ToviNodeArray copies;
     for (const ToviNode* child : other.children) {
-        ToviNode* copy = child->Clone();
-        copy->parent = this;
-        children.Add(copy);
+        copies.Add(child->Clone());
+        copies[copies.GetSize() - 1]->parent = this;
     }
+    std::swap(children, copies);
+    for (const ToviNode* child : copies) delete child;
     return *this;
 }
 

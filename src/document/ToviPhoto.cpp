@@ -27,6 +27,8 @@ ToviPhoto& ToviPhoto::operator=(const ToviPhoto& other)
     if (this == &other) return *this;
     imagePath = other.imagePath;
     picturePaths = other.picturePaths;
+    fileExists = false;
+    exif.reset();
     items = other.items;
     exifState = other.exifState;
     labels = other.labels;
@@ -88,7 +90,8 @@ void ToviPhoto::GetOutputFilename(CStringArray& names) const
 {
     if (document == nullptr) return;
     FindMissingNames(items, FindPhotoPathItems(*document->GetItemDef(), true), imagePath,
-                     picturePaths, names);
+                     picturePaths, names,
+                     [this](const CString& path) { return IsReadableFile(path); });
 }
 
 const ToviItem* ToviPhoto::FindItem(int defIndex) const

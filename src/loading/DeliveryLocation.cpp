@@ -51,7 +51,7 @@ std::string_view ElementText(std::string_view xml, const CString& tag)
 /// The head of the last index file above \p photoFolder, or empty.
 CString ReadIndexHead(const CString& photoFolder)
 {
-    CString above = photoFolder;
+    CString above = MibAbsolutePath(photoFolder);
     MibParentDir(above);
     for (const char* pattern : {"INDEX_*.XML", "PHOTO_*.XML"}) {
         const CStringArray found = MibFileFind(above, pattern);
@@ -76,7 +76,8 @@ CString FindPhotoFolder(const CString& path)
     const auto holdsPhotoXml = [](const CString& folder) {
         return MibIsFileExist(folder + "PHOTO.XML");
     };
-    CString folder = path;
+    // The index file is looked for above the folder, which a relative path may not tell.
+    CString folder = MibAbsolutePath(path);
     MibNormalDir(folder);
     if (holdsPhotoXml(folder)) return folder;
     if (holdsPhotoXml(folder + "PHOTO/")) return folder + "PHOTO/";

@@ -17,22 +17,23 @@ PhotoXMLReadErr ToviItemDef::Load(const char* dataPath, PhotoXMLType family)
 bool ToviItemDef::InitializeData(const char* dataPath, PhotoXMLType family)
 {
     type = family;
+    definitions.RemoveAll();
     SetRootPath(dataPath);
     programPath = MibProgramPath();
     if (programPath.empty()) return false;
     readItemPath = programPath + "READITEM.XML";
-    definitions.RemoveAll();
     return true;
 }
 
 void ToviItemDef::SetRootPath(const CString& dataPath)
 {
-    parentPath = dataPath;
+    parentPath = MibAbsolutePath(dataPath);
     MibParentDir(parentPath);
 }
 
 PhotoXMLReadErr ToviItemDef::ReadPhotoDef(const char* dataPath)
 {
+    definitions.RemoveAll();
     const CString section = GetRootTagNamePhoto(dataPath);
     if (section.empty()) return ReadErrUnknownPhotoXml;
     return ReadDef(section, definitions) ? ReadErrNone : ReadErrDefinition;
@@ -40,6 +41,8 @@ PhotoXMLReadErr ToviItemDef::ReadPhotoDef(const char* dataPath)
 
 CString ToviItemDef::GetRootTagNamePhoto(const char* dataPath)
 {
+    // A document without a delivery must not find one in the current folder.
+    if (*dataPath == '\0') return {};
     CString xmlPath = dataPath;
     MibNormalDir(xmlPath);
     bool opened = false;

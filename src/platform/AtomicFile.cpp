@@ -79,7 +79,10 @@ public:
         struct stat now;
         if (fstat(file.Get(), &now) != 0) return errno;
         // A foreign owner can only be kept by an administrator's program; others become the owner.
-        [[maybe_unused]] const int kept = fchown(file.Get(), old.st_uid, old.st_gid);
+        if (fchown(file.Get(), old.st_uid, old.st_gid) != 0) {
+            [[maybe_unused]] const int kept =
+                fchown(file.Get(), static_cast<uid_t>(-1), old.st_gid);
+        }
         // Not every file system of a memory card knows permissions; there they never differ.
         if (((now.st_mode ^ old.st_mode) & permissionBits) == 0) return 0;
         return fchmod(file.Get(), old.st_mode & permissionBits) == 0 ? 0 : errno;

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <ctime>
 #include <map>
 #include <memory>
@@ -37,7 +38,9 @@ bool SameTime(const timespec& left, const timespec& right)
 
 Listing MakeListing(const CString& folder, const timespec& changed)
 {
-    Listing listing{changed, std::time(nullptr) - changed.tv_sec <= coarsestTimeStampSeconds, {}};
+    // A folder dated in the future by the clock of its own machine is as settled as an old one.
+    const std::time_t age = std::abs(std::time(nullptr) - changed.tv_sec);
+    Listing listing{changed, age <= coarsestTimeStampSeconds, {}};
     // Of two names that differ only in case the first in byte order answers.
     for (const CString& name : ListFolder(folder)) listing.names.try_emplace(FoldCase(name), name);
     return listing;

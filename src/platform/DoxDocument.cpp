@@ -1,9 +1,11 @@
 #include "platform/DoxDocument.h"
 
 #include "platform/AtomicFile.h"
+#include "platform/CaseFallback.h"
 #include "platform/Cp932.h"
 #include "platform/DoxTree.h"
 #include "platform/DoxWriter.h"
+#include "platform/FolderLock.h"
 #include "platform/MibFile.h"
 #include "platform/TextEncoding.h"
 
@@ -26,18 +28,31 @@ std::size_t LineOf(const CString& text, std::size_t offset)
     return static_cast<std::size_t>(std::count(text.begin(), end, '\n')) + 1;
 }
 
+/// True when the character reference at the front of \p text is closed and names a character.
+bool IsRightReference(std::string_view text)
+{
+    const bool hexadecimal = text.starts_with("&#x");
+    const char* const first = text.data() + (hexadecimal ? 3 : 2);
+    const char* const last = text.data() + text.size();
+    std::uint32_t codePoint = 0;
+    const auto [end, error] = std::from_chars(first, last, codePoint, hexadecimal ? 16 : 10);
+    return error == std::errc() && end != last && *end == ';' && IsXmlCharacter(codePoint);
+}
+
 /// The offset of the first character reference in \p text to something that is no character, which
 /// the parser would let through; nothing when there is none.
-std::optional<std::size_t> FindWrongReference(const CString& text)
+std::optional<std::size_t> FindWrongReference(std::string_view text)
 {
-    for (std::size_t at = text.find("&#"); at != CString::npos; at = text.find("&#", at + 2)) {
-        const bool hexadecimal = at + 2 < text.size() && text[at + 2] == 'x';
-        const char* first = text.data() + at + (hexadecimal ? 3 : 2);
-        std::uint32_t codePoint = 0;
-        const auto [end, error] =
-            std::from_chars(first, text.data() + text.size(), codePoint, hexadecimal ? 16 : 10);
-        const bool closed = end != text.data() + text.size() && *end == ';';
-        if (error != std::errc() || !closed || !IsXmlCharacter(codePoint)) return at;
+    constexpr std::pair<std::string_view, std::string_view> verbatim[] = {{"<!--", "-->"},
+                                                                          {"<![CDATA[", "]]>"}};
+    if (text.find("&#") == std::string_view::npos) return std::nullopt;
+    for (std::size_t at = text.find_first_of("<&"); at < text.size();
+         at = text.find_first_of("<&", at + 1)) {
+        const std::string_view rest = text.substr(at);
+        if (rest.starts_with("&#") && !IsRightReference(rest)) return at;
+        for (const auto& [begin, end] : verbatim) {
+            if (rest.starts_with(begin)) at = std::min(text.find(end, at), text.size());
+        }
     }
     return std::nullopt;
 }
@@ -79,6 +94,14 @@ bool DoxDocument::Load(const CString& path, bool, CStringArray* errors)
     return true;
 }
 
+bool DoxDocument::LoadThroughFile(const CString& path, std::string_view bytes)
+{
+    const FolderLock lock(path.substr(0, path.rfind('/') + 1));
+    const bool loaded = WriteFileAtomically(path, bytes) && Load(path, false, nullptr);
+    MibDeleteFile(path);
+    return loaded;
+}
+
 void DoxDocument::TransIndent(const char* indent)
 {
     indentation = indent == nullptr ? "\t" : indent;
@@ -90,8 +113,13 @@ bool DoxDocument::Save(const CString& path, unsigned long, int*) const
     const pugi::xml_node declaration = tree->document.first_child();
     const CString encoding = declaration.attribute("encoding").value();
     CString text = WriteXml(tree->document, indentation);
-    if (EqualNoCase(encoding, "Shift_JIS")) text = Cp932::EncodeForXml(text);
-    return WriteFileAtomically(path, text);
+    if (EqualNoCase(encoding, "Shift_JIS")) {
+        text = Cp932::EncodeForXml(text);
+    } else if (!EqualNoCase(encoding, "UTF-8")) {
+        return false;
+    }
+    const CString existing = ExistingPath(path);
+    return WriteFileAtomically(existing.empty() ? path : existing, text);
 }
 
 void DoxDocument::Terminate()

@@ -17,10 +17,15 @@ public:
     bool Initiate();
 
     /// Reads the file \p path. False when it is missing, no regular file, not in its declared
-    /// encoding or not well formed; Problem() then says why. Nothing outside the file is read:
-    /// entities and the DTD are left alone. \p validate must be false; \p errors may be null, else
-    /// a failure's reason is appended to it.
+    /// encoding or not well formed; Problem() then says why. What misleads nobody is let pass, such
+    /// as a bare "&" or an entity that isn't known, which stay as they are written. Nothing outside
+    /// the file is read: entities and the DTD are left alone. \p validate must be false; \p errors
+    /// may be null, else a failure's reason is appended to it.
     [[nodiscard]] bool Load(const CString& path, bool validate, CStringArray* errors);
+
+    /// Reads \p bytes by way of the file \p path, which is gone afterwards. Another program that
+    /// does the same with a file of the same folder waits meanwhile. False as in Load.
+    [[nodiscard]] bool LoadThroughFile(const CString& path, std::string_view bytes);
 
     /// Has Save put every element on a line of its own, indented by \p indent a level (null: one
     /// tab).
@@ -28,8 +33,10 @@ public:
 
     /// Writes the tree to the file \p path in the encoding that its declaration names, whole or not
     /// at all. Shift_JIS loses nothing: what has no place in the code page becomes a numeric
-    /// character reference, and what no XML file can hold becomes 〓. \p flags must be 0; \p result
-    /// may be null. False when there is no tree or the file can't be written.
+    /// character reference, and what no XML file can hold becomes 〓. A file of that name
+    /// in another letter case is the one that is replaced. \p flags must be 0; \p result may be
+    /// null. False when there is no tree, when it declares another encoding than Shift_JIS or
+    /// UTF-8, or when the file can't be written.
     [[nodiscard]] bool Save(const CString& path, unsigned long flags, int* result) const;
 
     /// Frees the tree. Iterators on it must not be used any more.

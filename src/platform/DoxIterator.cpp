@@ -11,13 +11,6 @@ pugi::xml_node NodeOf(void* node)
     return pugi::xml_node(static_cast<pugi::xml_node_struct*>(node));
 }
 
-/// \p node, or the first of its later siblings that is an element.
-pugi::xml_node ElementFrom(pugi::xml_node node)
-{
-    while (node && node.type() != pugi::node_element) node = node.next_sibling();
-    return node;
-}
-
 bool MoveTo(void*& place, pugi::xml_node target)
 {
     if (!target) return false;

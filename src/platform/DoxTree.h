@@ -10,3 +10,10 @@ struct DoxDocument::Tree
     CString text;
     pugi::xml_document document;
 };
+
+/// \p node, or the first of its later siblings that is an element.
+inline pugi::xml_node ElementFrom(pugi::xml_node node)
+{
+    while (node && node.type() != pugi::node_element) node = node.next_sibling();
+    return node;
+}

@@ -1,5 +1,7 @@
 #include "platform/DoxWriter.h"
 
+#include "platform/DoxTree.h"
+
 #include <algorithm>
 
 namespace
@@ -73,12 +75,6 @@ public:
     }
 
 private:
-    static pugi::xml_node ElementFrom(pugi::xml_node node)
-    {
-        while (node && node.type() != pugi::node_element) node = node.next_sibling();
-        return node;
-    }
-
     /// The start tag and the character data; those between children come together in front of them.
     void Open(const pugi::xml_node& node)
     {

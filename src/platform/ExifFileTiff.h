@@ -10,7 +10,7 @@ inline constexpr std::string_view exifMark("Exif\0\0", 6);
 bool IsTiffStart(const std::string& start);
 
 /// The Exif data of the TIFF file \p file as a block of their own, with the size of its picture.
-/// directories and their values lie anywhere among the pixels, far beyond the 64 KiB that Exif data
+/// Directories and their values lie anywhere among the pixels, far beyond the 64 KiB that Exif data
 /// may have. Of its directories only the first is taken, with the Exif and GPS directories that it
 /// points to; values too long for a fact about a photograph are left out. Empty when it
 /// points to neither.

@@ -13,6 +13,7 @@
 #include <array>
 #include <cstdlib>
 #include <ctime>
+#include <filesystem>
 #include <memory>
 
 namespace
@@ -38,6 +39,13 @@ void MibNormalDir(CString& path)
 {
     std::replace(path.begin(), path.end(), '\\', '/');
     if (!path.empty() && path.back() != '/') path += '/';
+}
+
+CString MibAbsolutePath(const CString& path)
+{
+    if (path.empty()) return path;
+    std::error_code ignored;
+    return std::filesystem::absolute(path, ignored).lexically_normal().string();
 }
 
 void MibParentDir(CString& path)
@@ -114,14 +122,6 @@ bool MibIsInside(const CString& folder, const CString& path)
     const CString realFolder = RealPath(folder);
     if (realFolder.empty()) return false;
     return (RealPath(path) + '/').starts_with(realFolder == "/" ? realFolder : realFolder + '/');
-}
-
-std::int64_t MibModificationTime(const CString& path)
-{
-    constexpr std::int64_t nanosecondsPerSecond = 1'000'000'000;
-    const auto facts = FactsOf(path);
-    if (!facts) return 0;
-    return facts->st_mtim.tv_sec * nanosecondsPerSecond + facts->st_mtim.tv_nsec;
 }
 
 CString MibModificationDate(const CString& path)

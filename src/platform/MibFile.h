@@ -2,7 +2,6 @@
 
 #include "platform/Text.h"
 
-#include <cstdint>
 #include <functional>
 #include <optional>
 
@@ -11,6 +10,9 @@
 
 /// Makes \p path end in a path separator, with every "\" in it turned to "/". An empty path stays.
 TOVI_EXPORT void MibNormalDir(CString& path);
+
+/// \p path from the root on, without "." and ".."; an empty path stays.
+TOVI_EXPORT CString MibAbsolutePath(const CString& path);
 
 /// Takes the last folder (or file) off \p path; the result ends in a path separator. The root and a
 /// path without a folder stay as they are.
@@ -44,9 +46,6 @@ TOVI_EXPORT CString MibProgramPath();
 /// True when \p path leads, symbolic links followed, to \p folder itself or something inside it.
 /// False too when either doesn't exist.
 TOVI_EXPORT bool MibIsInside(const CString& folder, const CString& path);
-
-/// The time of the last change of the file \p path in nanoseconds since 1970; 0 without a file.
-TOVI_EXPORT std::int64_t MibModificationTime(const CString& path);
 
 /// The local date of the last change of the file \p path as YYYY-MM-DD; empty when there is no
 /// file.

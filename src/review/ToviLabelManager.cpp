@@ -31,6 +31,11 @@ ToviLabelAttribute::ToviLabelAttribute(unsigned long labelColor, const char* lab
 
 ToviLabelManager::ToviLabelManager()
 {
+    Initialize();
+}
+
+void ToviLabelManager::Initialize()
+{
     for (unsigned int slot = 0; slot < labelCount; ++slot) {
         attributes[slot] = {defaultLabels[slot].color, defaultLabels[slot].name};
     }

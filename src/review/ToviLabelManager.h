@@ -46,6 +46,8 @@ public:
     ToviLabelManager& operator=(const ToviLabelManager& other);
     virtual ~ToviLabelManager();
 
+    /// Sets the default names and colours.
+    void Initialize();
     static int GetMaxCount() { return static_cast<int>(labelCount); }
 
     /// Writes the names to the profile store. The argument isn't read.

@@ -6,6 +6,12 @@
 #include <algorithm>
 #include <cstdlib>
 
+namespace
+{
+/// A comment that goes on to photographs without an entry must not fill the memory.
+constexpr std::size_t longestRepeatedComment = 4096;
+} // namespace
+
 ToviXmlLoadManager::ToviXmlLoadManager(const char* recordPath, const char* deliveryRoot)
     : ToviXmlManager(recordPath, deliveryRoot), place(&document)
 {
@@ -32,16 +38,20 @@ bool ToviXmlLoadManager::Load(const ToviPhotoArray& photos, int* result)
     for (int index = 0; index < count; ++index) {
         Apply(entry, *photos[index]);
         // Where the record has too few entries, the last one goes on.
-        if (place.NextSibling()) entry = ReadEntry();
+        if (place.NextSibling()) {
+            entry = ReadEntry();
+        } else if (entry.comment && entry.comment->size() > longestRepeatedComment) {
+            entry.comment.reset();
+        }
         progress.SetMessage(Format("検査状況読み込み中　%d / %d", index + 1, count));
         progress.StepIt();
     }
     return true;
 }
 
-int ToviXmlLoadManager::ReadCount() const
+long ToviXmlLoadManager::ReadCount() const
 {
-    return static_cast<int>(std::strtol(place.GetText().c_str(), nullptr, 10));
+    return std::strtol(place.GetText().c_str(), nullptr, 10);
 }
 
 ToviXmlLoadManager::Entry ToviXmlLoadManager::ReadEntry()

@@ -24,7 +24,7 @@ private:
         std::array<std::optional<bool>, labelCount> labels;
     };
 
-    int ReadCount() const;
+    long ReadCount() const;
     Entry ReadEntry();
     void ReadField(Entry& entry) const;
     static void Apply(const Entry& entry, ToviPhoto& photo);

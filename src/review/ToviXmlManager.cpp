@@ -1,7 +1,6 @@
 #include "review/ToviXmlManager.h"
 
 #include "loading/WorkFolder.h"
-#include "platform/AtomicFile.h"
 #include "platform/HostServices.h"
 #include "platform/MibFile.h"
 
@@ -15,11 +14,7 @@ bool LoadTemplate(DoxDocument& document)
 {
     const CString folder = SuiteFolder();
     if (folder.empty() || !MibCreateDirectory(folder)) return false;
-    const CString path = folder + "HeaderExamination.tmp";
-    const bool loaded =
-        WriteFileAtomically(path, headerTemplate) && document.Load(path, false, nullptr);
-    MibDeleteFile(path);
-    return loaded;
+    return document.LoadThroughFile(folder + "HeaderExamination.tmp", headerTemplate);
 }
 } // namespace
 

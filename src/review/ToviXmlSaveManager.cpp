@@ -52,7 +52,9 @@ bool ToviXmlSaveManager::BuildFrame(int photoCount)
     iterator->Root();
     Enter(RecordTags::root);
     Enter(RecordTags::facts);
-    Write(RecordTags::photoCount, std::to_string(photoCount).c_str());
+    Enter(RecordTags::photoCount);
+    iterator->SetText(static_cast<unsigned long>(photoCount));
+    iterator->Parent();
     iterator->Parent();
     return iterator->InsertChild(RecordTags::states);
 }

@@ -68,6 +68,17 @@ TEST(ToviPhoto, MakesPathsThatStayInTheDelivery)
     }
 }
 
+TEST(ToviPhoto, LeavesOutDrawingsThatLeadOutOfTheDelivery)
+{
+    DeliveryBuilder builder({.photos = 1, .drawings = 2, .images = false});
+    builder.Set(0, "参考図ファイル名", "../D1.JPG");
+    const OpenedSample sample(builder);
+    EXPECT_EQ(sample.Photo(0).GetPictureCount(), 1);
+    CStringArray missing;
+    sample.Photo(0).GetOutputFilename(missing);
+    EXPECT_EQ(missing.GetSize(), 2);
+}
+
 TEST(ToviPhoto, OpensNoFileThatALinkBringsIn)
 {
     const OpenedSample sample(DeliveryBuilder({.photos = 2, .drawings = 0}));
@@ -159,6 +170,11 @@ TEST(ToviPhoto, HoldsOnePictureAtATime)
     other = photo;
     EXPECT_TRUE(photo.IsExistFile());
     EXPECT_FALSE(other.IsExistFile());
+    other.GetExif();
+    other = photo;
+    CString maker = "?";
+    other.GetExifInfoFromTitle("Exifバージョン", maker);
+    EXPECT_EQ(maker, "") << "what was read of another file is forgotten";
 
     photo.ReleaseImage();
     std::filesystem::remove(photo.GetImagePath());

@@ -57,6 +57,8 @@ TEST(ToviNode, CopiesTheShapeAndNotThePhotographs)
     EXPECT_EQ(b->Level(), 2);
     EXPECT_EQ(root.DescendantCount(), 2u);
     EXPECT_EQ(a->GetImageCount(), 0);
+    copy = *copy.GetNode(0);
+    EXPECT_STREQ(copy.GetNode(0)->Title(), "B") << "a node can take over a part of itself";
     root.RemoveAllItems();
     EXPECT_STREQ(root.Title(), "root");
     EXPECT_EQ(root.GetImageCount() + root.GetChildNodeCount(), 0);

@@ -154,6 +154,10 @@ TEST_F(Inspection, SaysWhatIsWrong)
         {{"select", "--date-from", "2024/03/01", "--date-to", "2024-03-02"}, 2, "2024-03-31 の形"},
         {{"select", "--date-from", "2024-03-01"}, 2, "両方"},
         {{"select", "--and", "--or", "--ng"}, 2, "使い方"},
+        {{"select", "--label", "0", "--ng"}, 2, "--label"},
+        {{"select", "--or"}, 2, "抽出条件と一緒"},
+        {{"select", "--descending"}, 2, "--sort"},
+        {{"select", "--file-date", "--ng"}, 2, "--date-from"},
     };
     const CString before = temp.Read("記録.xml");
     for (const auto& c : cases) {

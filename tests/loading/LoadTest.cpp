@@ -280,6 +280,24 @@ TEST(DeliveryLocation, LooksForThePhotoFolder)
     EXPECT_EQ(FindPhotoFolder(temp.Path("missing")), "");
 }
 
+TEST(DeliveryLocation, FindsTheIndexFileFromARelativePath)
+{
+    const TempFolder temp;
+    temp.Write("d/PHOTO/PHOTO.XML", "<!DOCTYPE photodata SYSTEM \"PHOTO03.DTD\">");
+    temp.Write("d/INDEX_C.XML", "<!DOCTYPE constdata SYSTEM \"PHOT_JH1.DTD\">");
+    const auto before = std::filesystem::current_path();
+    for (const auto& [folder, path] :
+         {std::pair{"d", "PHOTO"}, {"d", "."}, {"d/PHOTO", "."}, {"d/PHOTO", ".."}}) {
+        std::filesystem::current_path(temp.Path(folder));
+        EXPECT_EQ(GuessFamily(FindPhotoFolder(path)), PhotoXMLNexco) << folder << path;
+    }
+    std::filesystem::current_path(temp.Path("d/PHOTO"));
+    TestHost services;
+    EXPECT_EQ(ToviData().GetErrorType(), ReadErrUnknownPhotoXml) << "no delivery is none";
+    EXPECT_EQ(services.profile.GetProfileString("PhotoFileType", "Type", "?"), "?");
+    std::filesystem::current_path(before);
+}
+
 TEST(DeliveryLocation, GuessesTheFamilyFromWhatStandsAround)
 {
     const struct

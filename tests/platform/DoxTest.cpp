@@ -36,6 +36,8 @@ TEST(DoxDocument, RefusesWhatIsNotWellFormed)
         {"a hexadecimal reference to NUL", "<a>P&#x00;.JPG</a>", false},
         {"a reference to half a surrogate pair", "<a>&#xD800;</a>", false},
         {"a reference that never ends", "<a>&#65</a>", false},
+        {"what is no reference in a comment or CDATA", "<a><!-- &# --><![CDATA[&#0;]]></a>", true},
+        {"a wrong reference behind a comment", "<a><!-- --><![CDATA[]]>&#0;</a>", false},
         {"references to characters", "<a>&#65;&#x9AD9;</a>", true},
         {"bytes outside the declared encoding",
          "<?xml version='1.0' encoding='UTF-8'?><a>\x8D\x48</a>", false},

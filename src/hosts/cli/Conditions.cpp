@@ -31,30 +31,6 @@ bool IsDate(const CString& text)
            });
 }
 
-/// What is wrong with the conditions, in a sentence; empty when nothing is.
-CString WhatIsWrong(const ConditionArguments& arguments)
-{
-    const ExtractionConditions& conditions = arguments.conditions;
-    if (arguments.items.size() > conditions.itemOn.size()) {
-        return "--item は3つまでです。条件を減らしてください。";
-    }
-    const bool allNamed =
-        std::all_of(arguments.items.begin(), arguments.items.end(),
-                    [](const std::string& item) { return item.find('=') != std::string::npos; });
-    if (!allNamed) return "--item は 項目名=値 の形で指定してください（例: --item 工種=舗装工）。";
-    if (conditions.dateFrom.empty() != conditions.dateTo.empty()) {
-        return "--date-from と --date-to は両方を指定してください。";
-    }
-    const bool dated = !conditions.dateFrom.empty();
-    if (dated && !(IsDate(conditions.dateFrom) && IsDate(conditions.dateTo))) {
-        return "日付は 2024-03-31 の形で指定してください。";
-    }
-    if (arguments.label >= 0 && !arguments.choice.nodes.empty()) {
-        return "--label と --node は一緒に使えません。どちらかで選んでください。";
-    }
-    return {};
-}
-
 ExtractionConditions ConditionsOf(const ConditionArguments& arguments)
 {
     ExtractionConditions conditions = arguments.conditions;
@@ -76,10 +52,45 @@ bool AnyIsOn(const ExtractionConditions& c)
            c.dateOn || c.itemOn[0];
 }
 
+/// What is wrong with the conditions, in a sentence; empty when nothing is.
+CString WhatIsWrong(const ConditionArguments& arguments)
+{
+    const ExtractionConditions& conditions = arguments.conditions;
+    if (arguments.items.size() > conditions.itemOn.size()) {
+        return "--item は3つまでです。条件を減らしてください。";
+    }
+    const bool allNamed =
+        std::all_of(arguments.items.begin(), arguments.items.end(),
+                    [](const std::string& item) { return item.find('=') != std::string::npos; });
+    if (!allNamed) return "--item は 項目名=値 の形で指定してください（例: --item 工種=舗装工）。";
+    if (conditions.dateFrom.empty() != conditions.dateTo.empty()) {
+        return "--date-from と --date-to は両方を指定してください。";
+    }
+    const bool dated = !conditions.dateFrom.empty();
+    if (dated && !(IsDate(conditions.dateFrom) && IsDate(conditions.dateTo))) {
+        return "日付は 2024-03-31 の形で指定してください。";
+    }
+    const bool narrowed = AnyIsOn(ConditionsOf(arguments));
+    if (arguments.label >= 0 && (narrowed || !arguments.choice.nodes.empty())) {
+        return "--label は全体からその付箋の写真を選ぶので、--node "
+               "や抽出条件と一緒には使えません。";
+    }
+    if ((arguments.all || arguments.any) && !narrowed) {
+        return "--and と --or は抽出条件と一緒に指定してください。";
+    }
+    if (arguments.fileDate && !dated) {
+        return "--file-date は --date-from と --date-to と一緒に指定してください。";
+    }
+    if (arguments.descending && arguments.sortItem.empty()) {
+        return "--descending は --sort と一緒に指定してください。";
+    }
+    return {};
+}
+
 void SetSort(ToviData& document, const ConditionArguments& arguments)
 {
     ToviSortCondition condition;
-    condition.ExecSort(!arguments.sortItem.empty());
+    condition.ExecSort(true);
     condition.SetKeyItem(arguments.sortItem.c_str());
     condition.Ascending(!arguments.descending);
     document.SetSortCondition(condition);
@@ -136,9 +147,9 @@ int MakeCurrentArray(ToviData& document, const ConditionArguments& arguments)
         Complain(wrong);
         return ExitWrongUsage;
     }
-    if (!LoadRecord(document, arguments.record)) return ExitNotOpened;
+    if (!LoadRecord(document, arguments.record)) return ExitFailed;
     if (!SelectNode(document, arguments.choice.nodes)) return ExitWrongUsage;
-    SetSort(document, arguments);
+    if (!arguments.sortItem.empty()) SetSort(document, arguments);
     int status = ExitDone;
     if (arguments.label >= 0) {
         document.SetSelected(arguments.label);

@@ -46,15 +46,29 @@ private:
     Action action;
 };
 
+/// Puts another user in the place of the host's for as long as it lives.
+class UserInPlace
+{
+public:
+    explicit UserInPlace(UserInterface& user) : before(GetHostServices())
+    {
+        HostServices services = before;
+        services.userInterface = &user;
+        InstallHostServices(services);
+    }
+    UserInPlace(const UserInPlace&) = delete;
+    UserInPlace& operator=(const UserInPlace&) = delete;
+    ~UserInPlace() { InstallHostServices(before); }
+
+private:
+    HostServices before;
+};
+
 void Correct(ToviData& document, Action action)
 {
-    const HostServices before = GetHostServices();
     DecidedUser user(action);
-    HostServices decided = before;
-    decided.userInterface = &user;
-    InstallHostServices(decided);
+    const UserInPlace inPlace(user);
     document.AllLabelCorrection();
-    InstallHostServices(before);
 }
 
 int Run(const Arguments& arguments)

@@ -12,7 +12,7 @@
 enum ExitStatus
 {
     ExitDone = 0,
-    ExitNotOpened = 1,
+    ExitFailed = 1,
     ExitWrongUsage = 2,
     /// Ctrl+C, as a shell tells it.
     ExitInterrupted = 130

@@ -46,7 +46,7 @@ Json FactsOf(ToviPhoto& photo, int index)
 int Run(const Arguments& arguments)
 {
     const OpenedDelivery delivery = OpenDelivery(arguments.delivery);
-    if (!delivery.IsLoaded()) return ExitNotOpened;
+    if (!delivery.IsLoaded()) return ExitFailed;
     ToviData& document = *delivery.document;
     ToviPhotoRef chosen;
     if (!FindChosen(document, arguments.choice, chosen)) return ExitWrongUsage;

@@ -27,7 +27,7 @@ int Run(const DeliveryArguments& arguments)
         info["managementItems"] = ToJson(*document->GetMngItemPhoto(), def);
     }
     std::cout << ToText(info) << '\n';
-    return delivery.IsLoaded() ? ExitDone : ExitNotOpened;
+    return delivery.IsLoaded() ? ExitDone : ExitFailed;
 }
 } // namespace
 

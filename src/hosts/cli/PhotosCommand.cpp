@@ -36,9 +36,9 @@ int Run(const Arguments& arguments)
 {
     const OpenedDelivery delivery = OpenDelivery(arguments.delivery);
     JsonArrayWriter output;
-    if (!delivery.IsLoaded()) return ExitNotOpened;
+    if (!delivery.IsLoaded()) return ExitFailed;
     ToviData& document = *delivery.document;
-    if (!LoadRecord(document, arguments.record)) return ExitNotOpened;
+    if (!LoadRecord(document, arguments.record)) return ExitFailed;
     UserInterface& user = *GetHostServices().userInterface;
     const int total = document.GetTotalCountPhoto();
     for (int index = 0; index < total; ++index) {

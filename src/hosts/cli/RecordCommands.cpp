@@ -1,8 +1,6 @@
 #include "hosts/cli/Commands.h"
 #include "hosts/cli/Records.h"
 
-#include "platform/MibFile.h"
-
 namespace
 {
 struct Arguments
@@ -16,7 +14,7 @@ int Show(const Arguments& arguments)
 {
     const OpenedDelivery delivery = OpenDelivery(arguments.delivery);
     if (!delivery.IsLoaded() || !LoadRecord(*delivery.document, arguments.record))
-        return ExitNotOpened;
+        return ExitFailed;
     JsonArrayWriter output;
     for (int index = 0; index < delivery.document->GetTotalCountPhoto(); ++index) {
         output.Add(ReviewOf(*delivery.document->GetPhotoActualPhotoArray(index), index));
@@ -28,16 +26,11 @@ int Return(const Arguments& arguments)
 {
     const OpenedDelivery delivery = OpenDelivery(arguments.delivery);
     if (!delivery.IsLoaded() || !LoadRecord(*delivery.document, arguments.record))
-        return ExitNotOpened;
+        return ExitFailed;
     if (RefuseInDelivery(arguments.output, delivery)) return ExitWrongUsage;
-    const auto before = MibModificationTime(arguments.output);
-    delivery.document->ReturnExam(arguments.output.c_str());
-    if (MibModificationTime(arguments.output) == before) {
-        Complain(arguments.output +
-                 " に書き込めません。フォルダの場所、書き込みの権限と空き容量を確かめてください。");
-        return ExitNotOpened;
-    }
-    return ExitDone;
+    int reason = noReason;
+    const bool saved = delivery.document->ReturnExam(arguments.output.c_str(), &reason);
+    return TellSaved(saved, arguments.output, reason);
 }
 } // namespace
 

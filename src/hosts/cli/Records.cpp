@@ -5,9 +5,6 @@
 
 namespace
 {
-/// A code that the record operations never give.
-constexpr int noReason = -1;
-
 CString FolderOf(const CString& path)
 {
     return path.find('/') == CString::npos ? "." : path.substr(0, path.rfind('/') + 1);
@@ -63,18 +60,24 @@ int OpenInspection(const DeliveryArguments& arguments, const CString& record,
                    ToviPhotoCtrlVisualSetting::TreeType tree, OpenedDelivery& delivery)
 {
     delivery = OpenDelivery(arguments, tree);
-    if (!delivery.IsLoaded()) return ExitNotOpened;
+    if (!delivery.IsLoaded()) return ExitFailed;
     if (RefuseInDelivery(record, delivery)) return ExitWrongUsage;
-    if (MibIsFileExist(record) && !LoadRecord(*delivery.document, record)) return ExitNotOpened;
+    if (MibIsFileExist(record) && !LoadRecord(*delivery.document, record)) return ExitFailed;
     return ExitDone;
 }
 
 int SaveRecord(ToviData& document, const CString& record)
 {
     int reason = noReason;
-    if (document.SaveExamination(record.c_str(), nullptr, &reason)) return ExitDone;
+    const bool saved = document.SaveExamination(record.c_str(), nullptr, &reason);
+    return TellSaved(saved, record, reason);
+}
+
+int TellSaved(bool saved, const CString& record, int reason)
+{
+    if (saved) return ExitDone;
     Complain(WhyNotSaved(record, reason));
-    return reason == RecordCancelled ? ExitInterrupted : ExitNotOpened;
+    return reason == RecordCancelled ? ExitInterrupted : ExitFailed;
 }
 
 bool RefuseInDelivery(const CString& path, const OpenedDelivery& delivery)

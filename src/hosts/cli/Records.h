@@ -19,6 +19,13 @@ int OpenInspection(const DeliveryArguments& arguments, const CString& record,
 /// standard error.
 int SaveRecord(ToviData& document, const CString& record);
 
+/// A reason that the record operations never give.
+inline constexpr int noReason = -1;
+
+/// The exit status of a save to the file \p record that \p saved or failed for \p reason, which is
+/// told on standard error.
+int TellSaved(bool saved, const CString& record, int reason);
+
 /// True, with a sentence on standard error, when the file \p path would stand in the delivery's
 /// folder, where nothing is ever written.
 bool RefuseInDelivery(const CString& path, const OpenedDelivery& delivery);

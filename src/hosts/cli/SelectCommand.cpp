@@ -16,7 +16,7 @@ int Run(const Arguments& arguments)
 {
     const OpenedDelivery delivery =
         OpenDelivery(arguments.delivery, arguments.conditions.choice.Tree());
-    if (!delivery.IsLoaded()) return ExitNotOpened;
+    if (!delivery.IsLoaded()) return ExitFailed;
     ToviData& document = *delivery.document;
     const int status = MakeCurrentArray(document, arguments.conditions);
     if (status != ExitDone) return status;

@@ -19,7 +19,7 @@ int Run(const Arguments& arguments)
 {
     const OpenedDelivery delivery =
         OpenDelivery(arguments.delivery, arguments.conditions.choice.Tree());
-    if (!delivery.IsLoaded()) return ExitNotOpened;
+    if (!delivery.IsLoaded()) return ExitFailed;
     if (RefuseInDelivery(arguments.output, delivery)) return ExitWrongUsage;
     ToviData& document = *delivery.document;
     const int status = MakeCurrentArray(document, arguments.conditions);
@@ -40,7 +40,7 @@ int Run(const Arguments& arguments)
     if (!sheet.Save(arguments.output.c_str(), LumPng, 0)) {
         Complain(arguments.output +
                  " に書き込めません。フォルダの場所、書き込みの権限と空き容量を確かめてください。");
-        return ExitNotOpened;
+        return ExitFailed;
     }
     return ExitDone;
 }

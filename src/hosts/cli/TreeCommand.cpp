@@ -23,9 +23,9 @@ int Run(const Arguments& arguments)
 {
     const OpenedDelivery delivery = OpenDelivery(
         arguments.delivery, static_cast<ToviPhotoCtrlVisualSetting::TreeType>(arguments.type));
-    if (!delivery.document) return ExitNotOpened;
+    if (!delivery.document) return ExitFailed;
     std::cout << ToText(ToJson(*delivery.document)) << '\n';
-    return delivery.IsLoaded() ? ExitDone : ExitNotOpened;
+    return delivery.IsLoaded() ? ExitDone : ExitFailed;
 }
 } // namespace
 

@@ -15,7 +15,7 @@ void DescribeProgram(CLI::App& app)
     app.description("工事写真の電子納品データを開いて調べる。結果は標準出力にJSON（UTF-8）で、"
                     "エラーは標準エラー出力に書く。納品データには書き込まない。");
     app.footer("各コマンドの説明: tovi COMMAND --help\n"
-               "終了コード: 0 正常、1 開けないか写真を読めない、2 使い方の誤り、130 中断");
+               "終了コード: 0 正常、1 開けない・読めない・保存できない、2 使い方の誤り、130 中断");
     app.name("tovi");
     app.require_subcommand(1);
     app.option_defaults()->group("オプション");
@@ -70,6 +70,10 @@ int main(int argc, char** argv)
         return parsed == ExitDone ? status : parsed;
     } catch (const std::bad_alloc&) {
         Complain("メモリが足りません。ほかのプログラムを終了してからやり直してください。");
-        return ExitNotOpened;
+        return ExitFailed;
+    } catch (const std::exception& error) {
+        Complain(CString("予期しないエラーで終了します（") + error.what() +
+                 "）。納品データと操作を添えて開発元に知らせてください。");
+        return ExitFailed;
     }
 }
