@@ -10,11 +10,15 @@ std::atomic<int> listeners = 0;
 std::atomic<bool> interrupted = false;
 static_assert(std::atomic<int>::is_always_lock_free && std::atomic<bool>::is_always_lock_free);
 
-void OnInterrupt(int number)
+void EndProgram(int number)
 {
-    if (listeners > 0 && !interrupted.exchange(true)) return;
     signal(number, SIG_DFL);
     raise(number);
+}
+
+void OnInterrupt(int number)
+{
+    if (listeners == 0 || interrupted.exchange(true)) EndProgram(number);
 }
 } // namespace
 
@@ -41,5 +45,5 @@ InterruptListener::InterruptListener()
 
 InterruptListener::~InterruptListener()
 {
-    if (--listeners == 0) interrupted = false;
+    if (--listeners == 0 && interrupted.exchange(false)) EndProgram(SIGINT);
 }

@@ -20,6 +20,7 @@ public:
     InterruptListener();
     InterruptListener(const InterruptListener&) = delete;
     InterruptListener& operator=(const InterruptListener&) = delete;
-    /// The last one forgets an interrupt that nobody asked for.
+    /// The last one ends the program for an interrupt that nobody asked for: the work was done
+    /// before it noticed, but what follows must not go on as if nothing had been said.
     ~InterruptListener();
 };
