@@ -248,6 +248,29 @@ TEST_F(Record, SavesNothingWhereItMustNot)
     EXPECT_EQ(reason, RecordNoSpace) << "a volume that can't be asked has no space";
 }
 
+TEST_F(Record, LeavesTheFileWhenTheSavingIsCancelled)
+{
+    ASSERT_TRUE(Save());
+    const CString old = sample.temp.Read("r.xml");
+    document.SetCheckStatusChanged(true);
+    sample.Photo(0).SetComment("新しい");
+    int cancelled = 0;
+    for (int pump = 1; pump < 12; ++pump) {
+        sample.services.user.pumps = 0;
+        sample.services.user.cancelAtPumps = {pump};
+        if (Save()) {
+            sample.temp.Write("r.xml", old);
+            document.SetCheckStatusChanged(true);
+            continue;
+        }
+        ++cancelled;
+        EXPECT_EQ(reason, RecordCancelled) << pump;
+        EXPECT_EQ(sample.temp.Read("r.xml"), old) << pump;
+        EXPECT_TRUE(document.IsCheckStatusChanged()) << pump;
+    }
+    EXPECT_GE(cancelled, 3) << "at each of the photographs, the last one too";
+}
+
 TEST_F(Record, NeedsTheWorkFolderForItsTemplate)
 {
     sample.temp.Write("file", "");
