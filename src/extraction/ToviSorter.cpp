@@ -46,10 +46,9 @@ private:
 /// first bytes.
 struct SortItem
 {
-    /// The first bytes of the text, filled up with 0, or the number.
+    /// The first bytes of the text, filled up with 0.
     std::array<std::uint64_t, 4> words{};
     const ToviSorter::Data* entry = nullptr;
-    int tieBreak = 0;
     /// The words are the whole key.
     bool whole = true;
 };
@@ -81,25 +80,53 @@ std::uint64_t WordAt(const std::string& text, std::size_t from)
     return word;
 }
 
-SortItem MakeItem(const ToviSorter::Data& entry, bool ascending)
+SortItem MakeItem(const ToviSorter::Data& entry)
 {
     SortItem item;
     item.entry = &entry;
-    item.tieBreak = entry.index;
-    if (entry.numeric) {
-        item.words[0] =
-            static_cast<std::uint64_t>(static_cast<std::int64_t>(entry.number) - INT_MIN);
-    } else {
-        for (std::size_t i = 0; i < item.words.size() && i * wordBytes < entry.text.size(); ++i) {
-            item.words[i] = WordAt(entry.text, i * wordBytes);
-        }
-        item.whole = entry.text.size() <= sizeof item.words;
+    for (std::size_t i = 0; i < item.words.size() && i * wordBytes < entry.text.size(); ++i) {
+        item.words[i] = WordAt(entry.text, i * wordBytes);
     }
-    if (!ascending) {
-        for (std::uint64_t& word : item.words) word = ~word;
-        item.tieBreak = ~item.tieBreak;
-    }
+    item.whole = entry.text.size() <= sizeof item.words;
     return item;
+}
+
+/// The photo indexes in the ascending order of the texts, equal ones in their own order.
+std::vector<int> SortByText(const std::vector<ToviSorter::Data>& entries)
+{
+    std::vector<SortItem> items;
+    items.reserve(entries.size());
+    for (const ToviSorter::Data& entry : entries) items.push_back(MakeItem(entry));
+    std::sort(items.begin(), items.end(), [](const SortItem& a, const SortItem& b) {
+        for (std::size_t i = 0; i < a.words.size(); ++i) {
+            if (a.words[i] != b.words[i]) return a.words[i] < b.words[i];
+        }
+        if (a.whole && b.whole) return a.entry->index < b.entry->index;
+        return ToviSorter::CompareUp(*a.entry, *b.entry) < 0;
+    });
+    std::vector<int> indexes;
+    indexes.reserve(items.size());
+    for (const SortItem& item : items) indexes.push_back(item.entry->index);
+    return indexes;
+}
+
+/// The photo indexes in the ascending order of the numbers, equal ones in their own order: number
+/// and index fit into one word.
+std::vector<int> SortByNumber(const std::vector<ToviSorter::Data>& entries)
+{
+    constexpr int indexBits = 32;
+    std::vector<std::uint64_t> words;
+    words.reserve(entries.size());
+    for (const ToviSorter::Data& entry : entries) {
+        const auto rank =
+            static_cast<std::uint64_t>(static_cast<std::int64_t>(entry.number) - INT_MIN);
+        words.push_back(rank << indexBits | static_cast<std::uint32_t>(entry.index));
+    }
+    std::sort(words.begin(), words.end());
+    std::vector<int> indexes;
+    indexes.reserve(words.size());
+    for (const std::uint64_t word : words) indexes.push_back(static_cast<int>(word & UINT32_MAX));
+    return indexes;
 }
 
 int SignOf(int number)
@@ -138,21 +165,14 @@ void ToviSorter::PrepareSort(const CString& key, const ToviPhotoRef& ref)
 void ToviSorter::QuickSort(bool ascending, ToviPhotoRef& ref)
 {
     if (entries.empty()) return;
-    std::vector<SortItem> items;
-    items.reserve(entries.size());
-    for (const Data& entry : entries) items.push_back(MakeItem(entry, ascending));
-    const auto compare = ascending ? CompareUp : CompareDown;
-    std::sort(items.begin(), items.end(), [compare](const SortItem& a, const SortItem& b) {
-        for (std::size_t i = 0; i < a.words.size(); ++i) {
-            if (a.words[i] != b.words[i]) return a.words[i] < b.words[i];
-        }
-        if (a.whole && b.whole) return a.tieBreak < b.tieBreak;
-        return compare(*a.entry, *b.entry) < 0;
-    });
+    std::vector<int> indexes =
+        entries.front().numeric ? SortByNumber(entries) : SortByText(entries);
+    // Descending is the exact mirror of ascending, equal keys included.
+    if (!ascending) std::reverse(indexes.begin(), indexes.end());
     CArray<int> sorted;
-    sorted.Reserve(ref.GetSize());
-    for (const SortItem& item : items) sorted.Add(item.entry->index);
-    ref.Assign(sorted);
+    sorted.Reserve(static_cast<int>(indexes.size()));
+    for (const int index : indexes) sorted.Add(index);
+    ref.Assign(std::move(sorted));
 }
 
 int ToviSorter::CompareUp(const Data& a, const Data& b)
