@@ -182,11 +182,3 @@ int ToviSorter::CompareUp(const Data& a, const Data& b)
     if (byKey != 0) return byKey;
     return a.index < b.index ? -1 : 1;
 }
-
-int ToviSorter::CompareDown(const Data& a, const Data& b)
-{
-    const int byKey =
-        a.numeric ? (b.number > a.number) - (b.number < a.number) : SignOf(b.text.compare(a.text));
-    if (byKey != 0) return byKey;
-    return a.index < b.index ? 1 : -1;
-}

@@ -38,9 +38,9 @@ public:
     virtual void QuickSort(bool ascending, ToviPhotoRef& ref);
     virtual const Data* EndSort() const { return nullptr; }
 
-    /// Negative when \p a stands before \p b, else positive. Only the flag numeric of \p a counts.
+    /// Negative when \p a stands before \p b in the ascending order, else positive. The descending
+    /// order is its exact mirror. Only the flag numeric of \p a counts.
     static int CompareUp(const Data& a, const Data& b);
-    static int CompareDown(const Data& a, const Data& b);
 
 private:
     ToviData* data = nullptr;
