@@ -8,6 +8,7 @@
 #include "review/LabelProcessSelectDlg.h"
 #include "review/ToviXmlLoadManager.h"
 #include "review/ToviXmlSaveManager.h"
+#include "settings/ItemCandidates.h"
 
 #include <algorithm>
 #include <array>
@@ -26,9 +27,11 @@ ToviData::ToviData() : ToviData(nullptr, "", PhotoXMLMlit) {}
 ToviData::ToviData(CDocument* host, const char* path, PhotoXMLType type) : hostDocument(host)
 {
     RootPath(path);
-    // This runs the base's operation, as any virtual call in a constructor: a derived document's
-    // own is not there yet.
+    // These are the base's operations, as of any virtual call in a constructor: a derived
+    // document's own are not there yet.
+    visualSetting.reset(ToviData::OnCreateVisualSettings());
     sortCondition.reset(ToviData::OnCreateSortCondition());
+    ToviData::Initialize();
     errorType = itemDef.Load(path, type);
 }
 
@@ -204,6 +207,63 @@ bool ToviData::ReturnExam(const char* path, int* result)
     ToviXmlSaveManager manager(path, nullptr, nullptr);
     manager.WritePath(true);
     return manager.Save(photoData, result);
+}
+
+bool ToviData::Load()
+{
+    settingsLoaded = true;
+    labelManager.Load(nullptr);
+    visualSetting->Load();
+    sortCondition->Load();
+    const ToviItemShowSettings items = LoadItems();
+    if (items.IsEmpty()) return true;
+    visualSetting->SetItemShowSettings(items);
+    itemManager->SetItemShowSettings(items);
+    itemManager->Save();
+    return true;
+}
+
+ToviItemShowSettings ToviData::LoadItems()
+{
+    if (itemDef.TypeIsCorresponding()) {
+        CStringArray hidden;
+        itemManager->Load(hidden);
+        return ItemsWithout(itemDef, hidden);
+    }
+    const ToviItemShowSettings items = DefaultItems(itemDef);
+    if (items.IsBold(controlValueTitle)) visualSetting->SetVisibleControlValue(true);
+    return items;
+}
+
+void ToviData::SetVisualSetting(const ToviPhotoCtrlVisualSetting& setting, bool)
+{
+    *visualSetting = setting;
+    visualSetting->SetItemShowSettings(itemManager->GetItemShowSettings());
+    if (settingsLoaded) visualSetting->Save();
+}
+
+void ToviData::SetManager(const ToviLabelManager& labels, const ToviItemManager& items,
+                          bool withItems)
+{
+    labelManager = labels;
+    if (settingsLoaded) labelManager.Save(nullptr);
+    if (withItems) *itemManager = items;
+}
+
+void ToviData::Initialize()
+{
+    itemManager = std::make_unique<ToviItemManager>();
+}
+
+ToviPhotoCtrlVisualSetting* ToviData::OnCreateVisualSettings()
+{
+    return new ToviPhotoCtrlVisualSetting;
+}
+
+void ToviData::SetSortCondition(const ToviSortCondition& condition)
+{
+    *sortCondition = condition;
+    if (settingsLoaded) sortCondition->Save();
 }
 
 ToviSortCondition* ToviData::OnCreateSortCondition()

@@ -10,6 +10,7 @@
 #include "loading/ToviItemDef.h"
 #include "platform/CDocument.h"
 #include "review/ToviLabelManager.h"
+#include "settings/ToviItemManager.h"
 #include "settings/ToviPhotoCtrlVisualSetting.h"
 
 #include <memory>
@@ -133,9 +134,24 @@ public:
     /// The same, with an outcome as in SaveExamination.
     bool ReturnExam(const char* path, int* result);
 
+    /// Loads the settings of the user, as against the photographs, and makes the list of items that
+    /// the information lists may show. Always true. From here on what is set is saved, too.
+    virtual bool Load();
+    ToviPhotoCtrlVisualSetting& GetVisualSetting() { return *visualSetting; }
+    const ToviPhotoCtrlVisualSetting& GetVisualSetting() const { return *visualSetting; }
+    /// Takes over all of \p setting but its items to show, which are those of the item manager.
+    /// Where it changes the tamper check, or with \p force, all results of that are forgotten.
+    void SetVisualSetting(const ToviPhotoCtrlVisualSetting& setting, bool force);
+    virtual ToviItemManager* GetItemManager() { return itemManager.get(); }
+    /// Takes over \p labels and, with \p withItems, \p items.
+    virtual void SetManager(const ToviLabelManager& labels, const ToviItemManager& items,
+                            bool withItems);
+    /// Replaces the item manager by one without items.
+    virtual void Initialize();
+
     const ToviSortCondition& GetSortCondition() const { return *sortCondition; }
-    /// Takes over \p condition without sorting.
-    void SetSortCondition(const ToviSortCondition& condition) { *sortCondition = condition; }
+    /// Takes over \p condition without sorting. One that doesn't sort is ascending.
+    void SetSortCondition(const ToviSortCondition& condition);
     /// Sorts the current array as the condition says, whether or not it says to sort.
     virtual void Sort();
 
@@ -186,7 +202,8 @@ public:
     virtual void GetIndexSelected(int& pos) const;
 
 protected:
-    /// Makes the sort condition that the document will own.
+    /// Make the settings that the document will own.
+    virtual ToviPhotoCtrlVisualSetting* OnCreateVisualSettings();
     virtual ToviSortCondition* OnCreateSortCondition();
     /// Narrows the current array if extraction is on.
     void ExtractionProcess();
@@ -198,6 +215,7 @@ protected:
     ToviNode* GetNode(int photoIndex, ToviNode* from) const;
 
 private:
+    ToviItemShowSettings LoadItems();
     /// Makes the photographs beneath the selected node, extracted and sorted, the current array.
     void RebuildCurrentArray();
     void Broadcast(UpdateHint hint, CWnd* sender = nullptr);
@@ -210,9 +228,13 @@ private:
     ToviPhotoRef curPhotos;
     ToviNode* selectedNode = nullptr;
     int selectedLabel = -1;
+    /// The settings were loaded: what the user sets from now on outlives a crash, too.
+    bool settingsLoaded = false;
+    std::unique_ptr<ToviPhotoCtrlVisualSetting> visualSetting;
     ToviLabelManager labelManager;
     std::unique_ptr<ToviSortCondition> sortCondition;
     ToviItemDef itemDef;
+    std::unique_ptr<ToviItemManager> itemManager;
     std::optional<PhotoPathItems> pathItems;
     int selectedPhoto = -1;
     ToviExtractionDlg* extraction = nullptr;

@@ -4,6 +4,7 @@
 #include "document/ToviData.h"
 #include "imagefacts/FactsByTitle.h"
 #include "platform/MibFile.h"
+#include "settings/ToviItemShowSettings.h"
 
 #include <algorithm>
 
@@ -141,6 +142,39 @@ bool ToviPhoto::GetTextPairs(ToviItemDef* def, ToviTextPairArray& pairs) const
         }
     }
     return !pairs.IsEmpty();
+}
+
+bool ToviPhoto::GetTextPairs(const ToviItemDef* def, const ToviItemShowSettings& settings,
+                             ToviTextPairArray& pairs) const
+{
+    pairs.RemoveAll();
+    if (def == nullptr) return false;
+    CString fact;
+    for (const ToviItemShowSetting& setting : settings) {
+        if (!setting.bold) continue;
+        if (setting.infoType == InfoDelivery) {
+            AddItemPairs(setting, pairs);
+            continue;
+        }
+        if (setting.infoType == InfoFile) {
+            GetFileInfoFromTitle(setting.title, fact);
+        } else {
+            GetExifInfoFromTitle(setting.title, fact);
+        }
+        pairs.Add(ToviTextPair(setting.title.c_str(), fact.c_str()));
+    }
+    return !pairs.IsEmpty();
+}
+
+void ToviPhoto::AddItemPairs(const ToviItemShowSetting& setting, ToviTextPairArray& pairs) const
+{
+    const bool isDate = setting.title == "撮影年月日";
+    for (const ToviItem& item : items) {
+        if (item.GetDefIndex() != setting.index) continue;
+        const CString& value = item.GetValue();
+        pairs.Add(ToviTextPair(setting.title.c_str(),
+                               isDate ? ReplaceAll(value, "-", "/").c_str() : value.c_str()));
+    }
 }
 
 bool ToviPhoto::IsLabelPasted(unsigned int slot) const

@@ -12,6 +12,8 @@
 
 class ToviData;
 class ToviItemDef;
+class ToviItemShowSettings;
+struct ToviItemShowSetting;
 
 /// One photograph of the delivery: what PHOTO.XML says about it, the paths of its files, and the
 /// decoded picture while it is shown. What is shown about it is looked up from its items by
@@ -82,6 +84,10 @@ public:
     /// Replaces \p pairs by the items that are shown in the main list or the zoom dialog. False
     /// when that leaves none, or \p def is null.
     bool GetTextPairs(ToviItemDef* def, ToviTextPairArray& pairs) const;
+    /// Replaces \p pairs by what \p settings show, in their order; of Exif only what is loaded.
+    /// False when that is nothing, or \p def is null.
+    bool GetTextPairs(const ToviItemDef* def, const ToviItemShowSettings& settings,
+                      ToviTextPairArray& pairs) const;
 
     bool IsOK() const { return IsLabelPasted(LabelOk); }
     /// Any of the three NG labels is pasted.
@@ -122,6 +128,7 @@ public:
     void GetFileInfoFromTitle(const CString& title, CString& value) const;
 
 private:
+    void AddItemPairs(const ToviItemShowSetting& setting, ToviTextPairArray& pairs) const;
     const ToviItem* FindItem(int defIndex) const;
     /// True when \p path is a file of the delivery, and not one that a symbolic link brings in.
     bool IsReadableFile(const CString& path) const;

@@ -1,23 +1,11 @@
 #include "extraction/ToviSortCondition.h"
 
 #include "platform/HostServices.h"
+#include "settings/StoredValues.h"
 
 namespace
 {
 constexpr const char* undefined = "_未定義_";
-/// Stored integers are that much higher than what they say: anything below it was never saved.
-constexpr int storedBias = 100;
-
-void ReadFlag(const ProfileStore& profile, const char* entry, bool& flag)
-{
-    const int stored = profile.GetProfileInt(ToviSortCondition::SortSection_, entry, -1);
-    if (stored >= storedBias) flag = stored != storedBias;
-}
-
-bool WriteFlag(ProfileStore& profile, const char* entry, bool flag)
-{
-    return profile.WriteProfileInt(ToviSortCondition::SortSection_, entry, flag + storedBias);
-}
 } // namespace
 
 ToviSortCondition::ToviSortCondition(const ToviSortCondition& other)
@@ -48,8 +36,8 @@ bool ToviSortCondition::Load()
     loaded = true;
     const ProfileStore* profile = GetHostServices().profile;
     if (profile == nullptr) return true;
-    ReadFlag(*profile, ExecSortEntry_, execSort);
-    ReadFlag(*profile, AscendingEntry_, ascending);
+    ReadStored(*profile, SortSection_, ExecSortEntry_, execSort);
+    ReadStored(*profile, SortSection_, AscendingEntry_, ascending);
     const CString key = profile->GetProfileString(SortSection_, KeyItemEntry_, undefined);
     if (key != undefined && !key.empty()) keyItem = key;
     return true;
@@ -58,7 +46,7 @@ bool ToviSortCondition::Load()
 bool ToviSortCondition::Save() const
 {
     ProfileStore* profile = GetHostServices().profile;
-    return profile != nullptr && WriteFlag(*profile, ExecSortEntry_, execSort) &&
-           WriteFlag(*profile, AscendingEntry_, ascending) &&
+    return profile != nullptr && WriteStored(*profile, SortSection_, ExecSortEntry_, execSort) &&
+           WriteStored(*profile, SortSection_, AscendingEntry_, ascending) &&
            profile->WriteProfileString(SortSection_, KeyItemEntry_, keyItem);
 }

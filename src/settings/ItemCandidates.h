@@ -1,0 +1,18 @@
+#pragma once
+
+#include "platform/Text.h"
+#include "settings/ToviItemShowSettings.h"
+
+class ToviItemDef;
+
+/// The items that the information lists of a delivery may show: those of its definitions, then the
+/// facts about the file, then those of Exif.
+
+/// Title of the item whose display has a setting of its own beside the list.
+inline constexpr const char* controlValueTitle = "施工管理値";
+
+/// The items as they are shown at first.
+ToviItemShowSettings DefaultItems(const ToviItemDef& itemDef);
+
+/// The items with those hidden whose title stands in \p hidden, whatever its letter case.
+ToviItemShowSettings ItemsWithout(const ToviItemDef& itemDef, const CStringArray& hidden);
