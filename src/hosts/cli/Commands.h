@@ -14,3 +14,5 @@ void AddCorrectCommand(CLI::App& app, int& status);
 void AddRecordCommand(CLI::App& app, int& status);
 void AddReturnCommand(CLI::App& app, int& status);
 void AddExifCommand(CLI::App& app, int& status);
+void AddPairsCommand(CLI::App& app, int& status);
+void AddSettingsCommand(CLI::App& app, int& status);

@@ -93,6 +93,7 @@ void SetSort(ToviData& document, const ConditionArguments& arguments)
     condition.ExecSort(true);
     condition.SetKeyItem(arguments.sortItem.c_str());
     condition.Ascending(!arguments.descending);
+    LeaveSettingsUnsaved();
     document.SetSortCondition(condition);
 }
 

@@ -75,7 +75,7 @@ int Run(const Arguments& arguments)
 {
     OpenedDelivery delivery;
     const int opened =
-        OpenInspection(arguments.delivery, arguments.record, arguments.choice.Tree(), delivery);
+        OpenInspection(arguments.delivery, arguments.record, arguments.choice.type, delivery);
     if (opened != ExitDone) return opened;
     ToviData& document = *delivery.document;
     if (!SelectNode(document, arguments.choice.nodes)) return ExitWrongUsage;

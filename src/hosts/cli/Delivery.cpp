@@ -3,6 +3,7 @@
 #include "loading/DeliveryLocation.h"
 #include "loading/ToviEnouDataFactory.h"
 #include "platform/HostServices.h"
+#include "platform/MemoryProfileStore.h"
 #include "platform/MibFile.h"
 
 #include <algorithm>
@@ -158,18 +159,18 @@ void AddNodeOption(CLI::App& command, std::vector<std::string>& nodes)
         ->option_text("TITLE ...");
 }
 
-void AddTreeTypeOption(CLI::App& command, int& type)
+void AddTreeTypeOption(CLI::App& command, TreeTypeArgument& type)
 {
     command
-        .add_option("--type", type,
-                    "木の種類（既定は0）: 0 大分類・写真区分・工種・種別・細別、1 撮影箇所、2 "
-                    "工種・種別・細別")
+        .add_option(
+            "--type", type,
+            "木の種類（既定は設定のとおり）: 0 大分類・写真区分・工種・種別・細別、1 撮影箇所、2 "
+            "工種・種別・細別")
         ->check(CLI::Range(0, 2))
         ->option_text("0|1|2");
 }
 
-OpenedDelivery OpenDelivery(const DeliveryArguments& arguments,
-                            ToviPhotoCtrlVisualSetting::TreeType tree)
+OpenedDelivery OpenDelivery(const DeliveryArguments& arguments, TreeTypeArgument tree)
 {
     OpenedDelivery delivery;
     delivery.folder = arguments.path;
@@ -180,8 +181,20 @@ OpenedDelivery OpenDelivery(const DeliveryArguments& arguments,
     }
     delivery.family = ChosenFamily(arguments, delivery.photoFolder);
     Load(delivery);
-    if (delivery.IsLoaded()) delivery.document->BuildTreeNode(tree);
+    if (!delivery.IsLoaded()) return delivery;
+    ToviData& document = *delivery.document;
+    document.Load();
+    const int type = tree.value_or(document.GetVisualSetting().GetTreeType());
+    document.BuildTreeNode(static_cast<ToviPhotoCtrlVisualSetting::TreeType>(type));
     return delivery;
+}
+
+void LeaveSettingsUnsaved()
+{
+    static MemoryProfileStore unsaved;
+    HostServices services = GetHostServices();
+    services.profile = &unsaved;
+    InstallHostServices(services);
 }
 
 bool SelectNode(ToviData& document, const std::vector<std::string>& titles)

@@ -5,6 +5,7 @@
 #include <CLI/CLI.hpp>
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -31,8 +32,11 @@ void AddDeliveryArguments(CLI::App& command, DeliveryArguments& arguments);
 /// Adds --node, the titles from the root down. \p nodes outlives \p command.
 void AddNodeOption(CLI::App& command, std::vector<std::string>& nodes);
 
-/// Adds --type, the number of the tree. \p type outlives \p command.
-void AddTreeTypeOption(CLI::App& command, int& type);
+/// The number of a tree; that of the settings when the user names none.
+using TreeTypeArgument = std::optional<int>;
+
+/// Adds --type. \p type outlives \p command.
+void AddTreeTypeOption(CLI::App& command, TreeTypeArgument& type);
 
 /// A delivery as far as it could be opened.
 struct OpenedDelivery
@@ -48,10 +52,11 @@ struct OpenedDelivery
 };
 
 /// Opens the delivery and writes why it failed to standard error, in one sentence that says what to
-/// do. The tree is built with \p tree when it was loaded.
-OpenedDelivery OpenDelivery(
-    const DeliveryArguments& arguments,
-    ToviPhotoCtrlVisualSetting::TreeType tree = ToviPhotoCtrlVisualSetting::TreeWorkTypeFull);
+/// do. When it was loaded, so are the user's settings, and the tree is built.
+OpenedDelivery OpenDelivery(const DeliveryArguments& arguments, TreeTypeArgument tree = {});
+
+/// From here on no setting is saved: for what a command line puts in the place of the user's own.
+void LeaveSettingsUnsaved();
 
 /// Selects the node that \p titles lead to from the root. False, with a sentence on standard error,
 /// when there is no such node.

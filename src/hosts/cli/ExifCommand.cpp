@@ -15,15 +15,6 @@ struct Arguments
     PhotoChoice choice;
 };
 
-Json ToJson(const ToviTextPairArray& pairs)
-{
-    Json array = Json::array();
-    for (const ToviTextPair& pair : pairs) {
-        array.push_back({{"item", pair.GetItem()}, {"value", pair.GetValue()}});
-    }
-    return array;
-}
-
 Json FactsOf(ToviPhoto& photo, int index)
 {
     Json facts = {{"index", index}, {"hasExif", photo.CheckExif()}};

@@ -17,6 +17,15 @@ Json ToJson(const ToviItemArray& items, const ToviItemDef& def)
     return array;
 }
 
+Json ToJson(const ToviTextPairArray& pairs)
+{
+    Json array = Json::array();
+    for (const ToviTextPair& pair : pairs) {
+        array.push_back({{"item", pair.GetItem()}, {"value", pair.GetValue()}});
+    }
+    return array;
+}
+
 JsonArrayWriter::JsonArrayWriter()
 {
     std::cout << '[';

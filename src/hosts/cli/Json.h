@@ -1,6 +1,7 @@
 #pragma once
 
 #include "document/ToviItem.h"
+#include "document/ToviTextPair.h"
 #include "loading/ToviItemDef.h"
 
 #include <nlohmann/json.hpp>
@@ -12,6 +13,9 @@ std::string ToText(const Json& value);
 
 /// \p items as an array of {"title","value"}, in their order.
 Json ToJson(const ToviItemArray& items, const ToviItemDef& def);
+
+/// \p pairs as an array of {"item","value"}, in their order.
+Json ToJson(const ToviTextPairArray& pairs);
 
 /// Writes an array to standard output element by element, so that it need not be in memory whole.
 class JsonArrayWriter

@@ -8,13 +8,9 @@ struct PhotoChoice
     /// Photo indexes as the user writes them: "0,3,5-9".
     std::string at;
     std::vector<std::string> nodes;
-    int type = 0;
+    TreeTypeArgument type;
 
     bool IsEmpty() const { return at.empty() && nodes.empty(); }
-    ToviPhotoCtrlVisualSetting::TreeType Tree() const
-    {
-        return static_cast<ToviPhotoCtrlVisualSetting::TreeType>(type);
-    }
 };
 
 /// Adds --at. \p choice outlives \p command.

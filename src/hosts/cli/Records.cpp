@@ -56,8 +56,8 @@ bool LoadRecord(ToviData& document, const CString& record)
     return false;
 }
 
-int OpenInspection(const DeliveryArguments& arguments, const CString& record,
-                   ToviPhotoCtrlVisualSetting::TreeType tree, OpenedDelivery& delivery)
+int OpenInspection(const DeliveryArguments& arguments, const CString& record, TreeTypeArgument tree,
+                   OpenedDelivery& delivery)
 {
     delivery = OpenDelivery(arguments, tree);
     if (!delivery.IsLoaded()) return ExitFailed;

@@ -12,8 +12,8 @@ bool LoadRecord(ToviData& document, const CString& record);
 
 /// Opens \p delivery for an inspection that will be saved to \p record, and takes up what is there
 /// already. Returns the exit status; what isn't ExitDone was told on standard error.
-int OpenInspection(const DeliveryArguments& arguments, const CString& record,
-                   ToviPhotoCtrlVisualSetting::TreeType tree, OpenedDelivery& delivery);
+int OpenInspection(const DeliveryArguments& arguments, const CString& record, TreeTypeArgument tree,
+                   OpenedDelivery& delivery);
 
 /// Saves the inspection to the file \p record and returns the exit status; a failure is told on
 /// standard error.

@@ -15,7 +15,7 @@ struct Arguments
 int Run(const Arguments& arguments)
 {
     const OpenedDelivery delivery =
-        OpenDelivery(arguments.delivery, arguments.conditions.choice.Tree());
+        OpenDelivery(arguments.delivery, arguments.conditions.choice.type);
     if (!delivery.IsLoaded()) return ExitFailed;
     ToviData& document = *delivery.document;
     const int status = MakeCurrentArray(document, arguments.conditions);

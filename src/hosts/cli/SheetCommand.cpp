@@ -18,7 +18,7 @@ struct Arguments
 int Run(const Arguments& arguments)
 {
     const OpenedDelivery delivery =
-        OpenDelivery(arguments.delivery, arguments.conditions.choice.Tree());
+        OpenDelivery(arguments.delivery, arguments.conditions.choice.type);
     if (!delivery.IsLoaded()) return ExitFailed;
     if (RefuseInDelivery(arguments.output, delivery)) return ExitWrongUsage;
     ToviData& document = *delivery.document;

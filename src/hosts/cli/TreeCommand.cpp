@@ -8,7 +8,7 @@ namespace
 struct Arguments
 {
     DeliveryArguments delivery;
-    int type = 0;
+    TreeTypeArgument type;
 };
 
 Json ToJson(const ToviNode& node)
@@ -21,8 +21,7 @@ Json ToJson(const ToviNode& node)
 
 int Run(const Arguments& arguments)
 {
-    const OpenedDelivery delivery = OpenDelivery(
-        arguments.delivery, static_cast<ToviPhotoCtrlVisualSetting::TreeType>(arguments.type));
+    const OpenedDelivery delivery = OpenDelivery(arguments.delivery, arguments.type);
     if (!delivery.document) return ExitFailed;
     std::cout << ToText(ToJson(*delivery.document)) << '\n';
     return delivery.IsLoaded() ? ExitDone : ExitFailed;

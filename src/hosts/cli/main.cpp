@@ -3,10 +3,12 @@
 #include "platform/FileProfileStore.h"
 #include "platform/HostServices.h"
 #include "platform/Interrupt.h"
+#include "platform/MibFile.h"
 #include "platform/TerminalUserInterface.h"
 
 #include <iostream>
 #include <new>
+#include <optional>
 
 namespace
 {
@@ -29,6 +31,20 @@ void DescribeProgram(CLI::App& app)
     formatter->column_width(24);
 }
 
+/// Adds --profile to every command. The options of a command are read before any command runs.
+void AddProfileOption(CLI::App& app, std::optional<FileProfileStore>& profile)
+{
+    const auto open = [&profile](const std::string& path) {
+        profile.emplace(MibAbsolutePath(path));
+    };
+    for (CLI::App* command : app.get_subcommands({})) {
+        command
+            ->add_option_function<std::string>(
+                "--profile", open, "設定ファイル（既定は " + DefaultProfilePath() + "）")
+            ->option_text("FILE");
+    }
+}
+
 int Parse(CLI::App& app, int argc, char** argv)
 {
     try {
@@ -48,8 +64,8 @@ int Parse(CLI::App& app, int argc, char** argv)
 int main(int argc, char** argv)
 {
     TerminalUserInterface user;
-    FileProfileStore profile(DefaultProfilePath());
-    InstallHostServices({&user, &profile, "tovi", RunningProgramPath()});
+    std::optional<FileProfileStore> profile(DefaultProfilePath());
+    InstallHostServices({&user, &*profile, "tovi", RunningProgramPath()});
     InstallInterruptHandler();
 
     int status = ExitDone;
@@ -65,6 +81,9 @@ int main(int argc, char** argv)
     AddRecordCommand(app, status);
     AddReturnCommand(app, status);
     AddExifCommand(app, status);
+    AddPairsCommand(app, status);
+    AddSettingsCommand(app, status);
+    AddProfileOption(app, profile);
     try {
         const int parsed = Parse(app, argc, argv);
         return parsed == ExitDone ? status : parsed;

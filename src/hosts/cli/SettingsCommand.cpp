@@ -1,0 +1,124 @@
+#include "hosts/cli/Commands.h"
+#include "hosts/cli/Json.h"
+#include "hosts/cli/SettingKeys.h"
+
+#include "platform/HostServices.h"
+
+#include <iostream>
+
+namespace
+{
+struct Arguments
+{
+    DeliveryArguments delivery;
+    std::vector<std::string> assignments;
+};
+
+UserSettings LoadSettings()
+{
+    UserSettings settings;
+    settings.visual.Load();
+    settings.labels.Load(nullptr);
+    settings.sort.Load();
+    // A copy, since what was loaded saves itself in the end: also changes that are given up.
+    return UserSettings(settings);
+}
+
+UserSettings SettingsOf(ToviData& document)
+{
+    return {document.GetVisualSetting(), *document.GetLabelManager(), document.GetSortCondition(),
+            *document.GetItemManager()};
+}
+
+/// False, with a sentence on standard error, when one of the assignments can't be.
+bool Assign(UserSettings& settings, const std::vector<std::string>& assignments)
+{
+    for (const std::string& assignment : assignments) {
+        const CString wrong = SetByKey(settings, assignment);
+        if (wrong.empty()) continue;
+        Complain(wrong);
+        return false;
+    }
+    return true;
+}
+
+/// False when the profile could not be written.
+bool Save(UserSettings& settings)
+{
+    settings.labels.Save(nullptr);
+    return settings.visual.Save() && settings.sort.Save() &&
+           (settings.items.GetItemShowSettings().IsEmpty() || settings.items.Save());
+}
+
+const char* KindName(InfoType type)
+{
+    if (type == InfoFile) return "file";
+    return type == InfoExif ? "exif" : "delivery";
+}
+
+Json ToJson(const UserSettings& settings)
+{
+    Json json = {{"settings", Json::object()}};
+    for (const SettingKey& key : SettingKeys()) {
+        json["settings"][key.name] = key.get(settings, key);
+    }
+    const ToviItemShowSettings& items = settings.items.GetItemShowSettings();
+    if (items.IsEmpty()) return json;
+    json["items"] = Json::array();
+    for (const ToviItemShowSetting& item : items) {
+        json["items"].push_back(
+            {{"item", item.title}, {"shown", item.bold}, {"kind", KindName(item.infoType)}});
+    }
+    return json;
+}
+
+int ChangeAndShow(UserSettings settings, const std::vector<std::string>& assignments)
+{
+    if (!Assign(settings, assignments)) return ExitWrongUsage;
+    if (!assignments.empty() && !Save(settings)) {
+        Complain("設定ファイルに書き込めません。書き込みの権限と空き容量を確かめてください。");
+        return ExitFailed;
+    }
+    std::cout << ToText(ToJson(settings)) << '\n';
+    return ExitDone;
+}
+
+int Run(const Arguments& arguments)
+{
+    if (arguments.delivery.path.empty()) {
+        return ChangeAndShow(LoadSettings(), arguments.assignments);
+    }
+    OpenedDelivery delivery = OpenDelivery(arguments.delivery);
+    if (!delivery.IsLoaded()) return ExitFailed;
+    UserSettings settings = SettingsOf(*delivery.document);
+    // The document would save its own settings last.
+    delivery.document.reset();
+    return ChangeAndShow(std::move(settings), arguments.assignments);
+}
+
+CString Footer()
+{
+    CString text = "出力: {\"settings\":{名前:値},\"items\":[{\"item\",\"shown\",\"kind\"}]}"
+                   "（itemsは納品データを指定したとき）\n設定の名前と値:\n";
+    for (const SettingKey& key : SettingKeys()) {
+        text += "  " + key.name + "  " + key.meaning + ": " + key.values + "\n";
+    }
+    return text + "  item:項目名  写真情報リストに表示するか: show hide\n";
+}
+} // namespace
+
+void AddSettingsCommand(CLI::App& app, int& status)
+{
+    static Arguments arguments;
+    CLI::App* command = app.add_subcommand("settings", "保存してある設定を表示し、変える");
+    command->group("コマンド");
+    AddDeliveryArguments(*command, arguments.delivery);
+    command->get_option("DELIVERY")->required(false)->option_text(" ");
+    command
+        ->add_option("--set", arguments.assignments,
+                     "設定を変える。繰り返して指定できる。一つでも誤りがあれば何も変えない")
+        ->allow_extra_args(false)
+        ->option_text("KEY=VALUE ...");
+    command->footer(Footer());
+    command->callback([&status] { status = Run(arguments); });
+}

@@ -1,0 +1,120 @@
+#include "sample/DeliveryBuilder.h"
+#include "support/RunProgram.h"
+#include "support/TempFolder.h"
+
+#include <gmock/gmock.h>
+#include <nlohmann/json.hpp>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace
+{
+using Json = nlohmann::json;
+using testing::HasSubstr;
+
+/// A user who changes the settings between commands.
+class Settings : public testing::Test
+{
+protected:
+    Settings()
+    {
+        DeliveryBuilder builder({.photos = 3, .drawings = 0, .images = false});
+        for (int i = 0; i < 3; ++i) {
+            builder.Set(i, "シリアル番号", std::to_string(9 - i)).Set(i, "撮影箇所", "No.1");
+            for (const char* level : {"写真-大分類", "写真区分", "工種", "種別", "細別"}) {
+                builder.Set(i, level, "同じ");
+            }
+        }
+        builder.Write(temp.Path("d"));
+    }
+
+    ProgramResult Run(std::vector<CString> arguments) const
+    {
+        arguments.insert(arguments.begin(), "tovi");
+        return RunProgram(arguments, temp.Path("config"));
+    }
+    Json Answer(const std::vector<CString>& arguments) const
+    {
+        const ProgramResult result = Run(arguments);
+        EXPECT_EQ(result.status, 0) << result.errors;
+        return Json::parse(result.output);
+    }
+    CString Current(std::vector<CString> options) const
+    {
+        options.insert(options.begin(), {"select", delivery});
+        return Answer(options)["current"].dump();
+    }
+
+    TempFolder temp;
+    CString delivery = temp.Path("d");
+};
+
+TEST_F(Settings, AreObeyedByTheNextCommand)
+{
+    EXPECT_EQ(Current({}), "[0,1,2]");
+    Answer({"settings", "--set", "sort=on", "--set", "sort-key=シリアル番号"});
+    EXPECT_EQ(Current({}), "[2,1,0]");
+    EXPECT_EQ(Current({"--sort", "シリアル番号", "--descending"}), "[0,1,2]");
+    EXPECT_EQ(Current({}), "[2,1,0]") << "the command line was remembered";
+    EXPECT_EQ(Current({"--profile", temp.Path("other.ini")}), "[0,1,2]");
+
+    const Json before = Answer({"tree", delivery});
+    Answer({"settings", "--set", "tree=place"});
+    EXPECT_EQ(Answer({"tree", delivery}), Answer({"tree", delivery, "--type", "1"}));
+    EXPECT_EQ(Answer({"tree", delivery, "--type", "0"}), before);
+
+    Answer({"settings", delivery, "--set", "item:撮影箇所=hide", "--set", "item:工種=show"});
+    const CString pairs = Answer({"pairs", delivery, "--at", "1"}).dump();
+    EXPECT_THAT(pairs, HasSubstr(R"("item":"工種")"));
+    EXPECT_THAT(pairs, Not(HasSubstr("撮影箇所")));
+}
+
+TEST_F(Settings, RefuseWhatIsNoneAndChangeNothingThen)
+{
+    const Json before = Answer({"settings"});
+    for (const char* wrong :
+         {"mode", "mode=7", "mode=", "Mode=6", "label1=12345678901234567890123456789012x",
+          "edit-check-types=0,,1", "edit-check-types=3",
+          "edit-check-types=", "sort-order=descending", "item:工種=hide"}) {
+        const ProgramResult result = Run({"settings", "--set", "tree=work", "--set", wrong});
+        EXPECT_EQ(result.status, 2) << wrong;
+        EXPECT_NE(result.errors, "") << wrong;
+    }
+    EXPECT_EQ(Run({"settings", delivery, "--set", "item:項目=hide"}).status, 2);
+    EXPECT_EQ(Answer({"settings"}), before);
+}
+
+TEST_F(Settings, SurviveADamagedFileAndTellOfOneThatCannotBeWritten)
+{
+    temp.Write("profile.ini", CString("\xff\xfe\x00garbage", 10));
+    const std::vector<CString> show = {"settings", "--profile", temp.Path("profile.ini")};
+    const ProgramResult damaged = Run(show);
+    EXPECT_EQ(damaged.status, 0);
+    EXPECT_THAT(damaged.errors, HasSubstr("profile.ini.damaged"));
+    EXPECT_EQ(Json::parse(damaged.output)["settings"]["mode"], "thumbnails");
+    EXPECT_EQ(Run(show).errors, "");
+    const ProgramResult refused =
+        Run({"settings", "--set", "mode=6", "--profile", "/proc/profile.ini"});
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_THAT(refused.errors, HasSubstr("書き込めません"));
+    EXPECT_EQ(Run({"pairs", delivery, "--profile", "/proc/profile.ini"}).status, 0);
+}
+
+TEST_F(Settings, SurviveAHundredKills)
+{
+    const CString profile = temp.Path("profile.ini");
+    for (int i = 0; i < 100; ++i) {
+        const CString mode = i % 2 == 0 ? "mode=6" : "mode=1";
+        const CString tree = i % 3 == 0 ? "tree=work" : "tree=place";
+        RunProgramAndKill({"tovi", "settings", "--profile", profile, "--set", mode, "--set", tree},
+                          temp.Path("config"), 500 + i * 150);
+        if (i % 10 != 9) continue;
+        const ProgramResult shown = Run({"settings", "--profile", profile});
+        ASSERT_EQ(shown.errors, "") << i;
+        const Json settings = Json::parse(shown.output)["settings"];
+        EXPECT_THAT((std::vector<CString>{"6", "1", "thumbnails"}),
+                    testing::Contains(settings["mode"]));
+    }
+}
+} // namespace
