@@ -1,24 +1,40 @@
 # cmake -D SOURCE_ROOT=src -P CheckIncludes.cmake
 #
 # Reads every include line under SOURCE_ROOT and fails where one points against the layers:
-#   model and platform never include a window or a host,
+#   model and platform never include a control, a window or a host,
 #   the model includes nothing but itself, platform and the C++ standard library,
-#   no header that shows an outside library is included from outside platform.
+#   controls, windows and the viewer include Qt and no other outside library; controls know no model,
+#   no header that shows an outside library is included from outside platform, but for one that
+#   shows Qt to those who may see it.
 
 cmake_minimum_required(VERSION 3.25)
 
 set(model document loading review extraction settings imagefacts reports)
 set(windows panels dialogs)
 set(see_platform platform)
+set(see_controls platform controls)
 set(see_model platform ${model})
-set(see_windows ${see_model} ${windows})
-set(see_hosts ${see_windows} hosts)
-set(standard "^<[a-z_]+>$")
+set(see_windows ${see_model} controls ${windows})
+set(see_viewer ${see_windows} hosts)
+set(see_hosts ${see_model} hosts)
+
+set(standard "<[a-z_]+>")
+set(qt "<Q[A-Za-z]+>")
+set(outside_platform ".*")
+set(outside_controls "${standard}|${qt}")
+set(outside_model ${standard})
+set(outside_windows "${standard}|${qt}")
+set(outside_viewer "${standard}|${qt}")
+set(outside_hosts ".*")
 
 # The layer of a file, from its path below SOURCE_ROOT.
 function(layer_of path out)
     string(REGEX MATCH "^[^/]+" folder ${path})
-    if(folder IN_LIST model)
+    if(path MATCHES "^platform/controls/")
+        set(${out} controls PARENT_SCOPE)
+    elseif(path MATCHES "^hosts/viewer/")
+        set(${out} viewer PARENT_SCOPE)
+    elseif(folder IN_LIST model)
         set(${out} model PARENT_SCOPE)
     elseif(folder IN_LIST windows)
         set(${out} windows PARENT_SCOPE)
@@ -37,6 +53,15 @@ function(includes_of path out)
     set(${out} ${found} PARENT_SCOPE)
 endfunction()
 
+# The name under which other layers list what they may see.
+function(seen_as path out)
+    string(REGEX MATCH "^[^/]+" folder ${path})
+    if(path MATCHES "^platform/controls/")
+        set(folder controls)
+    endif()
+    set(${out} ${folder} PARENT_SCOPE)
+endfunction()
+
 function(refuse path included why)
     message(SEND_ERROR "${path}: ${included} ${why}")
 endfunction()
@@ -47,19 +72,24 @@ foreach(path IN LISTS paths)
     includes_of(${SOURCE_ROOT}/${path} all)
     foreach(included IN LISTS all)
         if(included MATCHES "^<")
-            if(layer STREQUAL "model" AND NOT included MATCHES ${standard})
-                refuse(${path} ${included} "is no header of the C++ standard library")
+            if(NOT included MATCHES "^(${outside_${layer}})$")
+                refuse(${path} ${included} "is an outside header that ${layer} may not know")
+            elseif(layer STREQUAL "platform" AND included MATCHES "QtWidgets/")
+                refuse(${path} ${included} "is not to be seen from ${layer}")
             endif()
             continue()
         endif()
         string(REGEX REPLACE "\"" "" header ${included})
-        string(REGEX MATCH "^[^/]+" folder ${header})
+        seen_as(${header} folder)
         if(NOT folder IN_LIST see_${layer} OR NOT EXISTS ${SOURCE_ROOT}/${header})
             refuse(${path} ${included} "is not to be seen from ${layer}")
-        elseif(folder STREQUAL "platform" AND layer MATCHES "model|hosts")
+        elseif(folder STREQUAL "platform" AND NOT layer STREQUAL "platform")
             includes_of(${SOURCE_ROOT}/${header} inner)
             list(FILTER inner INCLUDE REGEX "^<")
-            list(FILTER inner EXCLUDE REGEX ${standard})
+            list(FILTER inner EXCLUDE REGEX "^${standard}$")
+            if(layer MATCHES "controls|windows|viewer")
+                list(FILTER inner EXCLUDE REGEX "^${qt}$")
+            endif()
             if(inner)
                 refuse(${path} ${included} "shows an outside library: ${inner}")
             endif()

@@ -3,6 +3,7 @@
 #include "platform/CaseFallback.h"
 #include "platform/Headless.h"
 #include "platform/MibFile.h"
+#include "platform/QtText.h"
 #include "platform/SvgPhoto.h"
 
 #include <QBuffer>
@@ -91,7 +92,7 @@ std::optional<QSize> ReadImageSize(const CString& path)
     std::optional<std::string> unpacked;
     QByteArray shared;
     QBuffer buffer(&shared);
-    QFile file(QString::fromStdString(ExistingPath(path)));
+    QFile file(QtText(ExistingPath(path)));
     QImageReader reader;
     if (IsSvg(path)) {
         unpacked = ReadMainImageOfSvg(path);

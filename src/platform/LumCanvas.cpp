@@ -1,8 +1,10 @@
 #include "platform/LumCanvas.h"
 
 #include "platform/Headless.h"
+#include "platform/JapaneseFont.h"
 #include "platform/LumPicture.h"
 #include "platform/QtColor.h"
+#include "platform/QtText.h"
 
 #include <QPainter>
 #include <QTextLayout>
@@ -80,14 +82,12 @@ void LumCanvas::DrawText(const LumRect& place, const CString& text, int pixels, 
                          unsigned long color)
 {
     EnsureGui();
-    QFont font(QStringList{QStringLiteral("MS PGothic"), QStringLiteral("IPAPGothic"),
-                           QStringLiteral("Noto Sans CJK JP")});
+    QFont font(JapaneseFamily());
     font.setPixelSize(pixels);
     QPainter painter(&painting->image);
     painter.setFont(font);
     painter.setPen(QtColor(color));
-    const QStringList broken =
-        Broken(QString::fromStdString(text).simplified(), font, place.width, lines);
+    const QStringList broken = Broken(QtText(text).simplified(), font, place.width, lines);
     painter.drawText(ToQt(place), Qt::AlignCenter, broken.join(u'\n'));
 }
 
