@@ -65,6 +65,8 @@ void Prepare(QImageReader& reader, QIODevice& source)
     reader.setAutoTransform(true);
 }
 
+/// To be asked before anything else: for its size alone a picture in some other format, an SVG
+/// under a photograph's name say, would be read whole.
 bool IsLetIn(const QImageReader& reader)
 {
     const QByteArray format = reader.format();
@@ -104,8 +106,9 @@ std::optional<QSize> ReadImageSize(const CString& path)
         if (!MibIsFileExist(path)) return std::nullopt;
         Prepare(reader, file);
     }
+    if (!IsLetIn(reader)) return std::nullopt;
     const QSize size = reader.size();
-    if (!IsLetIn(reader) || size.isEmpty()) return std::nullopt;
+    if (size.isEmpty()) return std::nullopt;
     return size;
 }
 
@@ -118,8 +121,9 @@ QImage ReadImage(const CString& path, int longestSide)
     QBuffer buffer(&shared);
     QImageReader reader;
     Prepare(reader, buffer);
+    if (!IsLetIn(reader)) return {};
     const QSize size = reader.size();
-    if (!IsLetIn(reader) || size.isEmpty() || PixelsOf(size) > mostPixels) return {};
+    if (size.isEmpty() || PixelsOf(size) > mostPixels) return {};
     const bool isJpeg = reader.format() == "jpeg";
     if (isJpeg && !IsCompleteJpeg(*bytes)) return {};
     const QSize wanted = Reduced(size, longestSide);
