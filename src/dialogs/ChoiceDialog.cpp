@@ -1,0 +1,52 @@
+#include "dialogs/ChoiceDialog.h"
+
+#include "platform/QtText.h"
+
+#include <QButtonGroup>
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+namespace
+{
+QLabel* Line(const CString& text)
+{
+    auto* label = new QLabel(QtText(text));
+    label->setWordWrap(true);
+    return label;
+}
+} // namespace
+
+ChoiceDialog::ChoiceDialog(const Choice& choice, QWidget* parent)
+    : WenDialog(parent), options(new QButtonGroup(this))
+{
+    setWindowTitle(QtText(choice.title));
+    auto* layout = new QVBoxLayout(this);
+    for (const CString& note : choice.notes) layout->addWidget(Line(note));
+    for (int index = 0; index < choice.options.GetSize(); ++index) {
+        const Choice::Option& option = choice.options[index];
+        auto* button = new QRadioButton(QtText(option.text));
+        options->addButton(button, index);
+        layout->addWidget(button);
+        if (option.explanation.empty()) continue;
+        QLabel* explanation = Line(option.explanation);
+        explanation->setIndent(button->sizeHint().height());
+        button->setAccessibleDescription(explanation->text());
+        layout->addWidget(explanation);
+    }
+    if (options->button(0) != nullptr) options->button(0)->setChecked(true);
+    QDialogButtonBox* buttons = MakeOkCancel();
+    layout->addSpacing(8);
+    layout->addWidget(buttons);
+    QPushButton* cancel = buttons->button(QDialogButtonBox::Cancel);
+    cancel->setDefault(true);
+    cancel->setFocus();
+    setMinimumWidth(480);
+}
+
+int ChoiceDialog::GetOption() const
+{
+    return options->checkedId();
+}

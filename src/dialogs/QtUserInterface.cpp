@@ -1,0 +1,125 @@
+#include "dialogs/QtUserInterface.h"
+
+#include "dialogs/ChoiceDialog.h"
+#include "dialogs/ProgressWindow.h"
+#include "platform/controls/WindowHandle.h"
+#include "platform/QtText.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QPushButton>
+
+#include <utility>
+#include <vector>
+
+namespace
+{
+struct Button
+{
+    QMessageBox::StandardButton button;
+    QString text;
+    MessageAnswer answer;
+};
+
+const Button& ButtonOf(MessageAnswer answer)
+{
+    static const Button all[] = {
+        {QMessageBox::Ok, QStringLiteral("OK"), MessageAnswer::Ok},
+        {QMessageBox::Yes, QStringLiteral("はい(&Y)"), MessageAnswer::Yes},
+        {QMessageBox::No, QStringLiteral("いいえ(&N)"), MessageAnswer::No},
+        {QMessageBox::Cancel, QStringLiteral("キャンセル"), MessageAnswer::Cancel}};
+    for (const Button& button : all) {
+        if (button.answer == answer) return button;
+    }
+    return all[0];
+}
+
+std::vector<MessageAnswer> AnswersOf(MessageButtons buttons)
+{
+    switch (buttons) {
+    case MessageButtons::OkCancel:
+        return {MessageAnswer::Ok, MessageAnswer::Cancel};
+    case MessageButtons::YesNo:
+        return {MessageAnswer::Yes, MessageAnswer::No};
+    case MessageButtons::YesNoCancel:
+        return {MessageAnswer::Yes, MessageAnswer::No, MessageAnswer::Cancel};
+    case MessageButtons::Ok:
+        break;
+    }
+    return {MessageAnswer::Ok};
+}
+
+QMessageBox::Icon IconOf(MessageIcon icon)
+{
+    switch (icon) {
+    case MessageIcon::Warning:
+        return QMessageBox::Warning;
+    case MessageIcon::Error:
+        return QMessageBox::Critical;
+    case MessageIcon::Question:
+        return QMessageBox::Question;
+    case MessageIcon::Information:
+        break;
+    }
+    return QMessageBox::Information;
+}
+} // namespace
+
+void QtUserInterface::SetProgressDisplay(std::function<void(const CString&)> display)
+{
+    progressDisplay = std::move(display);
+}
+
+MessageAnswer QtUserInterface::ShowMessage(const CString& text, const CString& caption,
+                                           MessageButtons buttons, MessageIcon icon)
+{
+    QMessageBox box(IconOf(icon), QtText(caption), QtText(text), QMessageBox::NoButton,
+                    Owner());
+    box.setTextFormat(Qt::PlainText);
+    const std::vector<MessageAnswer> answers = AnswersOf(buttons);
+    for (const MessageAnswer answer : answers) {
+        box.addButton(ButtonOf(answer).button)->setText(ButtonOf(answer).text);
+    }
+    box.setDefaultButton(ButtonOf(answers.front()).button);
+    box.setEscapeButton(ButtonOf(answers.back()).button);
+    const int pressed = box.exec();
+    for (const MessageAnswer answer : answers) {
+        if (ButtonOf(answer).button == pressed) return answer;
+    }
+    return answers.back();
+}
+
+bool QtUserInterface::ChooseFolder(CString& folder, const CString& title, FolderChooserStyle)
+{
+    const QString chosen =
+        QFileDialog::getExistingDirectory(Owner(), QtText(title), QtText(folder));
+    if (chosen.isEmpty()) return false;
+    folder = FromQtText(chosen);
+    return true;
+}
+
+bool QtUserInterface::Choose(const Choice& choice, int& option)
+{
+    ChoiceDialog dialog(choice, Owner());
+    if (!dialog.DoModal()) return false;
+    option = dialog.GetOption();
+    return true;
+}
+
+void QtUserInterface::ShowProgress(const CString& text)
+{
+    if (progressDisplay) progressDisplay(text);
+}
+
+std::unique_ptr<ProgressPort> QtUserInterface::CreateProgress(CWnd* parent)
+{
+    QWidget* const owner = parent != nullptr ? AsWidget(parent) : mainWindow.data();
+    return std::make_unique<ProgressWindowPort>(owner != nullptr ? owner->window() : nullptr);
+}
+
+QWidget* QtUserInterface::Owner() const
+{
+    QWidget* const active = QApplication::activeModalWidget();
+    return active != nullptr ? active : mainWindow.data();
+}
