@@ -72,3 +72,6 @@ private:
 
     std::vector<T> elements;
 };
+
+/// Numbers of 0 to 65535.
+using CWordArray = CArray<unsigned short>;
