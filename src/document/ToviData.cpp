@@ -3,6 +3,8 @@
 #include "document/TreeBuilder.h"
 #include "extraction/ExtractionEngine.h"
 #include "extraction/ToviSorter.h"
+#include "imagefacts/ImageTypeChoice.h"
+#include "imagefacts/RicohVerifier.h"
 #include "platform/MibFile.h"
 #include "review/LabelCorrection.h"
 #include "review/LabelProcessSelectDlg.h"
@@ -20,11 +22,26 @@ namespace
 constexpr std::array workTypeLevels = {"写真-大分類", "写真区分", "工種", "種別", "細別"};
 constexpr std::size_t upperLevels = 2;
 constexpr const char* placeLevel = "撮影箇所";
+
+ToviPhoto::EditJPEGCheckResult ResultOf(ToviCheckProcessor::CheckStatus status)
+{
+    switch (status) {
+    case ToviCheckProcessor::StatusUnaltered:
+        return ToviPhoto::EditCheckUnaltered;
+    case ToviCheckProcessor::StatusAltered:
+        return ToviPhoto::EditCheckAltered;
+    case ToviCheckProcessor::StatusOutsideTarget:
+    case ToviCheckProcessor::StatusError:
+        break;
+    }
+    return ToviPhoto::EditCheckUnknown;
+}
 } // namespace
 
 ToviData::ToviData() : ToviData(nullptr, "", PhotoXMLMlit) {}
 
-ToviData::ToviData(CDocument* host, const char* path, PhotoXMLType type) : hostDocument(host)
+ToviData::ToviData(CDocument* host, const char* path, PhotoXMLType type)
+    : hostDocument(host), imageCheck(std::make_unique<ToviImageCheckCommon>(nullptr))
 {
     RootPath(path);
     // These are the base's operations, as of any virtual call in a constructor: a derived
@@ -235,11 +252,35 @@ ToviItemShowSettings ToviData::LoadItems()
     return items;
 }
 
-void ToviData::SetVisualSetting(const ToviPhotoCtrlVisualSetting& setting, bool)
+void ToviData::SetVisualSetting(const ToviPhotoCtrlVisualSetting& setting, bool force)
 {
+    const bool changed = force || visualSetting->IsChangeEditCheckTerm(setting);
     *visualSetting = setting;
     visualSetting->SetItemShowSettings(itemManager->GetItemShowSettings());
     if (settingsLoaded) visualSetting->Save();
+    if (!changed) return;
+    imageCheck->SetCheckCameraType(ParseEditCheckTypes(visualSetting->GetEditCheckTypes()));
+    Initialize_CheckEditJPEG();
+}
+
+void ToviData::CheckEditJPEG(ToviPhoto* photo)
+{
+    if (!visualSetting->GetDoEditCheck() || visualSetting->GetEditCheckTypes().empty()) return;
+    // Here two names that differ in letter case alone can be two files.
+    imageCheck->SetFile("");
+    imageCheck->SetFile(photo->ReadablePath());
+    photo->SetEditChkResult(ResultOf(imageCheck->CheckProcessedImage()));
+}
+
+void ToviData::Initialize_CheckEditJPEG()
+{
+    for (ToviPhoto* photo : photoData) photo->SetEditChkResult(ToviPhoto::EditCheckNone);
+}
+
+int ToviData::CheckEditJPEG_RICOHG600(const CString& path)
+{
+    const int answer = RicohVerifier().Verify(path).value_or(2);
+    return answer == 0 || answer == 1 ? answer : 2;
 }
 
 void ToviData::SetManager(const ToviLabelManager& labels, const ToviItemManager& items,

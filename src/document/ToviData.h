@@ -7,6 +7,7 @@
 #include "document/ToviPhotoRef.h"
 #include "extraction/ToviExtractionDlg.h"
 #include "extraction/ToviSortCondition.h"
+#include "imagefacts/ToviImageCheckCommon.h"
 #include "loading/ToviItemDef.h"
 #include "platform/CDocument.h"
 #include "review/ToviLabelManager.h"
@@ -149,6 +150,12 @@ public:
     /// Replaces the item manager by one without items.
     virtual void Initialize();
 
+    /// Has the verifiers judge the file of \p photo as the visual setting says, and notes the
+    /// result on it. Without the check in the setting the result stays as it is.
+    void CheckEditJPEG(ToviPhoto* photo);
+    /// Forgets the results of all photographs.
+    void Initialize_CheckEditJPEG();
+
     const ToviSortCondition& GetSortCondition() const { return *sortCondition; }
     /// Takes over \p condition without sorting. One that doesn't sort is ascending.
     void SetSortCondition(const ToviSortCondition& condition);
@@ -205,6 +212,9 @@ protected:
     /// Make the settings that the document will own.
     virtual ToviPhotoCtrlVisualSetting* OnCreateVisualSettings();
     virtual ToviSortCondition* OnCreateSortCondition();
+    /// What the camera maker's verifier alone says of the file \p path: 0 unaltered, 1 altered, 2
+    /// anything else.
+    int CheckEditJPEG_RICOHG600(const CString& path);
     /// Narrows the current array if extraction is on.
     void ExtractionProcess();
     bool AllOKLabel();
@@ -235,6 +245,7 @@ private:
     std::unique_ptr<ToviSortCondition> sortCondition;
     ToviItemDef itemDef;
     std::unique_ptr<ToviItemManager> itemManager;
+    std::unique_ptr<ToviImageCheckCommon> imageCheck;
     std::optional<PhotoPathItems> pathItems;
     int selectedPhoto = -1;
     ToviExtractionDlg* extraction = nullptr;

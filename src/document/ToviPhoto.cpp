@@ -36,6 +36,7 @@ ToviPhoto& ToviPhoto::operator=(const ToviPhoto& other)
     selected = other.selected;
     document = other.document;
     comment = other.comment;
+    editResult = other.editResult;
     ReleaseImage();
     return *this;
 }

@@ -21,6 +21,17 @@ struct ToviItemShowSetting;
 class TOVI_EXPORT ToviPhoto
 {
 public:
+    /// What the tamper check (画像加工検知) has found.
+    enum EditJPEGCheckResult : int
+    {
+        /// Not checked since the settings of the check changed.
+        EditCheckNone = 0,
+        EditCheckUnaltered = 1,
+        EditCheckAltered = 2,
+        /// No verifier could judge the file.
+        EditCheckUnknown = 3
+    };
+
     ToviPhoto() = default;
     /// A loose image file, without items and document.
     explicit ToviPhoto(const char* path) : imagePath(path) {}
@@ -66,6 +77,9 @@ public:
     /// Makes the paths from the items (see document/PhotoPaths.h).
     void MakePath();
     void ClearImagePath() { imagePath.clear(); }
+    /// The path of the image file; empty when it isn't there or a link brings it in from outside of
+    /// the delivery. Valid until the next change of the photograph.
+    const char* ReadablePath();
     /// The paths of all reference drawings, in the order of the items.
     const CStringArray& GetPicturePaths();
     /// Appends the names of the files that the user still has to bring.
@@ -102,6 +116,9 @@ public:
     /// Touches no label: whoever edits the comment keeps LabelComment in step.
     void SetComment(const CString& text) { comment = text; }
 
+    EditJPEGCheckResult GetEditChkResult() const { return editResult; }
+    void SetEditChkResult(EditJPEGCheckResult result) { editResult = result; }
+
     bool IsImageLoaded() const { return imageLoaded; }
     bool IsThumbLoaded() const { return thumbLoaded; }
     bool ConvGrayScaleFromMono() { return image.ConvGrayScaleFromMono(); }
@@ -132,7 +149,6 @@ private:
     const ToviItem* FindItem(int defIndex) const;
     /// True when \p path is a file of the delivery, and not one that a symbolic link brings in.
     bool IsReadableFile(const CString& path) const;
-    const char* ReadablePath();
     /// The path that Exif data may be read from: empty when it leads to a file that a link brings
     /// in.
     const char* ExifPath();
@@ -155,4 +171,5 @@ private:
     bool imageLoaded = false;
     ToviData* document = nullptr;
     CString comment;
+    EditJPEGCheckResult editResult = EditCheckNone;
 };

@@ -31,6 +31,15 @@ CWordArray ParseEditCheckTypes(std::string_view text)
     return types;
 }
 
+bool IsEditCheckTypes(const CString& text)
+{
+    const CWordArray types = ParseEditCheckTypes(text);
+    const bool known = std::all_of(types.begin(), types.end(), [](unsigned short type) {
+        return type <= ToviImageCheckCommon::TypeRicohG900;
+    });
+    return known && !text.empty() && EditCheckTypesText(types) == text;
+}
+
 CString EditCheckTypesText(const CWordArray& types)
 {
     CString text;

@@ -7,6 +7,9 @@
 /// number, by its low eight bits. What is no number counts as 0.
 TOVI_EXPORT CWordArray ParseEditCheckTypes(std::string_view text);
 
+/// True when \p text is made of the numbers of types alone, so that the chain is what it says.
+TOVI_EXPORT bool IsEditCheckTypes(const CString& text);
+
 /// \p types as that text: decimal numbers joined by ",".
 TOVI_EXPORT CString EditCheckTypesText(const CWordArray& types);
 

@@ -1,5 +1,6 @@
 #include "platform/DynamicLibrary.h"
 
+#include "platform/CaseFallback.h"
 #include "platform/MibFile.h"
 
 #include <dlfcn.h>
@@ -10,9 +11,10 @@ constexpr const char* libraryEnding = ".so";
 
 void* Open(const CString& path)
 {
+    const CString existing = ExistingPath(path);
     // Anything but a regular file could keep the loader waiting.
-    const bool isFile = path.starts_with('/') && MibIsFileExist(path);
-    return isFile ? dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL) : nullptr;
+    const bool isFile = existing.starts_with('/') && MibIsFileExist(existing);
+    return isFile ? dlopen(existing.c_str(), RTLD_NOW | RTLD_LOCAL) : nullptr;
 }
 
 void Close(void* handle)

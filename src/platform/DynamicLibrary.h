@@ -15,8 +15,8 @@ class TOVI_EXPORT DynamicLibrary
 public:
     /// No library.
     DynamicLibrary();
-    /// Loads the regular file \p path. What is missing, no library or lacks something that it needs
-    /// leaves the object without one.
+    /// Loads the regular file of the full path \p path. What is missing, no library or lacks
+    /// something that it needs leaves the object without one.
     explicit DynamicLibrary(const CString& path);
 
     bool IsLoaded() const { return handle != nullptr; }

@@ -21,7 +21,9 @@ pid_t Start(const std::vector<CString>& arguments, const CString& configFolder,
             const TempFolder& folder)
 {
     const CString program = RunningProgramPath();
-    const CString path = program.substr(0, program.rfind('/') + 1) + arguments.front();
+    const CString& name = arguments.front();
+    const bool isFullPath = name.starts_with('/');
+    const CString path = isFullPath ? name : program.substr(0, program.rfind('/') + 1) + name;
     std::vector<char*> argv;
     for (const CString& argument : arguments) argv.push_back(const_cast<char*>(argument.c_str()));
     argv.push_back(nullptr);

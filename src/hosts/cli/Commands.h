@@ -16,3 +16,4 @@ void AddReturnCommand(CLI::App& app, int& status);
 void AddExifCommand(CLI::App& app, int& status);
 void AddPairsCommand(CLI::App& app, int& status);
 void AddSettingsCommand(CLI::App& app, int& status);
+void AddVerifyCommand(CLI::App& app, int& status);

@@ -1,5 +1,6 @@
 #include "hosts/cli/SettingKeys.h"
 
+#include "imagefacts/ImageTypeChoice.h"
 #include "platform/Cp932.h"
 
 #include <algorithm>
@@ -11,7 +12,6 @@ using Visual = ToviPhotoCtrlVisualSetting;
 constexpr std::string_view itemPrefix = "item:";
 /// Bytes in code page 932.
 constexpr int longestLabelName = 32;
-constexpr std::size_t longestTypes = 19;
 
 /// The names of the values 0, 1, 2... of a setting, with blanks between them.
 CStringArray Names(const CString& values)
@@ -57,12 +57,7 @@ SettingKey Flag(const char* name, const char* meaning)
 
 bool SetTypes(UserSettings& settings, const SettingKey&, const CString& value)
 {
-    if (value.size() > longestTypes) return false;
-    for (std::size_t i = 0; i < value.size(); ++i) {
-        const bool isDigit = value[i] >= '0' && value[i] <= '2';
-        if (i % 2 == 0 ? !isDigit : value[i] != ',') return false;
-    }
-    if (value.size() % 2 == 0) return false;
+    if (!IsEditCheckTypes(value)) return false;
     settings.visual.SetEditCheckTypes(value);
     return true;
 }

@@ -83,6 +83,7 @@ int main(int argc, char** argv)
     AddExifCommand(app, status);
     AddPairsCommand(app, status);
     AddSettingsCommand(app, status);
+    AddVerifyCommand(app, status);
     AddProfileOption(app, profile);
     try {
         const int parsed = Parse(app, argc, argv);

@@ -1,0 +1,96 @@
+#include "hosts/cli/Commands.h"
+#include "hosts/cli/Json.h"
+#include "hosts/cli/PhotoChoice.h"
+
+#include "imagefacts/ImageTypeChoice.h"
+#include "imagefacts/RicohVerifier.h"
+#include "imagefacts/ToviJacicImageChecker.h"
+#include "platform/HostServices.h"
+#include "platform/MibFile.h"
+
+#include <algorithm>
+
+namespace
+{
+struct Arguments
+{
+    DeliveryArguments delivery;
+    PhotoChoice choice;
+    std::string types;
+};
+
+/// By ToviPhoto::EditJPEGCheckResult.
+constexpr const char* resultNames[] = {"none", "unaltered", "altered", "unknown"};
+
+std::string WhyNoTypes(const std::string& text)
+{
+    if (IsEditCheckTypes(text)) return {};
+    return "--types は 0、1、2 を 0,2,1 のように19文字まで並べる";
+}
+
+bool HasVerifier(unsigned short type)
+{
+    if (type == ToviImageCheckCommon::TypeRicohG800) return RicohVerifier().IsReady();
+    return ToviJacicImageChecker().Initiate();
+}
+
+void ComplainWithoutVerifiers(const CWordArray& types)
+{
+    if (std::any_of(types.begin(), types.end(), HasVerifier)) return;
+    Complain(CString("画像加工検知に使うライブラリ（0には") + RicohVerifier::libraryName +
+             ".so、1と2には" + ToviJacicImageChecker::libraryName + ".so）が " + MibProgramPath() +
+             " にないか、読み込めません。どの写真の結果も unknown になります。");
+}
+
+/// Switches the check on for this run alone, by \p types unless they are empty.
+void SwitchOn(ToviData& document, const CString& types)
+{
+    LeaveSettingsUnsaved();
+    ToviPhotoCtrlVisualSetting setting(document.GetVisualSetting());
+    setting.SetDoEditCheck(true);
+    if (!types.empty()) setting.SetEditCheckTypes(types);
+    document.SetVisualSetting(setting, true);
+}
+
+int Run(const Arguments& arguments)
+{
+    const OpenedDelivery delivery = OpenDelivery(arguments.delivery);
+    if (!delivery.IsLoaded()) return ExitFailed;
+    ToviData& document = *delivery.document;
+    ToviPhotoRef chosen;
+    if (!FindChosen(document, arguments.choice, chosen)) return ExitWrongUsage;
+    SwitchOn(document, arguments.types);
+    ComplainWithoutVerifiers(ParseEditCheckTypes(document.GetVisualSetting().GetEditCheckTypes()));
+    UserInterface& user = *GetHostServices().userInterface;
+    JsonArrayWriter output;
+    int done = 0;
+    for (const int index : chosen) {
+        ToviPhoto& photo = *document.GetPhotoActualPhotoArray(index);
+        document.CheckEditJPEG(&photo);
+        output.Add({{"index", index}, {"result", resultNames[photo.GetEditChkResult()]}});
+        user.ShowProgress(Format("画像加工検知　%d / %d枚", ++done, chosen.GetSize()));
+    }
+    user.ShowProgress("");
+    return ExitDone;
+}
+} // namespace
+
+void AddVerifyCommand(CLI::App& app, int& status)
+{
+    static Arguments arguments;
+    CLI::App* command = app.add_subcommand("verify", "撮影後に加工された写真を検知する");
+    command->group("コマンド");
+    AddDeliveryArguments(*command, arguments.delivery);
+    AddAtOption(*command, arguments.choice);
+    command
+        ->add_option("--types", arguments.types,
+                     "検知のタイプを判定の順に（0 RICOH G800/G700/G600、1 小黒板電子化、2 RICOH "
+                     "G900）。既定は設定のタイプ")
+        ->check(WhyNoTypes)
+        ->option_text("0,2,1");
+    command->footer(CString("プログラムのフォルダにある ") + RicohVerifier::libraryName +
+                    ".so と " + ToviJacicImageChecker::libraryName +
+                    ".so で判定する。判定できない写真は unknown になる\n"
+                    "出力: [{\"index\",\"result\":\"none|unaltered|altered|unknown\"}]");
+    command->callback([&status] { status = Run(arguments); });
+}

@@ -1,0 +1,151 @@
+#include "support/OpenedSample.h"
+#include "support/Standins.h"
+
+#include <gtest/gtest.h>
+
+namespace
+{
+/// A document whose protected check a test may call.
+class OpenToTest : public ToviData
+{
+public:
+    using ToviData::CheckEditJPEG_RICOHG600;
+};
+
+/// Six photographs with stand-ins for both verifiers. The bytes of the files are what a test
+/// writes.
+class Tamper : public testing::Test
+{
+protected:
+    Tamper() : sample(DeliveryBuilder({.photos = 6, .drawings = 0, .images = false}))
+    {
+        Standins::Install("JACICCHS", programFolder.Path());
+        Standins::Install("RVRFYJPG", programFolder.Path());
+        InstallHostServices(
+            {&sample.services.user, nullptr, "Tovi", programFolder.Path() + "/tovi"});
+    }
+
+    void WritePhoto(int index, std::string_view bytes)
+    {
+        const CString path = sample.Photo(index).GetImagePath();
+        sample.temp.Write(path.substr(sample.temp.Path().size() + 1), bytes);
+    }
+
+    void Apply(bool check, const CString& types, bool force)
+    {
+        ToviPhotoCtrlVisualSetting setting;
+        setting.SetDoEditCheck(check);
+        setting.SetEditCheckTypes(types);
+        sample.document->SetVisualSetting(setting, force);
+    }
+
+    /// Checks every photograph and returns the results.
+    CString Check()
+    {
+        for (ToviPhoto* photo : *sample.document->GetPhotoDataArray()) {
+            sample.document->CheckEditJPEG(photo);
+        }
+        return Results();
+    }
+
+    CString Results() const
+    {
+        CString results;
+        for (const ToviPhoto* photo : *sample.document->GetPhotoDataArray()) {
+            results += std::to_string(photo->GetEditChkResult());
+        }
+        return results;
+    }
+
+    TempFolder programFolder;
+    Standins standins;
+    OpenedSample sample;
+};
+
+TEST_F(Tamper, NotesTheResultOnEachPhotograph)
+{
+    for (int i = 0; i < 5; ++i) {
+        const char* const codes[] = {"1", "0", "-305", "99", ""};
+        WritePhoto(i, CString("hash=") + codes[i]);
+    }
+    EXPECT_EQ(Check(), "000000");
+    Apply(true, "1", false);
+    EXPECT_EQ(Check(), "123323");
+    WritePhoto(0, "hash=0");
+    EXPECT_EQ(Check(), "223323");
+    const ToviPhoto copy(sample.Photo(0));
+    EXPECT_EQ(copy.GetEditChkResult(), ToviPhoto::EditCheckAltered);
+}
+
+TEST_F(Tamper, ForgetsTheResultsWhenTheCheckChanges)
+{
+    struct Setting
+    {
+        bool check;
+        const char* types;
+    };
+    const struct
+    {
+        Setting before;
+        Setting after;
+        bool force;
+        bool isChange;
+    } cases[] = {
+        {{true, "1"}, {true, "1"}, false, false}, {{true, "1"}, {true, "1"}, true, true},
+        {{true, "1"}, {true, "2"}, false, true},  {{true, "1"}, {true, "01"}, false, true},
+        {{true, "1"}, {false, "2"}, false, true}, {{false, "1"}, {false, "2"}, false, false},
+        {{false, "1"}, {true, "1"}, false, true},
+    };
+    for (const auto& c : cases) {
+        Apply(c.before.check, c.before.types, true);
+        sample.Photo(1).SetEditChkResult(ToviPhoto::EditCheckAltered);
+        Apply(c.after.check, c.after.types, c.force);
+        EXPECT_EQ(Results(), c.isChange ? "000000" : "020000") << &c - cases;
+    }
+}
+
+TEST_F(Tamper, LeavesTheResultAloneWithoutTheCheck)
+{
+    WritePhoto(0, "hash=1");
+    sample.Photo(0).SetEditChkResult(ToviPhoto::EditCheckAltered);
+    sample.document->CheckEditJPEG(&sample.Photo(0));
+    EXPECT_EQ(sample.Photo(0).GetEditChkResult(), ToviPhoto::EditCheckAltered);
+    Apply(true, "", true);
+    EXPECT_EQ(Check(), "000000");
+    EXPECT_EQ(standins.TakeCalls(), "");
+}
+
+TEST_F(Tamper, JudgesTheVeryFileOfThePhotograph)
+{
+    Apply(true, "1", true);
+    CString path = sample.Photo(0).GetImagePath();
+    WritePhoto(0, "hash=1");
+    sample.document->CheckEditJPEG(&sample.Photo(0));
+    const auto check = [this](const CString& file) {
+        ToviPhoto photo(file.c_str());
+        sample.document->CheckEditJPEG(&photo);
+        return photo.GetEditChkResult();
+    };
+    const CString altered = path.substr(0, path.size() - 3) + "jpg";
+    sample.temp.Write(altered.substr(sample.temp.Path().size() + 1), "hash=0");
+    EXPECT_EQ(check(altered), ToviPhoto::EditCheckAltered);
+    EXPECT_EQ(check(path), ToviPhoto::EditCheckUnaltered);
+
+    const CString outside = programFolder.Write("outside.JPG", "hash=1");
+    std::filesystem::create_symlink(outside, sample.Photo(1).GetImagePath());
+    sample.document->CheckEditJPEG(&sample.Photo(1));
+    EXPECT_EQ(sample.Photo(1).GetEditChkResult(), ToviPhoto::EditCheckUnknown);
+}
+
+TEST_F(Tamper, AsksTheCameraMakersVerifierAlone)
+{
+    OpenToTest document;
+    const std::pair<const char*, int> cases[] = {{"rvj=0", 0}, {"rvj=1", 1},  {"rvj=2", 2},
+                                                 {"rvj=3", 2}, {"rvj=-1", 2}, {"", 2}};
+    for (const auto& [bytes, answer] : cases) {
+        EXPECT_EQ(document.CheckEditJPEG_RICOHG600(programFolder.Write("P1.JPG", bytes)), answer)
+            << bytes;
+    }
+    EXPECT_EQ(document.CheckEditJPEG_RICOHG600(programFolder.Path("missing.JPG")), 2);
+}
+} // namespace
