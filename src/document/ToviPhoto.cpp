@@ -2,7 +2,9 @@
 
 #include "document/PhotoPaths.h"
 #include "document/ToviData.h"
+#include "imagefacts/ControlValueParser.h"
 #include "imagefacts/FactsByTitle.h"
+#include "imagefacts/ToviControlValueArray.h"
 #include "platform/MibFile.h"
 #include "settings/ToviItemShowSettings.h"
 
@@ -176,6 +178,22 @@ void ToviPhoto::AddItemPairs(const ToviItemShowSetting& setting, ToviTextPairArr
         pairs.Add(ToviTextPair(setting.title.c_str(),
                                isDate ? ReplaceAll(value, "-", "/").c_str() : value.c_str()));
     }
+}
+
+bool ToviPhoto::GetControlValueArray(ToviControlValueArray& out) const
+{
+    ToviControlValues values;
+    if (document != nullptr) {
+        const int defIndex = document->GetItemDef()->GetIndexFromTitle(controlValueTitle);
+        ParseControlValues(GetTitle(defIndex), values);
+    }
+    if (!values.IsValid()) return false;
+    out.RemoveAll();
+    out.Reserve(values.GetSize());
+    for (const auto& value : values) {
+        out.Add({value->GetName(), value->GetDesign(), value->GetActual(), value->GetDifference()});
+    }
+    return true;
 }
 
 bool ToviPhoto::IsLabelPasted(unsigned int slot) const

@@ -10,6 +10,7 @@
 #include <array>
 #include <memory>
 
+class ToviControlValueArray;
 class ToviData;
 class ToviItemDef;
 class ToviItemShowSettings;
@@ -102,6 +103,9 @@ public:
     /// False when that is nothing, or \p def is null.
     bool GetTextPairs(const ToviItemDef* def, const ToviItemShowSettings& settings,
                       ToviTextPairArray& pairs) const;
+    /// Replaces \p out by the construction control values (施工管理値), none for a photograph
+    /// without that item. False, with \p out as it was, when some part of the text doesn't parse.
+    bool GetControlValueArray(ToviControlValueArray& out) const;
 
     bool IsOK() const { return IsLabelPasted(LabelOk); }
     /// Any of the three NG labels is pasted.

@@ -1,5 +1,6 @@
 #include "platform/Text.h"
 
+#include <algorithm>
 #include <cstdarg>
 #include <cstdint>
 #include <cstdio>
@@ -7,6 +8,8 @@
 
 namespace
 {
+constexpr std::string_view blanks = " \t\r\n";
+
 struct FoldRange
 {
     char32_t first;
@@ -87,10 +90,13 @@ CString ReplaceAll(CString text, std::string_view from, std::string_view to)
 
 CString Trimmed(std::string_view text)
 {
-    constexpr std::string_view blanks = " \t\r\n";
-    const std::size_t first = text.find_first_not_of(blanks);
-    if (first == std::string_view::npos) return {};
-    return CString(text.substr(first, text.find_last_not_of(blanks) - first + 1));
+    text = TrimmedLeft(text);
+    return CString(text.substr(0, text.find_last_not_of(blanks) + 1));
+}
+
+std::string_view TrimmedLeft(std::string_view text)
+{
+    return text.substr(std::min(text.find_first_not_of(blanks), text.size()));
 }
 
 bool IsUtf8(std::string_view text)

@@ -24,6 +24,9 @@ TOVI_EXPORT CString ReplaceAll(CString text, std::string_view from, std::string_
 /// \p text without the blanks (space, tab, CR, LF) at both ends.
 TOVI_EXPORT CString Trimmed(std::string_view text);
 
+/// The part of \p text from its first character on that is no such blank.
+TOVI_EXPORT std::string_view TrimmedLeft(std::string_view text);
+
 /// True when \p text is well-formed UTF-8: no overlong form, surrogate or value above U+10FFFF.
 TOVI_EXPORT bool IsUtf8(std::string_view text);
 

@@ -113,6 +113,24 @@ TEST_F(Headless, ShowsADeliveryWithoutTouchingIt)
     EXPECT_EQ(Fingerprint(folder), before);
 }
 
+TEST_F(Headless, ReadsTheControlValues)
+{
+    DeliveryBuilder({.photos = 3, .drawings = 0, .images = false})
+        .Set(0, "施工管理値", "As舗装工(下層路盤工):設計寸法400mm・実測寸法405mm")
+        .Set(1, "施工管理値", "As舗装工:400mm、路盤:設計1")
+        .Remove(2, "施工管理値")
+        .Write(temp.Path("values"));
+    const ProgramResult result = Run({"tovi", "values", temp.Path("values")});
+    ASSERT_EQ(result.status, 0) << result.errors;
+    EXPECT_EQ(Json::parse(result.output), Json::parse(R"([
+        {"index":0,"valid":true,"values":[{"name":"As舗装工(下層路盤工)","design":"400mm",
+                                           "actual":"405mm","difference":""
+}]
+},
+        {"index":1,"valid":false,"values":[]},
+        {"index":2,"valid":true,"values":[]}])"));
+}
+
 TEST_F(Headless, SaysWhatIsWrongAndWhatToDo)
 {
     const CString good = Sample({"--photos", "2", "--no-images"});
@@ -137,6 +155,7 @@ TEST_F(Headless, SaysWhatIsWrongAndWhatToDo)
         {{"photos", temp.Path("empty")}, 1, "[]\n", "対応していない要領のDTD"},
         {{"photos", good, "--family", "nexco"}, 1, "[]\n", "対応していない要領のDTD"},
         {{"photos", temp.Path("none")}, 1, "[]\n", "写真情報がありません。"},
+        {{"values", cut}, 1, "[]\n", "読み込めません（"},
         {{"info", cut}, 1, "\"errorType\":null", "読み込めません（"},
         {{"info", temp.Path("none")}, 1, "\"errorType\":2", "写真情報がありません。"},
         {{"select", good, "--node", "ない"}, 2, "", "分類「ない」がありません。"},

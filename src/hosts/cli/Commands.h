@@ -14,6 +14,7 @@ void AddCorrectCommand(CLI::App& app, int& status);
 void AddRecordCommand(CLI::App& app, int& status);
 void AddReturnCommand(CLI::App& app, int& status);
 void AddExifCommand(CLI::App& app, int& status);
+void AddValuesCommand(CLI::App& app, int& status);
 void AddPairsCommand(CLI::App& app, int& status);
 void AddSettingsCommand(CLI::App& app, int& status);
 void AddVerifyCommand(CLI::App& app, int& status);

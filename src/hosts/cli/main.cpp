@@ -81,6 +81,7 @@ int main(int argc, char** argv)
     AddRecordCommand(app, status);
     AddReturnCommand(app, status);
     AddExifCommand(app, status);
+    AddValuesCommand(app, status);
     AddPairsCommand(app, status);
     AddSettingsCommand(app, status);
     AddVerifyCommand(app, status);

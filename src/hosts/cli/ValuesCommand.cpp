@@ -1,0 +1,49 @@
+#include "hosts/cli/Commands.h"
+#include "hosts/cli/Json.h"
+
+#include "imagefacts/ToviControlValueArray.h"
+
+namespace
+{
+Json ToJson(const ToviControlValueArray& values)
+{
+    Json array = Json::array();
+    for (const ToviControlValueTexts& value : values) {
+        array.push_back({{"name", value.name},
+                         {"design", value.design},
+                         {"actual", value.actual},
+                         {"difference", value.difference}});
+    }
+    return array;
+}
+
+int Run(const DeliveryArguments& arguments)
+{
+    const OpenedDelivery delivery = OpenDelivery(arguments);
+    JsonArrayWriter output;
+    if (!delivery.IsLoaded()) return ExitFailed;
+    const int total = delivery.document->GetTotalCountPhoto();
+    for (int index = 0; index < total; ++index) {
+        ToviControlValueArray values;
+        const bool valid =
+            delivery.document->GetPhotoActualPhotoArray(index)->GetControlValueArray(values);
+        output.Add({{"index", index}, {"valid", valid}, {"values", ToJson(values)}});
+    }
+    return ExitDone;
+}
+} // namespace
+
+void AddValuesCommand(CLI::App& app, int& status)
+{
+    static DeliveryArguments arguments;
+    CLI::App* command = app.add_subcommand("values", "写真の施工管理値を表の形で表示する");
+    command->group("コマンド");
+    AddDeliveryArguments(*command, arguments);
+    command->footer("出力: [{\"index\",\"valid\",\"values\":[{\"name\",\"design\",\"actual\","
+                    "\"difference\"}]}]\n"
+                    "「項目名:設計値 …・実測値 …・差 …」を「、」で並べた文を読み取る\n"
+                    "読み取れない文は \"valid\" が false で \"values\" は空（文そのものは tovi "
+                    "photos で見られる）。\n"
+                    "施工管理値のない写真は \"valid\" が true で \"values\" は空");
+    command->callback([&status] { status = Run(arguments); });
+}

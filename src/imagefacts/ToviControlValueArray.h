@@ -1,0 +1,18 @@
+#pragma once
+
+#include "platform/Text.h"
+
+/// One measurement as a host takes it (see imagefacts/ToviControlValue.h).
+struct ToviControlValueTexts
+{
+    CString name;
+    CString design;
+    CString actual;
+    CString difference;
+
+    bool operator==(const ToviControlValueTexts&) const = default;
+};
+
+/// The measurements of one photograph in the plain form for a host.
+class TOVI_EXPORT ToviControlValueArray : public CArray<ToviControlValueTexts>
+{};
