@@ -33,8 +33,14 @@ JsonArrayWriter::JsonArrayWriter()
 
 void JsonArrayWriter::Add(const Json& element)
 {
-    std::cout << (isFirst ? "\n" : ",\n") << ToText(element);
+    Next() << ToText(element);
+}
+
+std::ostream& JsonArrayWriter::Next()
+{
+    std::cout << (isFirst ? "\n" : ",\n");
     isFirst = false;
+    return std::cout;
 }
 
 JsonArrayWriter::~JsonArrayWriter()

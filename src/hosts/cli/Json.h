@@ -6,6 +6,8 @@
 
 #include <nlohmann/json.hpp>
 
+#include <ostream>
+
 using Json = nlohmann::ordered_json;
 
 /// \p value as one line of UTF-8; bytes that are no UTF-8 become U+FFFD.
@@ -23,6 +25,9 @@ class JsonArrayWriter
 public:
     JsonArrayWriter();
     void Add(const Json& element);
+    /// Begins the next element, whose text the caller writes to the stream: for one so large that
+    /// it need not be in memory whole either.
+    std::ostream& Next();
     /// Closes the array.
     ~JsonArrayWriter();
     JsonArrayWriter(const JsonArrayWriter&) = delete;

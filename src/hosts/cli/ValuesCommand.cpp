@@ -5,16 +5,17 @@
 
 namespace
 {
-Json ToJson(const ToviControlValueArray& values)
+void Write(std::ostream& output, const ToviControlValueArray& values)
 {
-    Json array = Json::array();
+    const char* separator = "";
     for (const ToviControlValueTexts& value : values) {
-        array.push_back({{"name", value.name},
-                         {"design", value.design},
-                         {"actual", value.actual},
-                         {"difference", value.difference}});
+        output << separator
+               << ToText({{"name", value.name},
+                          {"design", value.design},
+                          {"actual", value.actual},
+                          {"difference", value.difference}});
+        separator = ",";
     }
-    return array;
 }
 
 int Run(const DeliveryArguments& arguments)
@@ -27,7 +28,11 @@ int Run(const DeliveryArguments& arguments)
         ToviControlValueArray values;
         const bool valid =
             delivery.document->GetPhotoActualPhotoArray(index)->GetControlValueArray(values);
-        output.Add({{"index", index}, {"valid", valid}, {"values", ToJson(values)}});
+        std::ostream& element = output.Next();
+        element << "{\"index\":" << index << ",\"valid\":" << (valid ? "true" : "false")
+                << ",\"values\":[";
+        Write(element, values);
+        element << "]}";
     }
     return ExitDone;
 }
@@ -39,11 +44,13 @@ void AddValuesCommand(CLI::App& app, int& status)
     CLI::App* command = app.add_subcommand("values", "写真の施工管理値を表の形で表示する");
     command->group("コマンド");
     AddDeliveryArguments(*command, arguments);
-    command->footer("出力: [{\"index\",\"valid\",\"values\":[{\"name\",\"design\",\"actual\","
-                    "\"difference\"}]}]\n"
-                    "「項目名:設計値 …・実測値 …・差 …」を「、」で並べた文を読み取る\n"
-                    "読み取れない文は \"valid\" が false で \"values\" は空（文そのものは tovi "
-                    "photos で見られる）。\n"
-                    "施工管理値のない写真は \"valid\" が true で \"values\" は空");
+    command->footer(
+        "出力: [{\"index\",\"valid\",\"values\":[{\"name\",\"design\",\"actual\","
+        "\"difference\"}]}]\n"
+        "「項目名:設計値 …・実測値 …・差 "
+        "…」を「、」で並べた文を読み取る。「:」のない文は項目名とする\n"
+        "読み取れない文は \"valid\" が false で \"values\" は空（文そのものは tovi photos "
+        "で見られる）\n"
+        "施工管理値のない写真は \"valid\" が true で \"values\" は空");
     command->callback([&status] { status = Run(arguments); });
 }
