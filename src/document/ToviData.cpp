@@ -5,6 +5,7 @@
 #include "extraction/ToviSorter.h"
 #include "imagefacts/ImageTypeChoice.h"
 #include "imagefacts/RicohVerifier.h"
+#include "imagefacts/ToviControlValueArray.h"
 #include "platform/MibFile.h"
 #include "review/LabelCorrection.h"
 #include "review/LabelProcessSelectDlg.h"

@@ -5,9 +5,6 @@
 #include <string_view>
 #include <vector>
 
-/// The title of the item that holds the construction control values of a photograph.
-inline constexpr const char* controlValueTitle = "施工管理値";
-
 /// Replaces the values of \p out, a fresh object, by those of \p source:
 ///
 ///     名前:設計値 100・実測値 98・差 -2、名前:...

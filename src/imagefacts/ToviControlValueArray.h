@@ -2,6 +2,9 @@
 
 #include "platform/Text.h"
 
+/// The title of the item that holds the construction control values of a photograph.
+inline constexpr const char* controlValueTitle = "施工管理値";
+
 /// One measurement as a host takes it (see imagefacts/ToviControlValue.h).
 struct ToviControlValueTexts
 {

@@ -1,5 +1,6 @@
 #include "settings/ItemCandidates.h"
 
+#include "imagefacts/ToviControlValueArray.h"
 #include "loading/ToviItemDef.h"
 
 #include <algorithm>

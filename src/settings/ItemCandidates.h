@@ -8,9 +8,6 @@ class ToviItemDef;
 /// The items that the information lists of a delivery may show: those of its definitions, then the
 /// facts about the file, then those of Exif.
 
-/// Title of the item whose display has a setting of its own beside the list.
-inline constexpr const char* controlValueTitle = "施工管理値";
-
 /// The items as they are shown at first.
 ToviItemShowSettings DefaultItems(const ToviItemDef& itemDef);
 

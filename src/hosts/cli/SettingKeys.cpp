@@ -1,6 +1,7 @@
 #include "hosts/cli/SettingKeys.h"
 
 #include "imagefacts/ImageTypeChoice.h"
+#include "imagefacts/ToviControlValueArray.h"
 #include "platform/Cp932.h"
 
 #include <algorithm>
@@ -167,7 +168,7 @@ CString SetItem(UserSettings& settings, const CString& title, const CString& val
         return "item:" + title + " の値は show か hide にしてください。";
     }
     items[position].Bold(value == "show");
-    if (title == "施工管理値") settings.visual.SetVisibleControlValue(value == "show");
+    if (title == controlValueTitle) settings.visual.SetVisibleControlValue(value == "show");
     return {};
 }
 } // namespace
