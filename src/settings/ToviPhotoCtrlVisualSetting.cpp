@@ -81,7 +81,7 @@ bool ToviPhotoCtrlVisualSetting::Load()
         return true;
     });
     values.editCheckTypes = profile->GetProfileString(VisualSettingSection_, EditCheckTypes_, "");
-    if (values.editCheckTypes.empty()) values.editCheckTypes = "1";
+    if (values.editCheckTypes.empty()) values.editCheckTypes = CString("1");
     return true;
 }
 
