@@ -82,7 +82,7 @@ protected:
         return RunProgram(options, temp.Path("config"));
     }
 
-    /// The first letters but two of the results: N for none, U unaltered, A altered, ? unknown.
+    /// A letter for each result: N none, U unaltered, A altered, ? unknown.
     static CString Letters(const ProgramResult& result)
     {
         if (result.status != 0) return result.errors;
@@ -167,7 +167,7 @@ TEST_F(Verification, SaysWhatIsWrong)
     for (const char* types : {"3", "0,,1", "0,x", "1 ", "256", "0,1,2,0,1,2,0,1,2,0,1"}) {
         const ProgramResult result = Run({"--types", types});
         EXPECT_EQ(result.status, 2) << types;
-        EXPECT_THAT(result.errors, HasSubstr("--types は")) << types;
+        EXPECT_THAT(result.errors, HasSubstr("0,2,1 のように")) << types;
     }
     EXPECT_EQ(Run({"--at", "1"}).status, 2);
 }
