@@ -33,7 +33,7 @@ protected:
         const CString program = RunningProgramPath();
         const CString folder = program.substr(0, program.rfind('/') + 1);
         std::filesystem::create_directories(programs.Path());
-        for (const char* name : {"tovi", "READITEM.XML"}) {
+        for (const char* name : {"tovi", "libToviCore.so", "READITEM.XML"}) {
             std::filesystem::copy_file(folder + name, programs.Path(name));
         }
     }
