@@ -67,7 +67,7 @@ void LumCanvas::FillRect(const LumRect& place, unsigned long color)
 void LumCanvas::DrawImage(const LumRect& place, const LumImage& image)
 {
     if (!image.IsValid()) return;
-    const QImage& source = image.picture->image;
+    const QImage source = LumPixels::Of(image);
     QSize size = source.size();
     if (size.width() > place.width || size.height() > place.height) {
         size.scale(place.width, place.height, Qt::KeepAspectRatio);
@@ -93,9 +93,5 @@ void LumCanvas::DrawText(const LumRect& place, const CString& text, int pixels, 
 
 LumImage LumCanvas::GetImage() const
 {
-    LumImage result;
-    if (IsValid()) {
-        result.picture = std::make_unique<LumImage::Picture>(LumImage::Picture{painting->image});
-    }
-    return result;
+    return LumPixels::From(painting->image);
 }

@@ -28,6 +28,20 @@ constexpr WriteFormat writeFormats[] = {
 constexpr int jpegQualities[] = {60, 85, 95};
 } // namespace
 
+QImage LumPixels::Of(const LumImage& image)
+{
+    return image.picture ? image.picture->image : QImage();
+}
+
+LumImage LumPixels::From(QImage image)
+{
+    LumImage made;
+    if (!image.isNull()) {
+        made.picture = std::make_unique<LumImage::Picture>(LumImage::Picture{std::move(image)});
+    }
+    return made;
+}
+
 LumImage::LumImage() = default;
 LumImage::~LumImage() = default;
 LumImage::LumImage(LumImage&&) noexcept = default;
@@ -55,11 +69,8 @@ bool LumImage::LoadThumb(const char* path)
 
 bool LumImage::LoadReduced(const char* path, int longestSide)
 {
-    Clear();
-    QImage image = ReadImage(path, longestSide);
-    if (image.isNull()) return false;
-    picture = std::make_unique<Picture>(Picture{std::move(image)});
-    return true;
+    *this = LumPixels::From(ReadImage(path, longestSide));
+    return IsValid();
 }
 
 bool LumImage::IsValid() const

@@ -113,7 +113,7 @@ public:
     static bool GetMainImageFromSvg(const char* svgPath, const char* outPath);
 
 private:
-    friend class LumCanvas;
+    friend struct LumPixels;
     struct Picture;
 
     bool LoadReduced(const char* path, int longestSide);

@@ -1,0 +1,256 @@
+#include "platform/controls/LumImgWnd.h"
+
+#include "platform/LumPicture.h"
+
+#include <QContextMenuEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QStyle>
+#include <QStyleOptionFocusRect>
+#include <QWheelEvent>
+
+#include <algorithm>
+
+bool LumImgWnd::m_zoomIsViewport = true;
+
+namespace
+{
+constexpr double wheelStep = 120;
+/// The part of the window by which an arrow key moves.
+constexpr double keyMove = 0.125;
+
+/// Draws the part of the picture that can be seen. \p source is the picture or a reduced copy of
+/// it, \p place the whole picture's place.
+void DrawVisible(QPainter& painter, const QRect& window, const QRectF& place, const QImage& source)
+{
+    const double scaleX = place.width() / source.width();
+    const double scaleY = place.height() / source.height();
+    const QRectF visible = place.intersected(window);
+    const QRectF wanted((visible.left() - place.left()) / scaleX,
+                        (visible.top() - place.top()) / scaleY, visible.width() / scaleX,
+                        visible.height() / scaleY);
+    // One more pixel around, which the smoothing at the edges looks at.
+    const QRect piece = wanted.toAlignedRect().adjusted(-1, -1, 1, 1).intersected(source.rect());
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawImage(QRectF(place.left() + piece.left() * scaleX,
+                             place.top() + piece.top() * scaleY, piece.width() * scaleX,
+                             piece.height() * scaleY),
+                      source.copy(piece));
+}
+} // namespace
+
+LumImgWnd::LumImgWnd(QWidget* parent) : QWidget(parent)
+{
+    setFocusPolicy(Qt::StrongFocus);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setAccessibleName(QStringLiteral("画像"));
+}
+
+void LumImgWnd::SetImage(const LumImage* image)
+{
+    ExecClearAnchor();
+    images = ReducedImages(image != nullptr ? LumPixels::Of(*image) : QImage());
+    view.SetWindow(DeviceSize());
+    view.SetPicture(images.Size());
+    if (!m_zoomIsViewport) view.ZoomTo(1, Middle());
+    ShowView();
+}
+
+void LumImgWnd::RefreshImage(const LumImage* image)
+{
+    const QImage fresh = image != nullptr ? LumPixels::Of(*image) : QImage();
+    if (fresh.isNull() || fresh.size() != images.Size()) {
+        SetImage(image);
+        return;
+    }
+    images = ReducedImages(fresh);
+    ShowView();
+}
+
+void LumImgWnd::SetDisableImage()
+{
+    SetImage(nullptr);
+}
+
+void LumImgWnd::SetDrawFast(bool fast)
+{
+    drawFast = fast;
+    ShowView();
+}
+
+void LumImgWnd::SetCommand(int newCommand)
+{
+    command = newCommand;
+    ExecClearAnchor();
+    ShowView();
+}
+
+void LumImgWnd::ExecClearAnchor()
+{
+    anchor.reset();
+}
+
+QSize LumImgWnd::sizeHint() const
+{
+    return {320, 240};
+}
+
+void LumImgWnd::paintEvent(QPaintEvent*)
+{
+    const QSize size = DeviceSize();
+    if (drawn.size() != size) {
+        view.SetWindow(size);
+        drawn = Drawn();
+        drawn.setDevicePixelRatio(devicePixelRatioF());
+    }
+    QPainter painter(this);
+    painter.drawImage(0, 0, drawn);
+    if (!hasFocus()) return;
+    QStyleOptionFocusRect focus;
+    focus.initFrom(this);
+    style()->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, &painter, this);
+}
+
+void LumImgWnd::resizeEvent(QResizeEvent*)
+{
+    view.SetWindow(DeviceSize());
+    ShowView();
+}
+
+void LumImgWnd::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::RightButton) emit RightClicked();
+    if (event->button() != Qt::LeftButton) return;
+    // First, since whoever hears of it may clear the anchor.
+    emit Clicked();
+    if (IsMovable()) anchor = event->position() * devicePixelRatioF();
+}
+
+void LumImgWnd::mouseMoveEvent(QMouseEvent* event)
+{
+    if (!anchor) return;
+    const QPointF place = event->position() * devicePixelRatioF();
+    const bool moved = view.Pan(place - *anchor);
+    anchor = place;
+    if (moved) ShowView();
+}
+
+void LumImgWnd::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton) ExecClearAnchor();
+}
+
+void LumImgWnd::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    if (event->button() != Qt::LeftButton) return;
+    ExecClearAnchor();
+    emit DoubleClicked();
+    if (!doubleClickZooms || !IsMovable()) return;
+    view.Toggle(event->position() * devicePixelRatioF());
+    ShowView();
+}
+
+void LumImgWnd::contextMenuEvent(QContextMenuEvent* event)
+{
+    if (event->reason() == QContextMenuEvent::Keyboard) emit RightClicked();
+}
+
+void LumImgWnd::wheelEvent(QWheelEvent* event)
+{
+    if (!IsMovable() || event->angleDelta().y() == 0) {
+        event->ignore();
+        return;
+    }
+    view.ZoomBy(event->angleDelta().y() / wheelStep, event->position() * devicePixelRatioF());
+    ShowView();
+}
+
+void LumImgWnd::keyPressEvent(QKeyEvent* event)
+{
+    const bool plain = !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier));
+    if (plain && IsMovable() && (OnZoomKey(event->key()) || OnMoveKey(event->key()))) {
+        ShowView();
+    } else {
+        event->ignore();
+    }
+}
+
+void LumImgWnd::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::PaletteChange) ShowView();
+    QWidget::changeEvent(event);
+}
+
+QSize LumImgWnd::DeviceSize() const
+{
+    return (QSizeF(size()) * devicePixelRatioF()).toSize();
+}
+
+QPointF LumImgWnd::Middle() const
+{
+    return QRectF({0, 0}, DeviceSize()).center();
+}
+
+bool LumImgWnd::OnZoomKey(int key)
+{
+    if (key == Qt::Key_Plus) {
+        view.ZoomBy(1, Middle());
+    } else if (key == Qt::Key_Minus) {
+        view.ZoomBy(-1, Middle());
+    } else if (key == Qt::Key_Asterisk) {
+        view.ZoomTo(1, Middle());
+    } else if (key == Qt::Key_Slash) {
+        view.Fit();
+    } else {
+        return false;
+    }
+    return true;
+}
+
+/// False when the whole picture is in sight: the arrow keys then belong to the parent.
+bool LumImgWnd::OnMoveKey(int key)
+{
+    if (!view.IsLarger()) return false;
+    const QSizeF step = QSizeF(DeviceSize()) * keyMove;
+    if (key == Qt::Key_Left) {
+        view.Pan({step.width(), 0});
+    } else if (key == Qt::Key_Right) {
+        view.Pan({-step.width(), 0});
+    } else if (key == Qt::Key_Up) {
+        view.Pan({0, step.height()});
+    } else if (key == Qt::Key_Down) {
+        view.Pan({0, -step.height()});
+    } else {
+        return false;
+    }
+    return true;
+}
+
+void LumImgWnd::ShowView()
+{
+    drawn = QImage();
+    if (IsMovable() && view.IsLarger()) {
+        setCursor(Qt::OpenHandCursor);
+    } else {
+        unsetCursor();
+    }
+    update();
+}
+
+QImage LumImgWnd::Drawn()
+{
+    QImage frame(DeviceSize(), QImage::Format_RGB32);
+    frame.fill(palette().color(backgroundRole()));
+    if (images.IsNull() || frame.isNull()) return frame;
+    const QRectF place = view.Placement();
+    const QImage& source = images.At(view.Zoom());
+    QPainter painter(&frame);
+    if (view.IsFit() && !drawFast) {
+        const QSize size = place.size().toSize().expandedTo({1, 1});
+        painter.drawImage(place.topLeft(),
+                          source.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+    } else {
+        DrawVisible(painter, frame.rect(), place, source);
+    }
+    return frame;
+}
