@@ -1,0 +1,87 @@
+#include "platform/controls/GaluListDelegates.h"
+
+#include <QApplication>
+#include <QPainter>
+#include <QTextLayout>
+
+namespace
+{
+constexpr int textGap = 2;
+constexpr int textLines = 2;
+
+/// Draws \p text centred from the top of \p place, and cuts off what two lines don't hold.
+void DrawLines(QPainter& painter, const QRect& place, const QString& text)
+{
+    QTextLayout layout(text, painter.font());
+    layout.setTextOption([] {
+        QTextOption option;
+        option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+        return option;
+    }());
+    const QFontMetrics metrics = painter.fontMetrics();
+    QRect line(place.topLeft(), QSize(place.width(), metrics.lineSpacing()));
+    layout.beginLayout();
+    for (int number = 1; number <= textLines; ++number) {
+        QTextLine cut = layout.createLine();
+        if (!cut.isValid()) break;
+        cut.setLineWidth(place.width());
+        const QString rest = text.mid(cut.textStart());
+        const QString shown = number == textLines
+                                  ? metrics.elidedText(rest, Qt::ElideRight, place.width())
+                                  : rest.left(cut.textLength());
+        painter.drawText(line, Qt::AlignCenter | Qt::TextSingleLine, shown);
+        line.translate(0, metrics.lineSpacing());
+    }
+    layout.endLayout();
+}
+
+QPalette::ColorGroup GroupOf(const QStyleOptionViewItem& option)
+{
+    return option.state & QStyle::State_Active ? QPalette::Active : QPalette::Inactive;
+}
+} // namespace
+
+void ReportDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                           const QModelIndex& index) const
+{
+    QStyledItemDelegate::paint(painter, option, index);
+    if (!gridLines) return;
+    painter->save();
+    painter->setPen(option.palette.color(QPalette::Midlight));
+    painter->drawLine(option.rect.topRight(), option.rect.bottomRight());
+    painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
+    painter->restore();
+}
+
+void IconDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                         const QModelIndex& index) const
+{
+    QStyleOptionViewItem item = option;
+    initStyleOption(&item, index);
+    const QStyle& style = item.widget != nullptr ? *item.widget->style() : *QApplication::style();
+    style.drawPrimitive(QStyle::PE_PanelItemViewItem, &item, painter, item.widget);
+
+    painter->save();
+    QRect picture({0, 0}, image);
+    picture.moveCenter(item.rect.center());
+    picture.moveTop(item.rect.top() + textGap);
+    item.icon.paint(painter, picture);
+    const bool selected = item.state & QStyle::State_Selected;
+    painter->setFont(item.font);
+    painter->setPen(
+        item.palette.color(GroupOf(item), selected ? QPalette::HighlightedText : QPalette::Text));
+    const QRect below(item.rect.left() + textGap, picture.bottom() + 1 + textGap,
+                      item.rect.width() - 2 * textGap, item.rect.bottom() - picture.bottom());
+    DrawLines(*painter, below, item.text);
+    painter->restore();
+
+    if (!(item.state & QStyle::State_HasFocus)) return;
+    QStyleOptionFocusRect focus;
+    focus.QStyleOption::operator=(item);
+    style.drawPrimitive(QStyle::PE_FrameFocusRect, &focus, painter, item.widget);
+}
+
+QSize IconDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const
+{
+    return spacing;
+}
