@@ -5,7 +5,8 @@
 
 namespace
 {
-constexpr double same = 1e-9;
+/// Zooms this near to each other, in proportion, differ by nothing but rounding.
+constexpr double same = 1e-6;
 
 bool IsSame(double left, double right)
 {
@@ -21,7 +22,7 @@ double KeptEdge(double edge, double extent, double room)
 
 void ImageView::SetPicture(QSize size)
 {
-    picture = size;
+    picture = size.expandedTo({0, 0});
     Fit();
 }
 
@@ -29,7 +30,7 @@ void ImageView::SetWindow(QSize size)
 {
     const QSizeF grown = QSizeF(size) - window;
     window = size;
-    if (fit || zoom <= SmallestZoom()) {
+    if (fit || zoom < SmallestZoom()) {
         Fit();
         return;
     }
@@ -56,13 +57,9 @@ void ImageView::ZoomTo(double wanted, QPointF anchor)
 void ImageView::ZoomBy(double steps, QPointF anchor)
 {
     double wanted = zoom * std::exp2(steps / stepsToDouble);
-    for (const double stop : {1.0, FitZoom()}) {
-        if (IsSame(stop, zoom)) continue;
-        if (zoom < stop) {
-            if (wanted > stop) wanted = stop;
-        } else if (wanted < stop) {
-            wanted = stop;
-        }
+    for (const double stop : {1.0, FitZoom(), largestZoom}) {
+        const bool passes = (zoom < stop) != (wanted < stop) && !IsSame(zoom, stop);
+        if (passes || IsSame(wanted, stop)) wanted = stop;
     }
     ZoomTo(wanted, anchor);
 }

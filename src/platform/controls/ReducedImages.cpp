@@ -14,7 +14,7 @@ QImage ForDrawing(QImage image)
 
 QImage Halved(const QImage& image)
 {
-    const QSize size = (image.size() + QSize(1, 1)) / 2;
+    const QSize size((image.width() + 1) / 2, (image.height() + 1) / 2);
     return image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 } // namespace
