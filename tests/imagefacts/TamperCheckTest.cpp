@@ -258,8 +258,7 @@ TEST_F(TamperCheck, LivesWithoutItsLibraries)
     const CString photograph = Photograph("G800", "rvj=7 hash=7");
     const CString svg = temp.Write("P2.svg", "<svg/>");
     for (const auto& c : cases) {
-        // Not deleted: the loader takes a new file in the place of a deleted one for the same.
-        std::filesystem::rename(folder, temp.Path(c.name));
+        std::filesystem::remove_all(folder);
         temp.MakeFolder("program");
         c.install();
         EXPECT_TRUE(ToviRicohImageChecker().IsEnableDLL()) << c.name;
