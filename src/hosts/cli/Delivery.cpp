@@ -1,10 +1,8 @@
 #include "hosts/cli/Delivery.h"
 
-#include "loading/DeliveryLocation.h"
-#include "loading/ToviEnouDataFactory.h"
+#include "platform/CDocument.h"
 #include "platform/HostServices.h"
 #include "platform/MemoryProfileStore.h"
-#include "platform/MibFile.h"
 
 #include <algorithm>
 #include <iostream>
@@ -31,72 +29,12 @@ public:
 
 SilentDocument hostDocument;
 
-bool ShowProgress(const ToviDataFactory*, const ToviData*, const char* text, void*)
-{
-    GetHostServices().userInterface->ShowProgress(text);
-    return true;
-}
-
-PhotoXMLType ChosenFamily(const DeliveryArguments& arguments, const CString& photoFolder)
+std::optional<PhotoXMLType> ChosenFamily(const DeliveryArguments& arguments)
 {
     const auto* chosen =
         std::find_if(std::begin(families), std::end(families),
                      [&](const Family& known) { return arguments.family == known.name; });
-    return chosen != std::end(families) ? chosen->type : GuessFamily(photoFolder);
-}
-
-CString WhyNotFound(const CString& path)
-{
-    if (MibIsFileExist(path)) {
-        return path + " はフォルダではありません。PHOTO.XML のあるフォルダを指定してください。";
-    }
-    if (!MibIsFolderExist(path)) {
-        return path + " というフォルダがありません。フォルダの場所と名前を確かめてください。";
-    }
-    return path + " に PHOTO.XML が見つかりません。PHOTO.XML "
-                  "のあるフォルダか、その上のフォルダを指定してください。";
-}
-
-CString WhyNotUsable(const OpenedDelivery& delivery)
-{
-    const CString xmlPath = delivery.photoFolder + "PHOTO.XML";
-    switch (delivery.document->GetErrorType()) {
-    case ReadErrNoItemFile:
-        return MibProgramPath() +
-               "READITEM.XML がありません。プログラムをインストールし直してください。";
-    case ReadErrUnknownPhotoXml:
-        return xmlPath + " を開けないか、対応していない要領のDTDです。読み取りの権限と --family "
-                         "の指定を確かめてください。";
-    case ReadErrNoPhotos:
-        return xmlPath + " に写真情報がありません。納品データの作成元に確かめてください。";
-    case ReadErrDefinition:
-        return MibProgramPath() +
-               "READITEM.XML を読み込めません。プログラムをインストールし直してください。";
-    case ReadErrNone:
-        break;
-    }
-    return {};
-}
-
-void Load(OpenedDelivery& delivery)
-{
-    ToviEnouDataFactory factory;
-    try {
-        delivery.document.reset(factory.Create(&hostDocument, delivery.photoFolder.c_str(),
-                                               delivery.family, ShowProgress, nullptr));
-    } catch (const InvalidArgument&) {
-        Complain(MibProgramPath() +
-                 "READITEM.XML "
-                 "の項目の並びが正しくありません。プログラムをインストールし直してください。");
-        return;
-    }
-    GetHostServices().userInterface->ShowProgress("");
-    if (!delivery.document) {
-        Complain(delivery.photoFolder + "PHOTO.XML を読み込めません（" + factory.GetProblem() +
-                 "）。納品データの作成元に確かめてください。");
-    } else if (!delivery.IsLoaded()) {
-        Complain(WhyNotUsable(delivery));
-    }
+    return chosen != std::end(families) ? std::optional(chosen->type) : std::nullopt;
 }
 
 CString ChildTitles(const ToviNode& node)
@@ -172,15 +110,9 @@ void AddTreeTypeOption(CLI::App& command, TreeTypeArgument& type)
 
 OpenedDelivery OpenDelivery(const DeliveryArguments& arguments, TreeTypeArgument tree)
 {
-    OpenedDelivery delivery;
-    delivery.folder = arguments.path;
-    delivery.photoFolder = FindPhotoFolder(arguments.path);
-    if (delivery.photoFolder.empty()) {
-        Complain(WhyNotFound(arguments.path));
-        return delivery;
-    }
-    delivery.family = ChosenFamily(arguments, delivery.photoFolder);
-    Load(delivery);
+    OpenedDelivery delivery =
+        OpenDelivery(hostDocument, arguments.path, ChosenFamily(arguments), " --family の指定");
+    if (!delivery.problem.empty()) Complain(delivery.problem);
     if (!delivery.IsLoaded()) return delivery;
     ToviData& document = *delivery.document;
     document.Load();

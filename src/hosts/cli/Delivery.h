@@ -1,6 +1,6 @@
 #pragma once
 
-#include "document/ToviData.h"
+#include "loading/DeliveryOpening.h"
 
 #include <CLI/CLI.hpp>
 
@@ -37,19 +37,6 @@ using TreeTypeArgument = std::optional<int>;
 
 /// Adds --type. \p type outlives \p command.
 void AddTreeTypeOption(CLI::App& command, TreeTypeArgument& type);
-
-/// A delivery as far as it could be opened.
-struct OpenedDelivery
-{
-    /// Null when there was nothing to hold.
-    std::unique_ptr<ToviData> document;
-    PhotoXMLType family = PhotoXMLMlit;
-    /// The folder that the user named, and that of PHOTO.XML, which is it or beneath it.
-    CString folder;
-    CString photoFolder;
-
-    bool IsLoaded() const { return document && document->GetErrorType() == ReadErrNone; }
-};
 
 /// Opens the delivery and writes why it failed to standard error, in one sentence that says what to
 /// do. When it was loaded, so are the user's settings, and the tree is built.

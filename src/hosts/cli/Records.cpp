@@ -1,47 +1,8 @@
 #include "hosts/cli/Records.h"
 
 #include "platform/MibFile.h"
+#include "review/RecordProblems.h"
 #include "review/RecordTags.h"
-
-namespace
-{
-CString FolderOf(const CString& path)
-{
-    return path.find('/') == CString::npos ? "." : path.substr(0, path.rfind('/') + 1);
-}
-
-CString WhyNotLoaded(const ToviData& document, const CString& record, int reason)
-{
-    if (!MibIsFileExist(record)) {
-        return "記録ファイル " + record + " がありません。ファイルの場所と名前を確かめてください。";
-    }
-    if (reason == RecordCountDiffers) {
-        return record + Format(" は検査状況の記録として読めないか、写真の枚数がこの納品データ（%"
-                               "d枚）と違います。"
-                               "この納品データの記録を指定してください。",
-                               document.GetTotalCountPhoto());
-    }
-    return record + " に写真ごとの状況がありません。別の記録ファイルを指定してください。";
-}
-
-CString WhyNotSaved(const CString& record, int reason)
-{
-    if (!MibIsFolderExist(FolderOf(record))) {
-        return FolderOf(record) + " というフォルダがありません。保存する場所を確かめてください。";
-    }
-    switch (reason) {
-    case RecordReadOnly:
-        return record + " は読み取り専用です。別の名前で保存するか、書き込めるようにしてください。";
-    case RecordNoSpace:
-        return record + " を保存する空き容量がありません。不要なファイルを削除するか、別の場所に保"
-                        "存してください。";
-    case RecordCancelled:
-        return "中断しました。" + record + " は元のままです。";
-    default:
-        return record + " に書き込めません。書き込みの権限と空き容量を確かめてください。";
-    }
-}
-} // namespace
 
 CLI::Option* AddRecordOption(CLI::App& command, std::string& record)
 {
@@ -52,7 +13,7 @@ bool LoadRecord(ToviData& document, const CString& record)
 {
     int reason = noReason;
     if (record.empty() || document.LoadExamination(record.c_str(), &reason)) return true;
-    Complain(WhyNotLoaded(document, record, reason));
+    Complain(WhyRecordNotLoaded(document, record, reason));
     return false;
 }
 
@@ -76,13 +37,13 @@ int SaveRecord(ToviData& document, const CString& record)
 int TellSaved(bool saved, const CString& record, int reason)
 {
     if (saved) return ExitDone;
-    Complain(WhyNotSaved(record, reason));
+    Complain(WhyRecordNotSaved(record, reason));
     return reason == RecordCancelled ? ExitInterrupted : ExitFailed;
 }
 
 bool RefuseInDelivery(const CString& path, const OpenedDelivery& delivery)
 {
-    if (!MibIsInside(delivery.folder, FolderOf(path))) return false;
+    if (!MibIsInside(delivery.folder, FolderOfFile(path))) return false;
     Complain("納品データのフォルダには書き込みません。" + path +
              " の代わりに別のフォルダを指定してください。");
     return true;

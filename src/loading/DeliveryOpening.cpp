@@ -1,0 +1,85 @@
+#include "loading/DeliveryOpening.h"
+
+#include "loading/DeliveryLocation.h"
+#include "loading/ToviEnouDataFactory.h"
+#include "platform/HostServices.h"
+#include "platform/MibFile.h"
+
+namespace
+{
+bool ShowProgress(const ToviDataFactory*, const ToviData*, const char* text, void*)
+{
+    GetHostServices().userInterface->ShowProgress(text);
+    return true;
+}
+
+CString WhyNotFound(const CString& path)
+{
+    if (MibIsFileExist(path)) {
+        return path + " はフォルダではありません。PHOTO.XML のあるフォルダを指定してください。";
+    }
+    if (!MibIsFolderExist(path)) {
+        return path + " というフォルダがありません。フォルダの場所と名前を確かめてください。";
+    }
+    return path + " に PHOTO.XML が見つかりません。PHOTO.XML "
+                  "のあるフォルダか、その上のフォルダを指定してください。";
+}
+
+CString WhyNotUsable(const OpenedDelivery& delivery, const CString& familyHint)
+{
+    const CString xmlPath = delivery.photoFolder + "PHOTO.XML";
+    switch (delivery.document->GetErrorType()) {
+    case ReadErrNoItemFile:
+        return MibProgramPath() +
+               "READITEM.XML がありません。プログラムをインストールし直してください。";
+    case ReadErrUnknownPhotoXml:
+        return xmlPath + " を開けないか、対応していない要領のDTDです。読み取りの権限と" +
+               familyHint + "を確かめてください。";
+    case ReadErrNoPhotos:
+        return xmlPath + " に写真情報がありません。納品データの作成元に確かめてください。";
+    case ReadErrDefinition:
+        return MibProgramPath() +
+               "READITEM.XML を読み込めません。プログラムをインストールし直してください。";
+    case ReadErrNone:
+        break;
+    }
+    return {};
+}
+
+void Load(CDocument& host, OpenedDelivery& delivery, const CString& familyHint)
+{
+    ToviEnouDataFactory factory;
+    try {
+        delivery.document.reset(factory.Create(&host, delivery.photoFolder.c_str(), delivery.family,
+                                               ShowProgress, nullptr));
+    } catch (const InvalidArgument&) {
+        delivery.problem =
+            MibProgramPath() +
+            "READITEM.XML "
+            "の項目の並びが正しくありません。プログラムをインストールし直してください。";
+        return;
+    }
+    if (!delivery.document) {
+        delivery.problem = delivery.photoFolder + "PHOTO.XML を読み込めません（" +
+                           factory.GetProblem() + "）。納品データの作成元に確かめてください。";
+    } else if (!delivery.IsLoaded()) {
+        delivery.problem = WhyNotUsable(delivery, familyHint);
+    }
+}
+} // namespace
+
+OpenedDelivery OpenDelivery(CDocument& host, const CString& path,
+                            std::optional<PhotoXMLType> family, const CString& familyHint)
+{
+    OpenedDelivery delivery;
+    delivery.folder = path;
+    delivery.photoFolder = FindPhotoFolder(path);
+    if (delivery.photoFolder.empty()) {
+        delivery.problem = WhyNotFound(path);
+        return delivery;
+    }
+    delivery.family = family ? *family : GuessFamily(delivery.photoFolder);
+    Load(host, delivery, familyHint);
+    GetHostServices().userInterface->ShowProgress("");
+    return delivery;
+}

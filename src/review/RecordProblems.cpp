@@ -1,0 +1,43 @@
+#include "review/RecordProblems.h"
+
+#include "document/ToviData.h"
+#include "platform/MibFile.h"
+#include "review/RecordTags.h"
+
+CString FolderOfFile(const CString& path)
+{
+    return path.find('/') == CString::npos ? "." : path.substr(0, path.rfind('/') + 1);
+}
+
+CString WhyRecordNotLoaded(const ToviData& document, const CString& record, int reason)
+{
+    if (!MibIsFileExist(record)) {
+        return "記録ファイル " + record + " がありません。ファイルの場所と名前を確かめてください。";
+    }
+    if (reason == RecordCountDiffers) {
+        return record + Format(" は検査状況の記録として読めないか、写真の枚数がこの納品データ（%"
+                               "d枚）と違います。"
+                               "この納品データの記録を指定してください。",
+                               document.GetTotalCountPhoto());
+    }
+    return record + " に写真ごとの状況がありません。別の記録ファイルを指定してください。";
+}
+
+CString WhyRecordNotSaved(const CString& record, int reason)
+{
+    if (!MibIsFolderExist(FolderOfFile(record))) {
+        return FolderOfFile(record) +
+               " というフォルダがありません。保存する場所を確かめてください。";
+    }
+    switch (reason) {
+    case RecordReadOnly:
+        return record + " は読み取り専用です。別の名前で保存するか、書き込めるようにしてください。";
+    case RecordNoSpace:
+        return record + " を保存する空き容量がありません。不要なファイルを削除するか、別の場所に保"
+                        "存してください。";
+    case RecordCancelled:
+        return "中断しました。" + record + " は元のままです。";
+    default:
+        return record + " に書き込めません。書き込みの権限と空き容量を確かめてください。";
+    }
+}
