@@ -52,7 +52,14 @@ void DoubleClick(QWidget& window, QPoint place)
 
 QColor ColorAt(QWidget& window, QPoint place)
 {
-    return window.grab().toImage().pixelColor(place);
+    const QImage shown = window.grab().toImage();
+    return shown.pixelColor((QPointF(place) * shown.devicePixelRatio()).toPoint());
+}
+
+/// The corner of the picture, in pixels of the layout.
+QPointF Corner(const LumImgWnd& window)
+{
+    return window.View().Placement().topLeft() / window.devicePixelRatioF();
 }
 
 TEST(LumImgWnd, ShowsThePictureFittedAndNothingOnceItIsTakenAway)
@@ -78,18 +85,18 @@ TEST(LumImgWnd, ZoomsByWheelAndMovesByDrag)
     EXPECT_GT(window->View().Zoom(), 0.1);
     for (int turn = 0; turn < 20; ++turn) Wheel(*window, {100, 150}, 120);
     EXPECT_EQ(ColorAt(*window, {390, 150}), QColor(Qt::red));
-    const QRectF before = window->View().Placement();
+    const QPointF before = Corner(*window);
     Drag(*window, {300, 200}, {280, 230});
-    EXPECT_EQ(window->View().Placement(), before.translated(-20, 30));
+    EXPECT_EQ(Corner(*window), before + QPointF(-20, 30));
     // The button is up, so that nothing moves.
     QMouseEvent move(QEvent::MouseMove, QPointF(0, 0), QPointF(0, 0), Qt::NoButton, Qt::NoButton,
                      Qt::NoModifier);
     QApplication::sendEvent(window.get(), &move);
-    EXPECT_EQ(window->View().Placement(), before.translated(-20, 30));
+    EXPECT_EQ(Corner(*window), before + QPointF(-20, 30));
     window->SetCommand(1);
     Drag(*window, {300, 200}, {280, 230});
     Wheel(*window, {100, 150}, -120);
-    EXPECT_EQ(window->View().Placement(), before.translated(-20, 30));
+    EXPECT_EQ(Corner(*window), before + QPointF(-20, 30));
 }
 
 TEST(LumImgWnd, DragsOnAfterItsClickHasClearedTheAnchor)
@@ -97,9 +104,9 @@ TEST(LumImgWnd, DragsOnAfterItsClickHasClearedTheAnchor)
     const auto window = Shown(Halves(4000, 3000));
     QTest::keyClick(window.get(), Qt::Key_Asterisk);
     QObject::connect(window.get(), &LumImgWnd::Clicked, window.get(), &LumImgWnd::ExecClearAnchor);
-    const QRectF before = window->View().Placement();
+    const QPointF before = Corner(*window);
     Drag(*window, {100, 100}, {110, 100});
-    EXPECT_EQ(window->View().Placement(), before.translated(10, 0));
+    EXPECT_EQ(Corner(*window), before + QPointF(10, 0));
 }
 
 TEST(LumImgWnd, TellsOfClicksAndTogglesByDoubleClick)
@@ -153,11 +160,11 @@ TEST(LumImgWnd, IsWorkedByKeyAndLeavesTheOthersToItsParent)
     EXPECT_LT(window.View().Zoom(), zoomed);
     QTest::keyClick(&window, Qt::Key_Asterisk);
     EXPECT_EQ(window.View().Zoom(), 1);
-    const QRectF before = window.View().Placement();
+    const QPointF before = Corner(window);
     QTest::keyClick(&window, Qt::Key_Right);
     QTest::keyClick(&window, Qt::Key_Down);
-    EXPECT_LT(window.View().Placement().left(), before.left());
-    EXPECT_LT(window.View().Placement().top(), before.top());
+    EXPECT_LT(Corner(window).x(), before.x());
+    EXPECT_LT(Corner(window).y(), before.y());
     parent.keys = 0;
     QTest::keyClick(&window, Qt::Key_Right, Qt::ControlModifier);
     EXPECT_EQ(parent.keys, 2) << "Ctrl itself and the arrow";
@@ -187,6 +194,6 @@ TEST(LumImgWnd, StartsAtFullSizeWhenTheZoomIsNotTheWindows)
     const auto window = Shown(Halves(4000, 3000));
     LumImgWnd::m_zoomIsViewport = true;
     EXPECT_EQ(window->View().Zoom(), 1);
-    EXPECT_EQ(window->View().Placement().center(), QPointF(200, 150));
+    EXPECT_EQ(window->View().Placement().center() / window->devicePixelRatioF(), QPointF(200, 150));
 }
 } // namespace

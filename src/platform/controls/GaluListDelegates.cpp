@@ -6,6 +6,8 @@
 
 namespace
 {
+/// What a row of a report is higher than its text.
+constexpr int rowGap = 4;
 constexpr int textGap = 2;
 constexpr int textLines = 2;
 
@@ -51,6 +53,11 @@ void ReportDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
     painter->drawLine(option.rect.topRight(), option.rect.bottomRight());
     painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
     painter->restore();
+}
+
+QSize ReportDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const
+{
+    return QStyledItemDelegate::sizeHint(option, index) + QSize(0, rowGap);
 }
 
 void IconDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,

@@ -31,10 +31,11 @@ void PaintBusy(QPainter& painter, double phase, QColor color)
 void PaintFolder(QPainter& painter, QPointF corner, const QColor& color)
 {
     QPainterPath path;
+    path.setFillRule(Qt::WindingFill);
     path.addRoundedRect(QRectF(corner, QSizeF(16, 8)), 2, 2);
     path.addRoundedRect(QRectF(corner + QPointF(0, 4), QSizeF(38, 26)), 2, 2);
     painter.setBrush(color);
-    painter.drawPath(path.simplified());
+    painter.drawPath(path);
 }
 
 void PaintPage(QPainter& painter, QPointF middle)
