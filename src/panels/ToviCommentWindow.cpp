@@ -16,10 +16,9 @@ static constexpr QColor frameColor(176, 182, 189);
 
 namespace
 {
-/// The comment as one line.
 CString OneLine(const CString& text)
 {
-    return ReplaceAll(ReplaceAll(ReplaceAll(text, "\r\n", " "), "\n", " "), "\r", " ");
+    return ReplaceAll(text, "\n", " ");
 }
 } // namespace
 

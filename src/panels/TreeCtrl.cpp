@@ -98,6 +98,8 @@ void TreeCtrl::mouseMoveEvent(QMouseEvent* event)
 void TreeCtrl::drawBranches(QPainter* painter, const QRect& place, const QModelIndex& index) const
 {
     painter->save();
+    // The style highlights these places of the selected row, too.
+    painter->fillRect(place, palette().base());
     painter->setPen(lineColor);
     const int middle = place.center().y();
     int x = place.right() - indentation() / 2;

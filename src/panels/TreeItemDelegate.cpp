@@ -5,7 +5,10 @@
 #include "platform/QtColor.h"
 
 #include <QApplication>
+#include <QHelpEvent>
 #include <QPainter>
+#include <QTextDocument>
+#include <QToolTip>
 
 static constexpr unsigned long countColor = 14443040;
 static constexpr int textGap = 4;
@@ -96,4 +99,15 @@ QSize TreeItemDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex&
     const ShownItem item(index, QRect(), tree->iconSize().width());
     return {item.countPlace.right() + 1 + textGap,
             std::max(item.image.height(), item.textPlace.height()) + rowSpace};
+}
+
+bool TreeItemDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
+                                 const QStyleOptionViewItem& option, const QModelIndex& index)
+{
+    const ShownItem item(index, option.rect, tree->iconSize().width());
+    const QRect seen = tree->viewport()->rect();
+    const bool isWhole = item.textPlace.left() >= 0 && item.countPlace.right() <= seen.right();
+    QToolTip::showText(event->globalPos(),
+                       isWhole ? QString() : Qt::convertFromPlainText(item.text), view);
+    return true;
 }

@@ -108,7 +108,7 @@ TEST(CommentWindow, ShowsWhatFitsAndTellsAll)
     strip.window->resize(150, 30);
     EXPECT_EQ(strip.window->GetShownText(), "　舗装厚を確認");
 
-    strip.window->SetComment("<b>不足</b>\r\n再提出");
+    strip.window->SetComment("<b>不足</b>\n再提出");
     EXPECT_EQ(strip.window->GetShownText(), "　<b>不足</b> 再提出");
     EXPECT_EQ(strip.ToolTip(), "<b>不足</b>\n再提出");
 }
