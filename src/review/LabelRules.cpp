@@ -23,11 +23,15 @@ void LabelRules::Remove(ToviPhoto& photo, unsigned int slot)
     photo.RemoveLabel(slot);
 }
 
+CString LabelRules::KeptComment(const CString& text)
+{
+    return IsBlank(text) ? CString() : text;
+}
+
 void LabelRules::EditComment(ToviPhoto& photo, const CString& text)
 {
-    const bool blank = IsBlank(text);
-    photo.SetComment(blank ? "" : text);
-    if (blank) {
+    photo.SetComment(KeptComment(text));
+    if (photo.GetComment().empty()) {
         photo.RemoveLabel(LabelComment);
     } else {
         photo.PasteLabel(LabelComment);

@@ -13,7 +13,11 @@ TOVI_EXPORT bool Paste(ToviPhoto& photo, unsigned int slot);
 /// Removes \p slot; the comment goes with its label.
 TOVI_EXPORT void Remove(ToviPhoto& photo, unsigned int slot);
 
-/// Gives \p photo the comment \p text, and the comment label with it. A text of half-width and
-/// full-width blanks only takes both away; in any other the blanks stay.
+/// What is kept of \p text as a comment: nothing of half-width and full-width blanks only, all of
+/// any other text with its blanks.
+TOVI_EXPORT CString KeptComment(const CString& text);
+
+/// Gives \p photo the comment \p text, as far as it is kept, and the comment label with it.
+/// Where nothing is kept both are taken away.
 TOVI_EXPORT void EditComment(ToviPhoto& photo, const CString& text);
 } // namespace LabelRules

@@ -1,6 +1,6 @@
 #include "platform/controls/GaluListTable.h"
 
-#include "platform/QtText.h"
+#include "platform/controls/ToolTipText.h"
 
 GaluListTable::GaluListTable(std::vector<GaluListColumn> titles, QObject* parent)
     : QAbstractTableModel(parent), columns(std::move(titles))
@@ -33,10 +33,9 @@ int GaluListTable::columnCount(const QModelIndex& parent) const
 
 QVariant GaluListTable::data(const QModelIndex& index, int role) const
 {
+    if (role == Qt::DisplayRole) return QtText(GetItemText(index.row(), index.column()));
     // The tip shows what a narrow column cuts off.
-    if (role == Qt::DisplayRole || role == Qt::ToolTipRole) {
-        return QtText(GetItemText(index.row(), index.column()));
-    }
+    if (role == Qt::ToolTipRole) return ToolTipText(GetItemText(index.row(), index.column()));
     if (role == Qt::TextAlignmentRole) return static_cast<int>(Alignment(index.column()));
     return {};
 }

@@ -1,0 +1,24 @@
+#include "panels/InfoRows.h"
+
+#include "imagefacts/ControlValueParser.h"
+
+std::vector<std::vector<CString>> InfoRows(const ToviItemShowSettings& settings,
+                                           const ToviTextPairArray& pairs)
+{
+    std::vector<std::vector<CString>> rows;
+    for (const ToviItemShowSetting& setting : settings) {
+        if (setting.title == controlValueTitle) continue;
+        CStringArray values;
+        pairs.GetValue(setting.title, values);
+        for (const CString& value : values) rows.push_back({setting.title, value});
+    }
+    return rows;
+}
+
+std::pair<int, int> InfoColumnWidths(int width, bool showTitle, bool isBeside)
+{
+    const int titles = width / 2;
+    const int values = width - titles;
+    if (showTitle) return {titles, values};
+    return {0, isBeside ? values / 3 : values};
+}
