@@ -6,6 +6,7 @@
 #include "imagefacts/ImageTypeChoice.h"
 #include "imagefacts/RicohVerifier.h"
 #include "imagefacts/ToviControlValueArray.h"
+#include "loading/ToviEnouDataFactory.h"
 #include "platform/MibFile.h"
 #include "review/LabelCorrection.h"
 #include "review/LabelProcessSelectDlg.h"
@@ -82,6 +83,18 @@ void ToviData::SetStandAlone(bool alone)
 {
     standAlone = alone;
     pathItems.reset();
+}
+
+CString ToviData::GetIndexPath()
+{
+    if (!indexPath.empty()) return indexPath;
+    CString index;
+    CString stylesheet;
+    itemDef.GetPathAndName(index, stylesheet);
+    if (!index.empty() && !stylesheet.empty()) {
+        indexPath = ToviEnouDataFactory().GetNewIndexPath(index, stylesheet);
+    }
+    return indexPath;
 }
 
 ToviPhoto* ToviData::GetPhoto(int pos) const

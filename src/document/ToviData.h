@@ -72,6 +72,11 @@ public:
     /// photographs with full paths.
     bool IsStandAlone() const { return standAlone; }
     void SetStandAlone(bool alone);
+    /// The full path of a copy of the delivery's index file that a browser shows as a page. It
+    /// stands in the work area, where the next delivery's overwrites it; the first call makes it.
+    /// Empty when there is no index file of a known kind or no copy can be made; each further call
+    /// tries again.
+    CString GetIndexPath();
     PhotoXMLReadErr GetErrorType() const { return errorType; }
     void SetErrorType(PhotoXMLReadErr error) { errorType = error; }
 
@@ -253,5 +258,6 @@ private:
     bool extractionOn = false;
     bool hasComment = true;
     bool standAlone = true;
+    CString indexPath;
     PhotoXMLReadErr errorType = ReadErrNone;
 };

@@ -1,6 +1,7 @@
 #include "loading/DeliveryLocation.h"
 
 #include "loading/DeliveryKinds.h"
+#include "loading/IndexStylesheets.h"
 #include "platform/MibFile.h"
 #include "platform/TextFile.h"
 
@@ -53,11 +54,7 @@ CString ReadIndexHead(const CString& photoFolder)
 {
     CString above = MibAbsolutePath(photoFolder);
     MibParentDir(above);
-    for (const char* pattern : {"INDEX_*.XML", "PHOTO_*.XML"}) {
-        const CStringArray found = MibFileFind(above, pattern);
-        if (!found.IsEmpty()) return ReadTextHead(found[found.GetSize() - 1], headOfFile);
-    }
-    return {};
+    return ReadTextHead(FindIndexFile(above), headOfFile);
 }
 
 std::optional<PhotoXMLType> FamilyToldBy(const CString& photoXml, const CString& index)

@@ -1,6 +1,7 @@
 #include "loading/ToviEnouDataFactory.h"
 
 #include "document/ToviData.h"
+#include "loading/IndexCopy.h"
 #include "loading/PhotoXmlReader.h"
 #include "platform/DoxDocument.h"
 #include "platform/MibFile.h"
@@ -36,4 +37,10 @@ bool ToviEnouDataFactory::OnLoad(ToviLoadCallback callback, void* arg)
     }
     if (target->GetPhotoDataArray()->IsEmpty()) target->SetErrorType(ReadErrNoPhotos);
     return true;
+}
+
+CString ToviEnouDataFactory::GetNewIndexPath(const CString& indexPath,
+                                             const CString& stylesheetPath)
+{
+    return MakeIndexCopy(indexPath, stylesheetPath);
 }

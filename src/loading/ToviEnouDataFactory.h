@@ -10,6 +10,9 @@ public:
     /// when it did not.
     const CString& GetProblem() const { return problem; }
 
+    /// Makes the copy of an index file that a browser shows, see MakeIndexCopy.
+    CString GetNewIndexPath(const CString& indexPath, const CString& stylesheetPath);
+
 protected:
     ToviData* OnNewDocumentInstance(CDocument* host) override;
     bool OnLoad(ToviLoadCallback callback, void* arg) override;

@@ -1,6 +1,7 @@
 #include "loading/ToviItemDef.h"
 
 #include "loading/DeliveryKinds.h"
+#include "loading/IndexStylesheets.h"
 #include "loading/ItemDefReader.h"
 #include "platform/HostServices.h"
 #include "platform/MibFile.h"
@@ -29,6 +30,16 @@ void ToviItemDef::SetRootPath(const CString& dataPath)
 {
     parentPath = MibAbsolutePath(dataPath);
     MibParentDir(parentPath);
+}
+
+void ToviItemDef::GetPathAndName(CString& indexPath, CString& stylesheetPath) const
+{
+    const CString found = FindIndexFile(parentPath);
+    if (!found.empty()) indexPath = found;
+    const CString line = ReadIndexDoctypeLine(indexPath);
+    if (line.empty()) return;
+    const CString name = FindIndexStylesheet(type, line);
+    stylesheetPath = name.empty() ? programPath : programPath + stylesheetFolder + name;
 }
 
 PhotoXMLReadErr ToviItemDef::ReadPhotoDef(const char* dataPath)

@@ -39,6 +39,10 @@ public:
     /// The folder above that of PHOTO.XML, where the index file stands.
     const CString& GetParentPath() const { return parentPath; }
     void SetRootPath(const CString& dataPath);
+    /// Puts the delivery's index file into \p indexPath, and into \p stylesheetPath the installed
+    /// stylesheet that shows it, or the program's folder when there is none for its DTD. Without an
+    /// index file, and without a DOCTYPE line of an index in it, the argument stays as it is.
+    void GetPathAndName(CString& indexPath, CString& stylesheetPath) const;
     /// True when the delivery is of the same kind as the one opened before it.
     bool TypeIsCorresponding() const { return newType == oldType; }
 

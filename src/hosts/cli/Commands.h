@@ -18,3 +18,4 @@ void AddValuesCommand(CLI::App& app, int& status);
 void AddPairsCommand(CLI::App& app, int& status);
 void AddSettingsCommand(CLI::App& app, int& status);
 void AddVerifyCommand(CLI::App& app, int& status);
+void AddIndexCommand(CLI::App& app, int& status);

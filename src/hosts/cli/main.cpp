@@ -85,6 +85,7 @@ int main(int argc, char** argv)
     AddPairsCommand(app, status);
     AddSettingsCommand(app, status);
     AddVerifyCommand(app, status);
+    AddIndexCommand(app, status);
     AddProfileOption(app, profile);
     try {
         const int parsed = Parse(app, argc, argv);

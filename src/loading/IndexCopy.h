@@ -1,0 +1,17 @@
+#pragma once
+
+#include "platform/Text.h"
+
+/// Makes the copy of the index file \p indexPath in the work area that names the stylesheet \p
+/// stylesheetPath as its own, with that stylesheet and the DTD of the index file beside it. The
+/// copies of the delivery before it are overwritten.
+///
+/// Returns the copy's full path; empty when \p stylesheetPath names no folder, when there is no
+/// work folder, or when a file can't be read or written.
+CString MakeIndexCopy(const CString& indexPath, const CString& stylesheetPath);
+
+/// \p xml, the bytes of an XML file in any of the encodings that deliveries come in, with an
+/// instruction that names the stylesheet \p name (in ASCII): in place of the file's own, else in
+/// front of the root element, which the attribute DTD_version tells. A file with neither comes out
+/// as it is. The last line ends in a line feed.
+std::string WithStylesheet(std::string xml, const CString& name);

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "loading/PhotoXMLType.h"
+#include "platform/Text.h"
+
+/// The folder beside the program that holds the stylesheets, with a separator at its end.
+constexpr const char* stylesheetFolder = "XSLPLATE/";
+
+/// The delivery's index file in \p folder: the last that is named as one, or empty.
+CString FindIndexFile(const CString& folder);
+
+/// The line of the index file \p indexPath that tells its kind: the first one that names the
+/// DOCTYPE of a 工事 or a 業務. Empty when no line does or the file can't be read.
+CString ReadIndexDoctypeLine(const CString& indexPath);
+
+/// The stylesheet that shows an index file with \p doctypeLine in \p family, as a path below
+/// stylesheetFolder; empty when there is none.
+TOVI_EXPORT CString FindIndexStylesheet(PhotoXMLType family, const CString& doctypeLine);

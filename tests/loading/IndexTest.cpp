@@ -1,0 +1,338 @@
+#include "loading/Environment.h"
+#include "loading/IndexCopy.h"
+#include "loading/IndexStylesheets.h"
+#include "platform/MibFile.h"
+#include "platform/TextEncoding.h"
+#include "support/OpenedSample.h"
+
+#include <gmock/gmock.h>
+
+#include <sys/stat.h>
+
+#include <cstdlib>
+
+namespace
+{
+using testing::HasSubstr;
+
+constexpr const char* instruction = "<?xml-stylesheet type=\"text/xsl\" href=\"INDE_C07.XSL\"?>\n";
+
+CString DoctypeOf(const CString& root, const CString& dtd)
+{
+    return "<!DOCTYPE " + root + " SYSTEM \"" + dtd + "\">";
+}
+
+TEST(IndexStylesheet, DependsOnKindDtdAndFamily)
+{
+    const struct
+    {
+        PhotoXMLType family;
+        const char* root;
+        const char* dtd;
+        const char* expected;
+    } cases[] = {
+        {PhotoXMLMlit, "constdata", "INDE_C01.DTD", "MLIT_E/INDEX_C.XSL"},
+        {PhotoXMLMlit, "constdata", "INDE_C02.DTD", "MLIT/INDEX_C.XSL"},
+        {PhotoXMLKowan, "constdata", "INDE_C02.DTD", ""},
+        {PhotoXMLKowan, "constdata", "INDE_C07.DTD", "KOWAN/INDE_C07.XSL"},
+        {PhotoXMLMaff, "constdata", "INDE_C06.DTD", ""},
+        {PhotoXMLMaff, "constdata", "INDEC02N.DTD", "MAFF/INDEX_CN.XSL"},
+        {PhotoXMLKowan, "constdata", "IND_MC01.DTD", ""},
+        {PhotoXMLMaff, "constdata", "IND_MC03.DTD", "MAFF_M/IND_MC03.XSL"},
+        {PhotoXMLNexco, "constdata", "PHOT_JH1.DTD", "MLIT/PHOT_JH1.XSL"},
+        {PhotoXMLNexco, "constdata", "PHOT_JH4.DTD", "NEXCO/PHOT_JH4.XSL"},
+        {PhotoXMLNexco, "constdata", "INDE_C03.DTD", ""},
+        {PhotoXMLNexco, "gyomudata", "INDE_D02.DTD", "MLIT/INDEX_D.XSL"},
+        {PhotoXMLNexco, "gyomudata", "INDE_D03.DTD", "NEXCO/INDE_D03.XSL"},
+        {PhotoXMLMaff, "gyomudata", "INDED02N.DTD", "MAFF/INDEX_DN.XSL"},
+        {PhotoXMLMlit, "gyomudata", "INDE_C07.DTD", ""},
+        {PhotoXMLMlit, "constdata", "INDE_D05.DTD", ""},
+        {PhotoXMLMlit, "photodata", "INDE_C07.DTD", ""},
+        {static_cast<PhotoXMLType>(4), "constdata", "INDE_C07.DTD", ""},
+        {static_cast<PhotoXMLType>(-1), "constdata", "INDE_C07.DTD", ""},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(FindIndexStylesheet(c.family, DoctypeOf(c.root, c.dtd)), c.expected)
+            << c.dtd << " " << c.family;
+    }
+}
+
+TEST(IndexStylesheet, IsInstalledUnderEveryName)
+{
+    const TestHost services;
+    const CString folder = MibProgramPath() + stylesheetFolder;
+    int found = 0;
+    for (const char* root : {"constdata", "gyomudata"}) {
+        for (const char* dtd :
+             {"INDE_C01", "INDE_C02", "INDE_C03", "INDE_C04", "INDE_C05", "INDE_C06", "INDE_C07",
+              "INDEC02N", "IND_EC03", "IND_EC05", "IND_MC01", "IND_MC02", "IND_MC03", "PHOT_JH1",
+              "PHOT_JH4", "INDE_D02", "INDE_D03", "INDE_D04", "INDE_D05", "INDE_D06", "INDED02N",
+              "IND_ED03", "IND_ED04", "IND_MD01", "IND_MD02", "IND_MD03"}) {
+            for (int family = 0; family < 4; ++family) {
+                const CString name = FindIndexStylesheet(static_cast<PhotoXMLType>(family),
+                                                         DoctypeOf(root, CString(dtd) + ".DTD"));
+                if (name.empty()) continue;
+                ++found;
+                EXPECT_TRUE(MibIsFileExist(folder + name)) << name;
+            }
+        }
+    }
+    EXPECT_EQ(found, 60);
+    EXPECT_TRUE(MibIsFileExist(folder + "MAFF_E/INDEX_C.XSL"));
+}
+
+TEST(IndexCopy, NamesItsStylesheetOnceInFrontOfTheRoot)
+{
+    const CString head = "<?xml version=\"1.0\"?>\n";
+    const CString root = "<constdata DTD_version=\"07\"><a/></constdata>\n";
+    const CString other = "<?xml-stylesheet href=\"OLD.XSL\" type=\"text/xsl\" ?>";
+    const struct
+    {
+        const char* what;
+        CString xml;
+        CString expected;
+    } cases[] = {
+        {"none yet", head + root, head + instruction + root},
+        {"one to replace", head + other + "\n" + root, head + instruction + root},
+        {"CRLF", "a\r\n" + other + "\r\n  <b DTD_version='1'/>\r\n",
+         CString("a\r\n") + instruction + "  <b DTD_version='1'/>\r\n"},
+        {"an indented root", head + "  " + root, head + instruction + "  " + root},
+        {"on the root's line", head + other + root, head + instruction + root},
+        {"all on one line", "<?xml version=\"1.0\"?>" + other + root,
+         "<?xml version=\"1.0\"?>" + CString(instruction) + root},
+        {"the root behind the declaration", "<?xml version=\"1.0\"?>" + root,
+         "<?xml version=\"1.0\"?>" + CString(instruction) + root},
+        {"the root over two lines", head + "<constdata\nDTD_version=\"07\"/>\n",
+         head + instruction + "<constdata\nDTD_version=\"07\"/>\n"},
+        {"the instruction over two lines", head + "<?xml-stylesheet\nhref=\"O\"?>\n" + root,
+         head + instruction + root},
+        {"a second one stays", head + other + "\n" + other + "\n" + root,
+         head + instruction + other + "\n" + root},
+        {"one behind the root stays", head + root + other + "\n",
+         head + instruction + root + other + "\n"},
+        {"the word in a comment", head + "<!-- xml-stylesheet -->\n" + root + "<?pi?>\n",
+         head + instruction + root + "<?pi?>\n"},
+        {"an instruction without end", "<?xml-stylesheet href\n<a/>\n",
+         instruction + CString("<a/>\n")},
+        {"neither word", "<?xml version=\"1.0\"?>\r\n<constdata/>\r\n",
+         "<?xml version=\"1.0\"?>\r\n<constdata/>\r\n"},
+        {"no line end", "<constdata/>", "<constdata/>\n"},
+        {"nothing but words", "xml-stylesheet\n", instruction},
+        {"a root without a tag", "DTD_version", instruction + CString("DTD_version\n")},
+        {"UTF-8 with its mark", "\xEF\xBB\xBF<a DTD_version='1'/>\n",
+         "\xEF\xBB\xBF" + CString(instruction) + "<a DTD_version='1'/>\n"},
+        {"nothing", "", ""},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(WithStylesheet(c.xml, "INDE_C07.XSL"), c.expected) << c.what;
+}
+
+std::string Utf16(std::string_view ascii, bool bigEndian)
+{
+    std::string wide;
+    for (const char letter : ascii) {
+        wide += bigEndian ? '\0' : letter;
+        wide += bigEndian ? letter : '\0';
+    }
+    return wide;
+}
+
+TEST(IndexCopy, KeepsUtf16)
+{
+    for (const bool bigEndian : {false, true}) {
+        // U+0A3C and U+003C differ by the byte of a line feed.
+        const std::string mark = bigEndian ? "\xFE\xFF" : "\xFF\xFE";
+        const std::string letter = bigEndian ? "\x0A\x3C" : "\x3C\x0A";
+        const std::string front =
+            mark + Utf16("<?xml?>\n<!--", bigEndian) + letter + Utf16("-->\n", bigEndian);
+        const std::string root = Utf16("<a DTD_version='1'/>\n", bigEndian);
+        EXPECT_EQ(WithStylesheet(front + root, "INDE_C07.XSL"),
+                  front + Utf16(instruction, bigEndian) + root);
+    }
+    EXPECT_EQ(WithStylesheet(std::string("\xFF\xFE", 2) + "a", "X"),
+              std::string("\xFF\xFE", 2) + "a" + std::string("\n\0", 2));
+}
+
+/// Deliveries with a work area of the test's own.
+class Index : public testing::Test
+{
+protected:
+    Index() { SetEnvironment({Registry("", ""), {"", work.Path(), "", ""}, {}}); }
+    ~Index() override { SetEnvironment({Registry("", ""), {}, {}}); }
+
+    /// Opens a delivery whose index file is \p bytes, under \p name.
+    static std::unique_ptr<OpenedSample> Deliver(const CString& bytes,
+                                                 const CString& name = "INDEX_C.XML")
+    {
+        const DeliveryBuilder builder({.photos = 1, .drawings = 0, .images = false});
+        auto sample = std::make_unique<OpenedSample>(builder);
+        std::filesystem::remove(sample->temp.Path("INDEX_C.XML"));
+        sample->temp.Write(name, bytes);
+        return sample;
+    }
+
+    CString CopyPath(const CString& name) const
+    {
+        return work.Path("QVScratch/QV-SUITE/IndexCopy/" + name);
+    }
+    CString Copied(const CString& name) const
+    {
+        return work.Read("QVScratch/QV-SUITE/IndexCopy/" + name);
+    }
+    /// The page that a browser makes of the copy \p name, following the stylesheet that it names.
+    CString PageOf(const CString& name) const
+    {
+        // To a browser Shift_JIS is code page 932; xsltproc has to be told so.
+        work.Write("QVScratch/QV-SUITE/IndexCopy/page.xml",
+                   ReplaceAll(Copied(name), "Shift_JIS", "CP932"));
+        const CString command =
+            "cd '" + CopyPath("") + "' && xsltproc --nonet -o page.html page.xml";
+        EXPECT_EQ(std::system(command.c_str()), 0);
+        return Copied("page.html");
+    }
+
+    TempFolder work;
+};
+
+TEST_F(Index, OfEveryKindBecomesAPage)
+{
+    for (const SampleSchema& schema : SampleSchemas()) {
+        for (const auto encoding : {SampleEncoding::ShiftJis, SampleEncoding::Utf8}) {
+            const DeliveryBuilder builder({.section = CString(schema.section),
+                                           .photos = 1,
+                                           .drawings = 0,
+                                           .encoding = encoding,
+                                           .images = false});
+            const OpenedSample sample(builder, schema.family == SampleFamily::Mlit ? PhotoXMLMlit
+                                               : schema.family == SampleFamily::Maff
+                                                   ? PhotoXMLMaff
+                                                   : PhotoXMLNexco);
+            const CString path = sample.document->GetIndexPath();
+            ASSERT_EQ(path, CopyPath("INDEX_C.XML")) << schema.section;
+            EXPECT_FALSE(Copied(CString(schema.indexDtd)).empty()) << schema.section;
+            const CString page = PageOf("INDEX_C.XML");
+            EXPECT_THAT(page, HasSubstr("<h1>" + builder.Work().name + "</h1>")) << schema.section;
+            EXPECT_THAT(page, HasSubstr(builder.Work().contractor)) << schema.section;
+        }
+    }
+}
+
+TEST_F(Index, OfAConsultingWorkTellsItsKindAndPeriod)
+{
+    const auto sample = Deliver(
+        "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n" + DoctypeOf("gyomudata", "INDE_D06.DTD") +
+            "\n<gyomudata DTD_version=\"06\"><業務件名等><業務名称>道路&amp;測量"
+            "</業務名称><履行期間-着手>2024-04-01</履行期間-着手>"
+            "<履行期間-完了>未定</履行期間-完了></業務件名等></gyomudata>",
+        "INDEX_D.XML");
+    sample->temp.Write("INDE_D06.DTD", "");
+    ASSERT_EQ(sample->document->GetIndexPath(), CopyPath("INDEX_D.XML"));
+    const CString page = PageOf("INDEX_D.XML");
+    EXPECT_THAT(page, HasSubstr("業務管理ファイル"));
+    EXPECT_THAT(page, HasSubstr("<h1>道路&amp;測量</h1>"));
+    EXPECT_THAT(page, HasSubstr("2024年4月1日 ～ 未定"));
+}
+
+TEST_F(Index, FileIsToldByItsNameAndItsDoctypeLine)
+{
+    const CString c07 = DoctypeOf("constdata", "INDE_C07.DTD") + "\n";
+    const CString c03 = DoctypeOf("constdata", "INDE_C03.DTD") + "\n";
+    const CString d03 = DoctypeOf("gyomudata", "INDE_D03.DTD") + "\n";
+    const struct
+    {
+        const char* what;
+        CString bytes;
+        CString name;
+        /// As the copy names it; "none" when no copy is made.
+        CString stylesheet;
+    } cases[] = {
+        {"the first DOCTYPE word decides", c07 + d03, "INDEX_C.XML", "INDE_C07.XSL"},
+        {"on one line that of a 業務", c03 + d03, "INDEX_C.XML", "INDE_C03.XSL"},
+        {"the DTD is looked for under its own kind", DoctypeOf("constdata", "INDE_C03.DTD") + d03,
+         "INDEX_C.XML", "INDE_D03.XSL"},
+        {"no DOCTYPE word", "<?xml version=\"1.0\"?>\n", "INDEX_C.XML", "none"},
+        {"a DTD of nobody", DoctypeOf("constdata", "INDE_C99.DTD") + "\n", "INDEX_C.XML", ""},
+        {"a name in lower case", c07, "index_c.xml", "INDE_C07.XSL"},
+        {"the name of old times", c07, "PHOTO_JH.XML", "INDE_C07.XSL"},
+        {"another name", c07, "INDEX.XML", "none"},
+        {"UTF-16", "\xFF\xFE" + Utf16(c07, false), "INDEX_C.XML", "INDE_C07.XSL"},
+    };
+    for (const auto& c : cases) {
+        const CString root = "<constdata DTD_version=\"07\"/>\n";
+        const bool isWide = c.bytes.starts_with("\xFF\xFE");
+        const auto sample = Deliver(c.bytes + (isWide ? Utf16(root, false) : root), c.name);
+        const CString path = sample->document->GetIndexPath();
+        EXPECT_EQ(path, c.stylesheet == "none" ? "" : CopyPath(c.name)) << c.what;
+        if (path.empty()) continue;
+        const CString copy = *DecodeText(Copied(c.name));
+        EXPECT_THAT(copy, HasSubstr("href=\"" + c.stylesheet + "\"")) << c.what;
+    }
+}
+
+TEST_F(Index, LastNameWinsAndINDEXComesBeforePHOTO)
+{
+    const CString xml =
+        DoctypeOf("constdata", "INDE_C07.DTD") + "\n<constdata DTD_version=\"07\"/>\n";
+    const auto sample = Deliver(xml, "PHOTO_Z.XML");
+    CString index;
+    CString stylesheet;
+    sample->document->GetItemDef()->GetPathAndName(index, stylesheet);
+    EXPECT_EQ(index, sample->temp.Path("PHOTO_Z.XML"));
+    sample->temp.Write("INDEX_C.XML", xml);
+    sample->temp.Write("INDEX_D.XML", "");
+    stylesheet.clear();
+    sample->document->GetItemDef()->GetPathAndName(index, stylesheet);
+    EXPECT_EQ(index, sample->temp.Path("INDEX_D.XML"));
+    EXPECT_EQ(stylesheet, "");
+}
+
+TEST_F(Index, FailsQuietlyAndTriesAgain)
+{
+    const CString xml =
+        DoctypeOf("constdata", "INDE_C07.DTD") + "\n<constdata DTD_version=\"07\"/>\n";
+    const auto sample = Deliver(xml);
+    const CString index = sample->temp.Path("INDEX_C.XML");
+    work.Write("QVScratch", "a file in place of the folder");
+    EXPECT_EQ(sample->document->GetIndexPath(), "");
+    std::filesystem::remove(work.Path("QVScratch"));
+    EXPECT_EQ(sample->document->GetIndexPath(), CopyPath("INDEX_C.XML"));
+    EXPECT_TRUE(sample->services.user.calls.empty());
+    ToviEnouDataFactory factory;
+    EXPECT_EQ(factory.GetNewIndexPath(index, "no folder"), "");
+
+    // What was made before gives way, even when it is a link to somewhere else.
+    const CString precious = work.Write("precious", "precious");
+    std::filesystem::remove(CopyPath("INDEX_C.XML"));
+    std::filesystem::create_symlink(precious, CopyPath("INDEX_C.XML"));
+    EXPECT_NE(factory.GetNewIndexPath(index, MibProgramPath()), "");
+    EXPECT_EQ(work.Read("precious"), "precious");
+    EXPECT_THAT(Copied("INDEX_C.XML"), HasSubstr("href=\"\""));
+}
+
+TEST_F(Index, TakesNothingFromOutsideAndLeavesTheDeliveryAlone)
+{
+    const CString xml =
+        DoctypeOf("constdata", "INDE_C07.DTD") + "\n<constdata DTD_version=\"07\"/>\n";
+    const auto sample = Deliver("");
+    const TempFolder& delivery = sample->temp;
+    std::filesystem::remove(delivery.Path("INDEX_C.XML"));
+    const CString outside = work.Write("outside.xml", xml);
+    std::filesystem::create_symlink(outside, delivery.Path("INDEX_C.XML"));
+    EXPECT_EQ(sample->document->GetIndexPath(), "");
+    std::filesystem::remove(delivery.Path("INDEX_C.XML"));
+    mkfifo(delivery.Path("INDEX_C.XML").c_str(), 0600);
+    EXPECT_EQ(sample->document->GetIndexPath(), "");
+
+    std::filesystem::remove(delivery.Path("INDEX_C.XML"));
+    delivery.Write("INDEX_C.XML", xml);
+    std::filesystem::create_symlink(outside, delivery.Path("INDE_C99.DTD"));
+    EXPECT_EQ(sample->document->GetIndexPath(), CopyPath("INDEX_C.XML"));
+    EXPECT_FALSE(std::filesystem::exists(CopyPath("INDE_C99.DTD")));
+    EXPECT_EQ(delivery.Read("INDEX_C.XML"), xml);
+
+    // A delivery in the very folder of the copies isn't overwritten.
+    ToviEnouDataFactory factory;
+    EXPECT_EQ(factory.GetNewIndexPath(CopyPath("INDEX_C.XML"), "/a/B.XSL"), "");
+    EXPECT_THAT(Copied("INDEX_C.XML"), HasSubstr("INDE_C07.XSL"));
+}
+} // namespace
