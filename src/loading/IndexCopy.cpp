@@ -1,5 +1,6 @@
 #include "loading/IndexCopy.h"
 
+#include "loading/IndexStylesheets.h"
 #include "loading/WorkFolder.h"
 #include "platform/AtomicFile.h"
 #include "platform/MibFile.h"
@@ -13,8 +14,6 @@ constexpr std::string_view instructionWord = "xml-stylesheet";
 constexpr std::string_view instructionEnd = "?>";
 constexpr std::string_view rootWord = "DTD_version";
 constexpr const char* copyFolderName = "IndexCopy";
-/// An index file has some kilobytes.
-constexpr std::size_t largestFile = std::size_t{64} << 20;
 constexpr std::size_t notFound = std::string_view::npos;
 
 /// The characters from the first to behind the last, which the new instruction replaces.
@@ -117,7 +116,7 @@ std::string Widened(std::string_view ascii, Width width)
 /// Copies the file \p from into \p folder under its own name.
 void CopyInto(const CString& folder, const CString& from)
 {
-    const auto bytes = MibReadFile(from, largestFile);
+    const auto bytes = MibReadFile(from, largestIndexFile);
     if (bytes) static_cast<void>(WriteFileAtomically(folder + MibGetFileName(from), *bytes));
 }
 
@@ -157,7 +156,7 @@ CString MakeIndexCopy(const CString& indexPath, const CString& stylesheetPath)
     // Neither a link out of the delivery is followed nor a delivery overwritten that lies here.
     if (!MibIsInside(source, indexPath) || MibIsInside(folder, indexPath)) return {};
     if (stylesheetPath.find('/') == CString::npos) return {};
-    const auto bytes = MibReadFile(indexPath, largestFile);
+    const auto bytes = MibReadFile(indexPath, largestIndexFile);
     const CString copy = folder + MibGetFileName(indexPath);
     if (!bytes ||
         !WriteFileAtomically(copy, WithStylesheet(*bytes, MibGetFileName(stylesheetPath)))) {

@@ -80,6 +80,7 @@ CString FindIndexFile(const CString& folder)
 
 CString ReadIndexDoctypeLine(const CString& indexPath)
 {
+    if (MibFileSize(indexPath) > largestIndexFile) return {};
     TextFile file(indexPath);
     CString line;
     while (file.ReadLine(line)) {

@@ -6,6 +6,10 @@
 /// The folder beside the program that holds the stylesheets, with a separator at its end.
 constexpr const char* stylesheetFolder = "XSLPLATE/";
 
+/// An index file has some kilobytes; one with more bytes than this counts as one that can't be
+/// read.
+constexpr std::size_t largestIndexFile = std::size_t{64} << 20;
+
 /// The delivery's index file in \p folder: the last that is named as one, or empty.
 CString FindIndexFile(const CString& folder);
 

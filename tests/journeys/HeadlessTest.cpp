@@ -178,6 +178,39 @@ TEST_F(Headless, SaysWhatIsWrongAndWhatToDo)
     }
 }
 
+TEST_F(Headless, PreparesTheIndexInTheWorkFolder)
+{
+    temp.Write("config/tovi/registry.ini",
+               "[SOFTWARE\\Orvane Systems\\QVHomeKey]\nQVScratch=sz:" + temp.MakeFolder("work"));
+    const CString folder = Sample({"--photos", "1", "--no-images"});
+    const auto before = Fingerprint(folder);
+    const CString copies = temp.Path("work/QVScratch/QV-SUITE/IndexCopy/");
+
+    const ProgramResult made = Run({"tovi", "index", folder});
+    EXPECT_EQ(made.status, 0);
+    EXPECT_EQ(made.errors, "");
+    EXPECT_EQ(Json::parse(made.output), Json({{"path", copies + "INDEX_C.XML"}}));
+    EXPECT_THAT(temp.Read("work/QVScratch/QV-SUITE/IndexCopy/INDE_C07.XSL"),
+                HasSubstr("xsl:stylesheet"));
+    EXPECT_EQ(Fingerprint(folder), before);
+
+    const auto errorsWith = [&](const CString& index) {
+        temp.Write("sample/INDEX_C.XML", index);
+        return Run({"tovi", "index", folder}).errors;
+    };
+    EXPECT_THAT(errorsWith("<constdata/>"), HasSubstr("DOCTYPEの行がありません"));
+    const CString doctype = "<!DOCTYPE constdata SYSTEM \"INDE_C07.DTD\">\n";
+    EXPECT_THAT(errorsWith(ReplaceAll(doctype, "C07", "C99")), HasSubstr("スタイルシートがない"));
+    EXPECT_EQ(errorsWith(doctype), "");
+    std::filesystem::remove(folder + "/INDEX_C.XML");
+    EXPECT_THAT(Run({"tovi", "index", folder}).errors, HasSubstr("INDEX_*.XML"));
+    EXPECT_EQ(Run({"tovi", "index", folder}).status, 1);
+    temp.Write("sample/INDEX_C.XML", doctype);
+    std::filesystem::remove_all(temp.Path("work/QVScratch"));
+    temp.Write("work/QVScratch", "");
+    EXPECT_THAT(Run({"tovi", "index", folder}).errors, HasSubstr("作業フォルダ"));
+}
+
 TEST_F(Headless, RefusesToMakeASampleWhereSomethingIs)
 {
     const CString folder = Sample({"--photos", "2", "--no-images"});

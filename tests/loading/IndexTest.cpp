@@ -322,6 +322,10 @@ TEST_F(Index, TakesNothingFromOutsideAndLeavesTheDeliveryAlone)
     std::filesystem::remove(delivery.Path("INDEX_C.XML"));
     mkfifo(delivery.Path("INDEX_C.XML").c_str(), 0600);
     EXPECT_EQ(sample->document->GetIndexPath(), "");
+    std::filesystem::remove(delivery.Path("INDEX_C.XML"));
+    delivery.Write("INDEX_C.XML", xml);
+    std::filesystem::resize_file(delivery.Path("INDEX_C.XML"), std::uintmax_t{1} << 40);
+    EXPECT_EQ(sample->document->GetIndexPath(), "") << "a terabyte";
 
     std::filesystem::remove(delivery.Path("INDEX_C.XML"));
     delivery.Write("INDEX_C.XML", xml);
