@@ -22,8 +22,10 @@ CString DoctypeOf(const CString& root, const CString& dtd)
     return "<!DOCTYPE " + root + " SYSTEM \"" + dtd + "\">";
 }
 
-TEST(IndexStylesheet, DependsOnKindDtdAndFamily)
+TEST(IndexStylesheet, DependsOnKindDtdAndFamilyAndIsInstalled)
 {
+    const TestHost services;
+    const CString folder = MibProgramPath() + stylesheetFolder;
     const struct
     {
         PhotoXMLType family;
@@ -54,30 +56,8 @@ TEST(IndexStylesheet, DependsOnKindDtdAndFamily)
     for (const auto& c : cases) {
         EXPECT_EQ(FindIndexStylesheet(c.family, DoctypeOf(c.root, c.dtd)), c.expected)
             << c.dtd << " " << c.family;
+        EXPECT_TRUE(*c.expected == '\0' || MibIsFileExist(folder + c.expected)) << c.expected;
     }
-}
-
-TEST(IndexStylesheet, IsInstalledUnderEveryName)
-{
-    const TestHost services;
-    const CString folder = MibProgramPath() + stylesheetFolder;
-    int found = 0;
-    for (const char* root : {"constdata", "gyomudata"}) {
-        for (const char* dtd :
-             {"INDE_C01", "INDE_C02", "INDE_C03", "INDE_C04", "INDE_C05", "INDE_C06", "INDE_C07",
-              "INDEC02N", "IND_EC03", "IND_EC05", "IND_MC01", "IND_MC02", "IND_MC03", "PHOT_JH1",
-              "PHOT_JH4", "INDE_D02", "INDE_D03", "INDE_D04", "INDE_D05", "INDE_D06", "INDED02N",
-              "IND_ED03", "IND_ED04", "IND_MD01", "IND_MD02", "IND_MD03"}) {
-            for (int family = 0; family < 4; ++family) {
-                const CString name = FindIndexStylesheet(static_cast<PhotoXMLType>(family),
-                                                         DoctypeOf(root, CString(dtd) + ".DTD"));
-                if (name.empty()) continue;
-                ++found;
-                EXPECT_TRUE(MibIsFileExist(folder + name)) << name;
-            }
-        }
-    }
-    EXPECT_EQ(found, 60);
     EXPECT_TRUE(MibIsFileExist(folder + "MAFF_E/INDEX_C.XSL"));
 }
 
