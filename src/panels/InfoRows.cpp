@@ -1,6 +1,6 @@
 #include "panels/InfoRows.h"
 
-#include "imagefacts/ControlValueParser.h"
+#include "imagefacts/ToviControlValueArray.h"
 
 std::vector<std::vector<CString>> InfoRows(const ToviItemShowSettings& settings,
                                            const ToviTextPairArray& pairs)
