@@ -50,6 +50,8 @@ ToviNamePlate::ToviNamePlate(QWidget* parent)
 {
     SetWindowId(this, idNamePlate);
     setFocusPolicy(Qt::TabFocus);
+    photoButton->installEventFilter(this);
+    checkButton->installEventFilter(this);
     for (unsigned int label = 0; label < labelCount; ++label) {
         buttons[label] = new ToviLabelButton(label, this);
         connect(buttons[label], &ToviLabelButton::Flipped, this, &ToviNamePlate::LabelFlipped);
@@ -111,6 +113,17 @@ void ToviNamePlate::ShowLabels(const ToviPhoto& photo)
     }
     const CString& comment = photo.GetComment();
     buttons[LabelComment]->setToolTip(ToolTipText(comment.empty() ? "コメント未記入" : comment));
+}
+
+/// A disabled button keeps clicks to itself; those on a mark are meant for the plate.
+bool ToviNamePlate::eventFilter(QObject*, QEvent* event)
+{
+    if (event->type() == QEvent::MouseButtonPress) {
+        mousePressEvent(static_cast<QMouseEvent*>(event));
+    } else if (event->type() == QEvent::MouseButtonDblClick) {
+        mouseDoubleClickEvent(static_cast<QMouseEvent*>(event));
+    }
+    return false;
 }
 
 void ToviNamePlate::paintEvent(QPaintEvent*)
