@@ -1,7 +1,7 @@
 #include "panels/ToviNamePlate.h"
 
 #include "panels/CellChild.h"
-#include "panels/CellLayout.h"
+#include "panels/CellRect.h"
 #include "panels/Pictures.h"
 #include "panels/ToviLabelButton.h"
 #include "platform/controls/GaluMultiStatusButton.h"
@@ -32,11 +32,6 @@ GaluMultiStatusButton* MakeMark(int pictures, std::initializer_list<const char*>
     mark->setEnabled(false);
     SetWindowId(mark, id);
     return mark;
-}
-
-QRect AsRect(const CellPlace& place)
-{
-    return {place.x, place.y, place.width, place.height};
 }
 } // namespace
 

@@ -2,8 +2,9 @@
 
 #include "dialogs/ToviInputCommentDlg.h"
 #include "imagefacts/ControlValueParser.h"
+#include "imagefacts/ToviControlValueArray.h"
 #include "panels/CellChild.h"
-#include "panels/CellLayout.h"
+#include "panels/CellRect.h"
 #include "panels/ToviControlValueTable.h"
 #include "panels/ToviLabelButton.h"
 #include "panels/ToviNamePlate.h"
@@ -34,11 +35,6 @@ constexpr auto loadDelay = 100ms;
 constexpr int valuePaneHeight = 75;
 constexpr int smallestPaneHeight = 40;
 constexpr QColor failColor(230, 255, 230);
-
-QRect AsRect(const CellPlace& place)
-{
-    return {place.x, place.y, place.width, place.height};
-}
 
 /// Shows \p shown where \p hidden stood. The focus stays in this place: left to itself, Qt would
 /// move it on to some other cell.

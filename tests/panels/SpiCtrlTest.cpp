@@ -1,5 +1,6 @@
 #include "dialogs/ToviInputCommentDlg.h"
 #include "panels/CellChild.h"
+#include "panels/ToviCommentWindow.h"
 #include "panels/ToviControlValueTable.h"
 #include "panels/ToviLabelButton.h"
 #include "panels/ToviNamePlate.h"
@@ -495,12 +496,31 @@ TEST(SpiCtrl, ShowsSelectionAndFactsOnThePlate)
     EXPECT_THAT(marks, ElementsAre(0, 1, 2, 0));
 }
 
-TEST(SpiCtrl, TellsALongTitleWholeInTheTip)
+TEST(SpiCtrl, TellsALongTitleWholeInTheTipWithoutObeyingIt)
 {
-    const ShownCell shown(titled);
-    const CString tip = const_cast<ShownCell&>(shown).Plate()->toolTip().toStdString();
-    EXPECT_THAT(tip, testing::HasSubstr("掘削状況掘削状況"));
+    ShownCell shown(titled);
+    const CString tip = shown.Plate()->toolTip().toStdString();
+    EXPECT_THAT(tip, testing::HasSubstr(LongTitle().substr(LongTitle().find("掘削"))));
     EXPECT_THAT(tip, testing::Not(testing::HasSubstr("<img")));
+}
+
+TEST(SpiCtrl, TakesTheStripOfACommentForAPartOfItself)
+{
+    ShownCell shown(whole);
+    ToviCommentWindow strip;
+    strip.Create("確認", {0, 0, 373, 30}, shown.cell.get(), 1136, 0);
+    strip.ShowIfAny(true);
+    QObject::connect(&strip, &ToviCommentWindow::Clicked, shown.cell.get(),
+                     &ToviSpiCtrl::OnCommentWindowClicked);
+    QObject::connect(&strip, &ToviCommentWindow::DoubleClicked, shown.cell.get(),
+                     &ToviSpiCtrl::OnCommentWindowDblClicked);
+    QTest::mouseClick(&strip, Qt::LeftButton);
+    EXPECT_THAT(shown.Told(), ElementsAre(clicked));
+    EXPECT_TRUE(strip.hasFocus());
+    AnswerComment(QStringLiteral("再確認"), true);
+    QTest::mouseDClick(&strip, Qt::LeftButton);
+    EXPECT_EQ(shown.Photo().GetComment(), "再確認");
+    EXPECT_THAT(shown.Labels(), ElementsAre(LabelComment));
 }
 
 TEST(SpiCtrl, NamesTheLabelsAsTheUserDoes)
