@@ -50,6 +50,7 @@ public:
     /// Lets go of a photograph that the user drags.
     void ClearAnchor();
     /// Draws the name plate anew, in the colours of the selected photograph if this one is.
+    /// \p erase isn't read: all of it is drawn in any case.
     virtual void InvalidateNamePlate(bool erase = true);
     /// The size of the photograph's window.
     QSize GetImageSize() const;
