@@ -147,13 +147,10 @@ struct FolderPanel : ShownPanel<ToviFolderTreePanel>
     /// when no menu opens.
     bool Menu(std::optional<QPoint> place, const char* command)
     {
-        if (place) {
-            QContextMenuEvent event(QContextMenuEvent::Mouse, *place,
-                                    Tree()->viewport()->mapToGlobal(*place));
-            QApplication::sendEvent(Tree()->viewport(), &event);
-        } else {
-            QTest::keyClick(window.windowHandle(), Qt::Key_Menu);
-        }
+        const QPoint at = place.value_or(QPoint());
+        QContextMenuEvent event(place ? QContextMenuEvent::Mouse : QContextMenuEvent::Keyboard, at,
+                                Tree()->viewport()->mapToGlobal(at));
+        QApplication::sendEvent(place ? Tree()->viewport() : QApplication::focusWidget(), &event);
         auto* menu = panel->findChild<QMenu*>();
         if (!menu->isVisible()) return false;
         for (QAction* action : menu->actions()) {
