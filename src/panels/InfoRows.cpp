@@ -2,6 +2,11 @@
 
 #include "imagefacts/ToviControlValueArray.h"
 
+#include <algorithm>
+
+/// What a few characters need; a list that is narrower scrolls.
+static constexpr int smallestColumnWidth = 60;
+
 std::vector<std::vector<CString>> InfoRows(const ToviItemShowSettings& settings,
                                            const ToviTextPairArray& pairs)
 {
@@ -17,8 +22,8 @@ std::vector<std::vector<CString>> InfoRows(const ToviItemShowSettings& settings,
 
 std::pair<int, int> InfoColumnWidths(int width, bool showTitle, bool isBeside)
 {
-    const int titles = width / 2;
-    const int values = width - titles;
+    const int titles = std::max(width / 2, smallestColumnWidth);
+    const int values = std::max(width - width / 2, smallestColumnWidth);
     if (showTitle) return {titles, values};
     return {0, isBeside ? values / 3 : values};
 }

@@ -171,6 +171,7 @@ TEST(InfoRows, ShareTheWidthOfTheList)
 {
     using Widths = std::pair<int, int>;
     EXPECT_EQ(InfoColumnWidths(261, true, true), Widths(130, 131));
+    EXPECT_EQ(InfoColumnWidths(61, true, true), Widths(60, 60));
     EXPECT_EQ(InfoColumnWidths(261, false, false), Widths(0, 131));
     EXPECT_EQ(InfoColumnWidths(261, false, true), Widths(0, 43));
 }
