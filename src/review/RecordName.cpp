@@ -1,0 +1,35 @@
+#include "review/RecordName.h"
+
+#include <algorithm>
+
+namespace
+{
+/// Bytes of the title; a file name has room for 255.
+constexpr std::size_t longestTitle = 180;
+
+CString FileNamePart(std::string_view title)
+{
+    constexpr std::string_view forbidden = "\\/:*?\"<>|";
+    CString name;
+    while (!title.empty()) {
+        const char32_t letter = TakeCodePoint(title);
+        const bool isControl = letter < U' ' || letter == 0x7f;
+        const bool isForbidden =
+            letter < 0x80 && forbidden.find(static_cast<char>(letter)) != std::string_view::npos;
+        if (isControl || isForbidden) continue;
+        CString longer = name;
+        AppendUtf8(longer, letter);
+        if (longer.size() > longestTitle) break;
+        name = longer;
+    }
+    name = Trimmed(name);
+    // A name that begins with a point would be hidden.
+    return name.substr(std::min(name.find_first_not_of('.'), name.size()));
+}
+} // namespace
+
+CString ProposedRecordPath(const CString& folder, const CString& title)
+{
+    const CString name = FileNamePart(title);
+    return folder + '/' + (name.empty() ? "検査状況" : name + " 検査状況") + ".xml";
+}

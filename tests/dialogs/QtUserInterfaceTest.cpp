@@ -1,0 +1,151 @@
+#include "dialogs/QtUserInterface.h"
+#include "dialogs/ProgressWindow.h"
+#include "platform/HostServices.h"
+#include "reports/ToviProgressDlg.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTest>
+#include <QTimer>
+
+namespace
+{
+/// A main window with the user interface over it, installed as the host's.
+struct Host
+{
+    Host()
+    {
+        user.SetMainWindow(&main);
+        InstallHostServices({&user, nullptr, "Tovi", ""});
+        main.show();
+    }
+    ~Host() { InstallHostServices({}); }
+
+    QWidget main;
+    QtUserInterface user;
+};
+
+/// Presses \p key in the window that comes up next.
+void PressInNextWindow(Qt::Key key)
+{
+    QTimer::singleShot(0, qApp, [key] {
+        ASSERT_NE(QApplication::activeModalWidget(), nullptr);
+        QTest::keyClick(QApplication::activeModalWidget(), key);
+    });
+}
+
+TEST(QtUserInterface, AnswersAsTheKeysSay)
+{
+    const struct
+    {
+        MessageButtons buttons;
+        Qt::Key key;
+        MessageAnswer answer;
+    } cases[] = {{MessageButtons::Ok, Qt::Key_Return, MessageAnswer::Ok},
+                 {MessageButtons::Ok, Qt::Key_Escape, MessageAnswer::Ok},
+                 {MessageButtons::OkCancel, Qt::Key_Return, MessageAnswer::Ok},
+                 {MessageButtons::OkCancel, Qt::Key_Escape, MessageAnswer::Cancel},
+                 {MessageButtons::YesNo, Qt::Key_Return, MessageAnswer::Yes},
+                 {MessageButtons::YesNo, Qt::Key_Escape, MessageAnswer::No},
+                 {MessageButtons::YesNoCancel, Qt::Key_Escape, MessageAnswer::Cancel}};
+    Host host;
+    for (const auto& expected : cases) {
+        PressInNextWindow(expected.key);
+        EXPECT_EQ(
+            host.user.ShowMessage("<b>本文</b>", "見出し", expected.buttons, MessageIcon::Question),
+            expected.answer);
+    }
+}
+
+TEST(QtUserInterface, ProposesTheFirstOptionAndCancelToEnter)
+{
+    Host host;
+    Choice choice;
+    choice.title = "付箋の一括訂正";
+    choice.notes.Add("説明");
+    choice.options.Add({"一つ目", "一つ目の説明"});
+    choice.options.Add({"二つ目", ""});
+    int option = -1;
+    PressInNextWindow(Qt::Key_Return);
+    EXPECT_FALSE(host.user.Choose(choice, option));
+    EXPECT_EQ(option, -1);
+    QTimer::singleShot(0, qApp, [] {
+        QWidget* dialog = QApplication::activeModalWidget();
+        const auto radios = dialog->findChildren<QRadioButton*>();
+        EXPECT_TRUE(radios.at(0)->isChecked());
+        QTest::mouseClick(radios.at(1), Qt::LeftButton, {}, QPoint(8, radios.at(1)->height() / 2));
+        for (QPushButton* button : dialog->findChildren<QPushButton*>()) {
+            if (!button->isDefault()) QTest::mouseClick(button, Qt::LeftButton);
+        }
+    });
+    EXPECT_TRUE(host.user.Choose(choice, option));
+    EXPECT_EQ(option, 1);
+}
+
+TEST(ProgressWindow, CountsAndTellsOfACancelOnce)
+{
+    Host host;
+    ToviProgressDlg progress(false);
+    ASSERT_TRUE(progress.Create(nullptr));
+    progress.SetRange(0, 4);
+    progress.Show();
+    EXPECT_FALSE(host.main.isEnabled());
+    progress.StepIt();
+    auto* window = host.main.findChild<ProgressWindow*>();
+    ASSERT_NE(window, nullptr);
+    EXPECT_TRUE(window->isEnabled());
+    EXPECT_EQ(window->bar->value(), 1);
+    EXPECT_EQ(window->percent->text(), QStringLiteral("25%"));
+    QTest::mouseClick(window->cancelButton, Qt::LeftButton);
+    EXPECT_TRUE(progress.GetCancel());
+    EXPECT_FALSE(progress.GetCancel());
+    window->close();
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_TRUE(progress.GetCancel()) << "the close box is a cancel, too";
+    progress.DestroyWindow();
+    EXPECT_TRUE(host.main.isEnabled());
+    EXPECT_EQ(host.main.findChild<ProgressWindow*>(), nullptr);
+}
+
+TEST(ProgressWindow, KeepsItsOwnerOpenUntilTheWorkIsDone)
+{
+    Host host;
+    auto progress = std::make_unique<ToviProgressDlg>(false);
+    progress->SetCancelBtnEnabled(false);
+    progress->Create(nullptr);
+    progress->SetRange(0, 2);
+    progress->Show();
+    auto* window = host.main.findChild<ProgressWindow*>();
+    EXPECT_FALSE(window->cancelButton->isVisible());
+    window->close();
+    EXPECT_FALSE(progress->GetCancel()) << "what can't be cancelled was";
+    host.main.close();
+    EXPECT_TRUE(host.main.isVisible());
+    progress->StepIt();
+    progress.reset();
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(host.main.isVisible()) << "the request was forgotten";
+}
+
+TEST(ProgressWindow, SurvivesItsOwner)
+{
+    auto main = std::make_unique<QWidget>();
+    QtUserInterface user;
+    user.SetMainWindow(main.get());
+    InstallHostServices({&user, nullptr, "Tovi", ""});
+    ToviProgressDlg progress(false);
+    progress.Create(nullptr);
+    progress.SetRange(0, 3);
+    progress.Show();
+    main.reset();
+    progress.StepIt();
+    EXPECT_FALSE(progress.GetCancel());
+    EXPECT_FALSE(progress.DestroyWindow());
+    InstallHostServices({});
+}
+} // namespace
