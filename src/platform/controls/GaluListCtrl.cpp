@@ -36,7 +36,7 @@ protected:
         const QPointer<GaluListCtrl> alive = list;
         const bool isEnter = key == Qt::Key_Return || key == Qt::Key_Enter;
         if (isEnter && list->GetSelected() >= 0) emit list->DoubleClicked(list->GetSelected());
-        if (alive) emit list->KeyPressed(key, before);
+        if (alive) list->OnKey(key, before);
     }
 
     void mousePressEvent(QMouseEvent* event) override
@@ -252,6 +252,11 @@ void GaluListCtrl::SetIconSpacing(QSize imageSize, QSize spacing)
 bool GaluListCtrl::IsKeyIgnored(int) const
 {
     return false;
+}
+
+void GaluListCtrl::OnKey(int key, int markBefore)
+{
+    emit KeyPressed(key, markBefore);
 }
 
 bool GaluListCtrl::eventFilter(QObject* watched, QEvent* event)

@@ -76,6 +76,8 @@ signals:
 protected:
     /// True for a key that the list is to leave alone altogether. None at first.
     virtual bool IsKeyIgnored(int key) const;
+    /// Tells of a key that was handled, by KeyPressed.
+    virtual void OnKey(int key, int markBefore);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
