@@ -21,7 +21,7 @@ class TOVI_EXPORT ToviPhotoListCtrl : public GaluListCtrl
 
 public:
     /// An empty list; one of the two calls below fills it. \p theSource outlives it.
-    ToviPhotoListCtrl(Look look, PhotoListSource& theSource, QWidget* parent);
+    ToviPhotoListCtrl(Look listLook, PhotoListSource& theSource, QWidget* parent);
 
     /// Fills the list anew and drops all tiles. The source's selected row, or the first if there is
     /// none, is selected (which ItemSelected tells) and in view, and the floaty scheduled. Tiles
@@ -78,6 +78,7 @@ private:
     bool FilterFloaty(QEvent& event);
     int LeadingColumnsWidth() const;
 
+    PhotoListSource& source;
     PhotoListTable* table;
     QTimer timer;
     WenToolBarCtrl* floaty = nullptr;

@@ -151,6 +151,8 @@ void GaluListCtrl::SetUpReport()
     report->header()->setSectionsMovable(false);
     report->header()->setStretchLastSection(false);
     report->header()->setMinimumSectionSize(0);
+    // A column is fitted to the rows in sight.
+    report->header()->setResizeContentsPrecision(0);
     report->header()->viewport()->installEventFilter(this);
     connect(report->header(), &QHeaderView::sectionResized, this, [this] {
         if (headerPressed && !headerDragged) emit HeaderDragBegan();

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "panels/PhotoListSource.h"
+
+#include <QAbstractTableModel>
+#include <QCache>
+#include <QIcon>
+#include <QPixmap>
+
+class GaluListCtrl;
+
+/// The rows of a PhotoListSource for the view of a list. What the view asks for is asked of the
+/// source; of that, only tiles are kept, as far as there is room.
+class PhotoListTable : public QAbstractTableModel
+{
+    Q_OBJECT
+
+public:
+    /// For \p theList, which is its parent.
+    PhotoListTable(PhotoListSource& theSource, GaluListCtrl* theList);
+
+    /// Takes the source's rows and columns over and drops all tiles.
+    void Refill();
+    void DropTile(int row) { tiles.remove(row); }
+    void DropTiles() { tiles.clear(); }
+
+    int rowCount(const QModelIndex& parent = QModelIndex()) const override;
+    int columnCount(const QModelIndex& parent = QModelIndex()) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+private:
+    bool ShowsTiles() const;
+    CString Text(const QModelIndex& index) const;
+    QVariant Picture(const QModelIndex& index) const;
+    QPixmap Tile(int row) const;
+    QVariant RowSize(int row) const;
+
+    PhotoListSource& source;
+    GaluListCtrl* list;
+    int rows = 0;
+    std::vector<CString> columns;
+    std::vector<QIcon> stateIcons;
+    /// By row. The view asks through const calls.
+    mutable QCache<int, QPixmap> tiles;
+};
