@@ -6,7 +6,6 @@
 
 namespace
 {
-constexpr const char* svgFolder = "QVフォトビューアー";
 constexpr const char* workFileEnd = "_Exif.JPEG";
 constexpr int longestFolder = 260;
 
@@ -135,7 +134,7 @@ void ToviExifInfo::SetMainImagePath(const CString& svgPath)
     mainImagePath.clear();
     CString folder = SuiteFolder();
     if (folder.empty() || Cp932::ByteLength(folder) >= longestFolder) return;
-    folder += svgFolder;
+    folder += svgWorkFolder;
     MibNormalDir(folder);
     // The folders above may be missing too: nobody else makes them before their own first use.
     if (!MibIsFolderExist(folder)) MibCreateDirectory(folder);

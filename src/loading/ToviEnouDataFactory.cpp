@@ -2,9 +2,12 @@
 
 #include "document/ToviData.h"
 #include "loading/IndexCopy.h"
+#include "loading/MediaCombine.h"
 #include "loading/PhotoXmlReader.h"
 #include "platform/DoxDocument.h"
 #include "platform/MibFile.h"
+
+#include <utility>
 
 ToviData* ToviEnouDataFactory::OnNewDocumentInstance(CDocument* host)
 {
@@ -43,4 +46,18 @@ CString ToviEnouDataFactory::GetNewIndexPath(const CString& indexPath,
                                              const CString& stylesheetPath)
 {
     return MakeIndexCopy(indexPath, stylesheetPath);
+}
+
+bool ToviEnouDataFactory::StartCombineProc(CString path, ToviData* opened, bool rebuildPaths)
+{
+    if (opened == nullptr) return false;
+    MediaCombine combine(*opened);
+    const bool ended = combine.Run(std::move(path), rebuildPaths);
+    dataFolderPath = combine.DataFolderPath();
+    return ended;
+}
+
+void ToviEnouDataFactory::DeleteTempData()
+{
+    FindCombineArea().Delete();
 }

@@ -13,10 +13,21 @@ public:
     /// Makes the copy of an index file that a browser shows, see MakeIndexCopy.
     CString GetNewIndexPath(const CString& indexPath, const CString& stylesheetPath);
 
+    /// Gathers the delivery that is open as \p opened from its discs, beginning with \p path, the
+    /// folder of PHOTO.XML (see MediaCombine::Run). True when the run ended normally, also when the
+    /// user gave up with files still missing; false, after a message, when it failed.
+    bool StartCombineProc(CString path, ToviData* opened, bool rebuildPaths);
+    /// Removes what StartCombineProc has copied to the local disk, also in an earlier run of the
+    /// program. A delivery that was opened from there is gone with it.
+    void DeleteTempData();
+    /// The folder from which StartCombineProc opened the delivery in the end.
+    CString GetDataFolderPath() { return dataFolderPath; }
+
 protected:
     ToviData* OnNewDocumentInstance(CDocument* host) override;
     bool OnLoad(ToviLoadCallback callback, void* arg) override;
 
 private:
     CString problem;
+    CString dataFolderPath;
 };

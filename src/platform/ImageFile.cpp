@@ -5,6 +5,7 @@
 #include "platform/MibFile.h"
 #include "platform/QtText.h"
 #include "platform/SvgPhoto.h"
+#include "platform/SvgRendering.h"
 
 #include <QBuffer>
 #include <QFile>
@@ -51,11 +52,6 @@ bool IsSvg(const CString& path)
     return EqualNoCase(MibGetExt(path), ".svg");
 }
 
-std::optional<std::string> ReadPictureBytes(const CString& path)
-{
-    return IsSvg(path) ? ReadMainImageOfSvg(path) : MibReadFile(path, largestFile);
-}
-
 /// Lets the content of \p source decide about its format, and not its name.
 void Prepare(QImageReader& reader, QIODevice& source)
 {
@@ -79,11 +75,34 @@ qint64 PixelsOf(const QSize& size)
     return static_cast<qint64>(size.width()) * size.height();
 }
 
-QSize Reduced(const QSize& size, int longestSide)
+QSize Reduced(const QSize& size, const QSize& within)
 {
-    const bool fits = std::max(size.width(), size.height()) <= longestSide;
-    if (longestSide == 0 || fits) return size;
-    return size.scaled(longestSide, longestSide, Qt::KeepAspectRatio).expandedTo({1, 1});
+    const bool fits = size.width() <= within.width() && size.height() <= within.height();
+    if (within.isEmpty() || fits) return size;
+    return size.scaled(within, Qt::KeepAspectRatio).expandedTo({1, 1});
+}
+
+QImage Decode(const std::string& bytes, const QSize& within)
+{
+    QByteArray shared = QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()));
+    QBuffer buffer(&shared);
+    QImageReader reader;
+    Prepare(reader, buffer);
+    if (!IsLetIn(reader)) return {};
+    const QSize size = reader.size();
+    if (size.isEmpty() || PixelsOf(size) > mostPixels) return {};
+    const bool isJpeg = reader.format() == "jpeg";
+    if (isJpeg && !IsCompleteJpeg(bytes)) return {};
+    const QSize wanted = Reduced(size, within);
+    // Only JPEG is decoded at a reduced size; every other format is decoded whole first.
+    const QSize decoded = isJpeg ? wanted : size;
+    if (PixelsOf(decoded) > mostPixelsDecoded) return {};
+    if (isJpeg && wanted != size) reader.setScaledSize(wanted);
+    const QImage image = reader.read();
+    if (isJpeg || image.isNull() || wanted == size) return image;
+    return image
+        .convertToFormat(image.hasAlphaChannel() ? QImage::Format_ARGB32 : QImage::Format_RGB32)
+        .scaled(Reduced(image.size(), within), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 } // namespace
 
@@ -114,27 +133,19 @@ std::optional<QSize> ReadImageSize(const CString& path)
 
 QImage ReadImage(const CString& path, int longestSide)
 {
-    const std::optional<std::string> bytes = ReadPictureBytes(path);
-    if (!bytes) return {};
-    QByteArray shared =
-        QByteArray::fromRawData(bytes->data(), static_cast<qsizetype>(bytes->size()));
-    QBuffer buffer(&shared);
-    QImageReader reader;
-    Prepare(reader, buffer);
-    if (!IsLetIn(reader)) return {};
-    const QSize size = reader.size();
-    if (size.isEmpty() || PixelsOf(size) > mostPixels) return {};
-    const bool isJpeg = reader.format() == "jpeg";
-    if (isJpeg && !IsCompleteJpeg(*bytes)) return {};
-    const QSize wanted = Reduced(size, longestSide);
-    // Only JPEG is decoded at a reduced size; every other format is decoded whole first.
-    const QSize decoded = isJpeg ? wanted : size;
-    if (PixelsOf(decoded) > mostPixelsDecoded) return {};
-    if (isJpeg && wanted != size) reader.setScaledSize(wanted);
-    const QImage image = reader.read();
-    if (isJpeg || image.isNull() || wanted == size) return image;
-    return image
-        .convertToFormat(image.hasAlphaChannel() ? QImage::Format_ARGB32 : QImage::Format_RGB32)
-        .scaled(Reduced(image.size(), longestSide), Qt::IgnoreAspectRatio,
-                Qt::SmoothTransformation);
+    const QSize within(longestSide, longestSide);
+    if (IsSvg(path)) return ReadSvgImage(path, within);
+    const std::optional<std::string> bytes = MibReadFile(path, largestFile);
+    return bytes ? Decode(*bytes, within) : QImage();
+}
+
+QImage ReadSvgImage(const CString& path, const QSize& within)
+{
+    const std::optional<SvgContent> content = ReadSvgContent(path);
+    if (!content || content->linksOutside) return {};
+    // What is left out of a drawing is drawn as nothing: a photograph must not be.
+    if (content->mainImage && !IsCompleteJpeg(*content->mainImage)) return {};
+    QImage drawn = RenderSvg(path, within);
+    if (drawn.isNull() && content->mainImage) return Decode(*content->mainImage, within);
+    return drawn;
 }

@@ -15,3 +15,9 @@ std::optional<QSize> ReadImageSize(const CString& path);
 /// pixels (0: not reduced), and turns it as its Exif orientation says. A null image when that
 /// fails.
 QImage ReadImage(const CString& path, int longestSide);
+
+/// The picture of the SVG file \p path with all its layers, as large as it fits into \p within but
+/// never enlarged; an empty size sets no bounds. Where it can't be drawn its embedded photograph
+/// stands for it. A null image when that is missing too or cut off, or when a picture in the file
+/// lies outside of it.
+QImage ReadSvgImage(const CString& path, const QSize& within);

@@ -74,6 +74,24 @@ bool ScriptedUserInterface::ChooseFolder(CString& folder, const CString& title,
     return chosen.has_value();
 }
 
+bool ScriptedUserInterface::AskFolder(const FolderQuestion& question, CString& folder)
+{
+    calls.push_back({CallKind::FolderQuestion, folder, question.title, {}, {}, {}});
+    folderQuestion = question;
+    const std::optional<CString> chosen = TakeFirst(folders, std::optional<CString>());
+    folder = chosen.value_or(folder);
+    return chosen.has_value();
+}
+
+bool ScriptedUserInterface::ChooseSaveFile(const SaveQuestion& question, CString& path)
+{
+    calls.push_back({CallKind::SaveQuestion, question.name, {}, {}, {}, {}});
+    saveQuestion = question;
+    const std::optional<CString> chosen = TakeFirst(saveFiles, std::optional<CString>());
+    path = chosen.value_or(path);
+    return chosen.has_value();
+}
+
 bool ScriptedUserInterface::Choose(const Choice& asked, int& option)
 {
     calls.push_back({CallKind::Choice, asked.title, {}, {}, {}, {}});
@@ -87,6 +105,7 @@ bool ScriptedUserInterface::Choose(const Choice& asked, int& option)
 void ScriptedUserInterface::ShowProgress(const CString& text)
 {
     calls.push_back({CallKind::Progress, text, {}, {}, {}, {}});
+    if (onProgress) onProgress(text);
 }
 
 std::unique_ptr<ProgressPort> ScriptedUserInterface::CreateProgress(CWnd* /*parent*/)

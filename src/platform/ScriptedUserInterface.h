@@ -3,6 +3,7 @@
 #include "platform/UserInterface.h"
 
 #include <deque>
+#include <functional>
 #include <optional>
 #include <set>
 #include <vector>
@@ -16,6 +17,8 @@ public:
         Message,
         FolderChooser,
         Choice,
+        FolderQuestion,
+        SaveQuestion,
         Progress
     };
 
@@ -24,7 +27,7 @@ public:
     {
         CallKind kind;
         CString text;
-        /// The caption of a message, the title of a folder chooser.
+        /// The caption of a message, the title of a folder chooser or question.
         CString caption;
         MessageButtons buttons = MessageButtons::Ok;
         MessageIcon icon = MessageIcon::Information;
@@ -39,11 +42,20 @@ public:
     /// The folders that will be chosen, first one first; nothing stands for a cancel, as does an
     /// empty list.
     std::deque<std::optional<CString>> folders;
+    /// The last question for a folder.
+    FolderQuestion folderQuestion;
+    /// The files that will be chosen to save into, likewise.
+    std::deque<std::optional<CString>> saveFiles;
+    /// The last question for such a file.
+    SaveQuestion saveQuestion;
+    /// Called with each text of a progress; may be empty.
+    std::function<void(const CString&)> onProgress;
     /// The options that will be chosen, first one first; with none left the choice is given up.
     std::deque<int> options;
     /// The last choice that was asked for.
     Choice choice;
-    /// What was called, in order. The text of a folder chooser is the folder that it starts at.
+    /// What was called, in order. The text of a folder chooser or question is the folder that it
+    /// starts at, that of a question for a file to save into the name that is proposed.
     std::vector<Call> calls;
 
     /// What the progress windows were told, in order: "open", "cancel 1", "caption Tovi", "range 0
@@ -63,6 +75,8 @@ public:
     MessageAnswer ShowMessage(const CString& text, const CString& caption, MessageButtons buttons,
                               MessageIcon icon) override;
     bool ChooseFolder(CString& folder, const CString& title, FolderChooserStyle style) override;
+    bool AskFolder(const FolderQuestion& question, CString& folder) override;
+    bool ChooseSaveFile(const SaveQuestion& question, CString& path) override;
     bool Choose(const Choice& asked, int& option) override;
     void ShowProgress(const CString& text) override;
     std::unique_ptr<ProgressPort> CreateProgress(CWnd* parent) override;

@@ -55,6 +55,32 @@ struct Choice
     CArray<Option> options;
 };
 
+/// Where one file is to be saved.
+struct SaveQuestion
+{
+    /// The folder and the name that are proposed; an empty folder leaves it to the host.
+    CString folder;
+    CString name;
+    /// What a name without one gets, without its dot.
+    CString extension;
+    /// The kind of file as it is offered, with the pattern of its names: "JPEG(*.JPG)", "*.JPG".
+    CString kind;
+    CString pattern;
+
+    bool operator==(const SaveQuestion&) const = default;
+};
+
+/// The question for a folder in view of a list.
+struct FolderQuestion
+{
+    CString title;
+    CString message;
+    /// The line above the field for the folder.
+    CString prompt;
+    CString listTitle;
+    CStringArray list;
+};
+
 /// How the library asks the user from below the windows. The host installs one implementation at
 /// its start (see HostServices); each call returns when the user has answered.
 class TOVI_EXPORT UserInterface
@@ -69,6 +95,22 @@ public:
     /// Lets the user choose a folder, starting at \p folder. True when one was chosen, which then
     /// stands in \p folder; false leaves \p folder alone.
     virtual bool ChooseFolder(CString& folder, const CString& title, FolderChooserStyle style) = 0;
+
+    /// Lets the user type or choose a folder, starting at \p folder. True when it was confirmed; it
+    /// then stands in \p folder. False, with \p folder left alone, when the user gave up or there
+    /// is nobody to ask.
+    virtual bool AskFolder(const FolderQuestion& /*question*/, CString& /*folder*/)
+    {
+        return false;
+    }
+
+    /// Lets the user choose the file to save into, asks before one that is there is overwritten,
+    /// and leaves the program's current folder alone. True when a file was chosen, whose full path
+    /// then stands in \p path.
+    virtual bool ChooseSaveFile(const SaveQuestion& /*question*/, CString& /*path*/)
+    {
+        return false;
+    }
 
     /// Lets the user choose one of the options of \p choice, of which the first is proposed. True
     /// when one was chosen, whose index then stands in \p option.

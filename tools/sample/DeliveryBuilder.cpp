@@ -16,8 +16,9 @@ const SampleSchema* CheckedSchema(const SampleOptions& options)
 {
     const SampleSchema* schema = FindSampleSchema(options.section);
     if (schema == nullptr) throw std::invalid_argument("unknown section " + options.section);
-    if (options.photos < 0 || options.drawings < 0) {
-        throw std::invalid_argument("the numbers of photographs and drawings must not be negative");
+    if (options.photos < 0 || options.drawings < 0 || options.discs < 1) {
+        throw std::invalid_argument("the numbers of photographs and drawings must not be negative "
+                                    "and there must be a disc");
     }
     return schema;
 }
@@ -118,8 +119,9 @@ SamplePhoto DeliveryBuilder::Photo(int photo) const
     const auto [from, to] = std::equal_range(drawingOwners.begin(), drawingOwners.end(), photo);
     const auto first = static_cast<int>(from - drawingOwners.begin());
     const auto count = static_cast<int>(to - from);
-    return MakeSamplePhoto(*schema, work, options.seed,
-                           {photo, options.photos, first, first + count, options.drawings});
+    return MakeSamplePhoto(
+        *schema, work, options.seed,
+        {photo, options.photos, first, first + count, options.drawings, DiscOf(photo)});
 }
 
 SamplePhoto& DeliveryBuilder::Changed(int photo)
@@ -160,11 +162,11 @@ CString DeliveryBuilder::PhotoXml() const
     return text + PhotoXmlTail();
 }
 
-CString DeliveryBuilder::IndexXml() const
+CString DeliveryBuilder::IndexXml(int disc) const
 {
     SampleXml xml = NewXml();
     xml.Raw(Declaration());
-    WriteIndex(xml, *schema, work);
+    WriteIndex(xml, *schema, work, {disc, options.discs});
     return xml.Text();
 }
 
@@ -271,24 +273,46 @@ bool DeliveryBuilder::HasDrawings() const
     });
 }
 
-void DeliveryBuilder::Write(const CString& folder, const std::function<void(int)>& progress) const
+CString DeliveryBuilder::DiscFolder(const CString& folder, int disc) const
+{
+    return options.discs == 1 ? folder : PathOf(folder, "DISK" + std::to_string(disc));
+}
+
+int DeliveryBuilder::DiscOf(int photo) const
+{
+    return 1 + static_cast<int>(static_cast<long long>(photo) * options.discs /
+                                std::max(options.photos, 1));
+}
+
+void DeliveryBuilder::WriteFrame(const CString& folder, int disc) const
 {
     MakeSampleFolder(PathOf(folder, "PHOTO/PIC"));
     if (HasDrawings()) MakeSampleFolder(PathOf(folder, "PHOTO/DRA"));
-    WriteSampleFile(PathOf(folder, "INDEX_C.XML"), FileBytes(IndexXml()));
+    WriteSampleFile(PathOf(folder, "INDEX_C.XML"), FileBytes(IndexXml(disc)));
     WriteSampleFile(PathOf(folder, CString(schema->indexDtd)), DtdBytes(IndexDtdText(*schema)));
     WriteSampleFile(PathOf(folder, "PHOTO/" + CString(schema->photoDtd)),
                     DtdBytes(DtdText("photodata", schema->dtdVersion, schema->elements)));
+}
 
-    SampleFile photoXml(PathOf(folder, "PHOTO/PHOTO.XML"));
-    photoXml.Append(FileBytes(PhotoXmlHead()));
+void DeliveryBuilder::Write(const CString& folder, const std::function<void(int)>& progress) const
+{
+    std::vector<SampleFile> photoXmls;
+    const auto append = [&photoXmls](std::string_view bytes) {
+        for (SampleFile& photoXml : photoXmls) photoXml.Append(bytes);
+    };
+    for (int disc = 1; disc <= options.discs; ++disc) {
+        const CString discFolder = DiscFolder(folder, disc);
+        WriteFrame(discFolder, disc);
+        photoXmls.emplace_back(PathOf(discFolder, "PHOTO/PHOTO.XML"));
+    }
+    append(FileBytes(PhotoXmlHead()));
     for (int photo = 0; photo < options.photos; ++photo) {
-        photoXml.Append(Encoded(PhotoXmlElement(photo)));
-        if (options.images) WritePictures(folder, photo);
+        append(Encoded(PhotoXmlElement(photo)));
+        if (options.images) WritePictures(DiscFolder(folder, DiscOf(photo)), photo);
         if (progress) progress(photo + 1);
     }
-    photoXml.Append(Encoded(PhotoXmlTail()));
-    photoXml.Close();
+    append(Encoded(PhotoXmlTail()));
+    for (SampleFile& photoXml : photoXmls) photoXml.Close();
 }
 
 void DeliveryBuilder::WritePictures(const CString& folder, int photo) const

@@ -23,6 +23,10 @@ struct SampleOptions
     /// Whether PIC and DRA get their files; the folders are made in any case.
     bool images = true;
     unsigned seed = 1;
+    /// With more than one the delivery is spread over the folders DISK1, DISK2 and so on: the
+    /// pictures lie on one of them each, in the order of the photographs, and all the rest on every
+    /// one.
+    int discs = 1;
     /// Folders and files are named in lower case on the disk; the XML files name them as ever.
     bool lowerCaseNames = false;
     SampleLayout layout = SampleLayout::Indented;
@@ -67,8 +71,8 @@ public:
 
     /// The text of PHOTO.XML, in UTF-8 whatever encoding it declares.
     CString PhotoXml() const;
-    /// The text of INDEX_C.XML likewise.
-    CString IndexXml() const;
+    /// The text of INDEX_C.XML of disc \p disc, counted from 1, likewise.
+    CString IndexXml(int disc = 1) const;
 
     /// For each photograph what a reader must give: its elements in the order of the file, groups
     /// left out. An element that is missing in a group that is there stands at its place with no
@@ -80,8 +84,13 @@ public:
     /// that names the file when something can't be written.
     void Write(const CString& folder, const std::function<void(int)>& progress = {}) const;
 
-    /// Where Write puts the file or folder \p name (as "PHOTO/PIC") of the delivery \p folder.
+    /// Where Write puts the file or folder \p name (as "PHOTO/PIC") of the delivery \p folder,
+    /// which is on one disc.
     CString PathOf(const CString& folder, const CString& name) const;
+    /// The folder of disc \p disc, counted from 1, in \p folder; itself when there is only one.
+    CString DiscFolder(const CString& folder, int disc) const;
+    /// The disc, counted from 1, that the pictures of \p photo lie on.
+    int DiscOf(int photo) const;
 
 private:
     bool HasDrawings() const;
@@ -101,6 +110,8 @@ private:
     std::string FileBytes(std::string_view text) const;
     std::string DtdBytes(const CString& dtd) const;
     std::string Encoded(std::string_view text) const;
+    /// All files of one disc but PHOTO.XML and the pictures.
+    void WriteFrame(const CString& folder, int disc) const;
     void WritePictures(const CString& folder, int photo) const;
 
     SampleOptions options;

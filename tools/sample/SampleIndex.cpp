@@ -14,14 +14,15 @@ struct IndexElement
     CString text;
 };
 
-std::vector<IndexElement> IndexElements(const SampleSchema& schema, const SampleWork& work)
+std::vector<IndexElement> IndexElements(const SampleSchema& schema, const SampleWork& work,
+                                        const SampleDisc& disc)
 {
     const SampleClient& client = SampleWords::clients[static_cast<std::size_t>(schema.family)];
     const CString year = std::to_string(schema.workYear);
     return {
         {"基礎情報", "constdata", {}},
-        {"メディア番号", "基礎情報", "1"},
-        {"メディア総枚数", "基礎情報", "1"},
+        {"メディア番号", "基礎情報", std::to_string(disc.number)},
+        {"メディア総枚数", "基礎情報", std::to_string(disc.count)},
         {"適用要領基準", "基礎情報", CString(schema.standard)},
         {"写真フォルダ名", "基礎情報", "PHOTO"},
         {"工事件名等", "constdata", {}},
@@ -55,9 +56,10 @@ CString VersionOf(const SampleSchema& schema)
 }
 } // namespace
 
-void WriteIndex(SampleXml& xml, const SampleSchema& schema, const SampleWork& work)
+void WriteIndex(SampleXml& xml, const SampleSchema& schema, const SampleWork& work,
+                const SampleDisc& disc)
 {
-    const std::vector<IndexElement> elements = IndexElements(schema, work);
+    const std::vector<IndexElement> elements = IndexElements(schema, work, disc);
     const auto childrenOf = [&](std::string_view parent, auto&& write) {
         for (const IndexElement& element : elements) {
             if (element.parent == parent) write(element);
@@ -80,7 +82,7 @@ void WriteIndex(SampleXml& xml, const SampleSchema& schema, const SampleWork& wo
 CString IndexDtdText(const SampleSchema& schema)
 {
     std::vector<SampleElement> elements;
-    for (const IndexElement& element : IndexElements(schema, {})) {
+    for (const IndexElement& element : IndexElements(schema, {}, {})) {
         elements.push_back({element.name, element.parent, '1'});
     }
     return DtdText("constdata", VersionOf(schema), elements);

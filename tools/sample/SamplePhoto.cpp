@@ -176,7 +176,7 @@ void PhotoMaker::AddFileFacts()
     const CString subjectWord = category.empty() ? CString(division) : CString(category);
     PutConditional("写真ファイル日本語名", subjectWord + Format("%05d.", serial) + extension, 30,
                    15);
-    Put("メディア番号", "1");
+    Put("メディア番号", std::to_string(place.disc));
 }
 
 CString PhotoMaker::LongFileName(int serial)

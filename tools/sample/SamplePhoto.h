@@ -65,6 +65,7 @@ struct SamplePlace
     int endDrawing;
     /// All drawings of the delivery.
     int drawings;
+    int disc;
 };
 
 /// The photograph at \p place with values as they are found in real deliveries. The same arguments

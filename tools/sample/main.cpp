@@ -58,6 +58,10 @@ void Declare(CLI::App& app, Arguments& arguments)
     app.add_option("--drawings", arguments.drawings,
                    "How many reference drawings (a sixth of the photographs if not given)")
         ->check(count);
+    app.add_option("--discs", options.discs,
+                   "Spread the pictures over the folders DISK1, DISK2 and so on")
+        ->check(CLI::Range(1, 99))
+        ->capture_default_str();
     app.add_option("--encoding", arguments.encoding, "The encoding of the XML files")
         ->check(CLI::IsMember({shiftJisName, utf8Name}, CLI::ignore_case))
         ->capture_default_str();

@@ -19,3 +19,5 @@ void AddPairsCommand(CLI::App& app, int& status);
 void AddSettingsCommand(CLI::App& app, int& status);
 void AddVerifyCommand(CLI::App& app, int& status);
 void AddIndexCommand(CLI::App& app, int& status);
+void AddExportCommand(CLI::App& app, int& status);
+void AddCombineCommand(CLI::App& app, int& status);

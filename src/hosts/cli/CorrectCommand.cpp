@@ -1,8 +1,8 @@
 #include "hosts/cli/Commands.h"
 #include "hosts/cli/PhotoChoice.h"
 #include "hosts/cli/Records.h"
+#include "hosts/cli/UserInPlace.h"
 
-#include "platform/HostServices.h"
 #include "platform/TerminalUserInterface.h"
 #include "review/LabelProcessSelectDlg.h"
 
@@ -44,24 +44,6 @@ public:
 
 private:
     Action action;
-};
-
-/// Puts another user in the place of the host's for as long as it lives.
-class UserInPlace
-{
-public:
-    explicit UserInPlace(UserInterface& user) : before(GetHostServices())
-    {
-        HostServices services = before;
-        services.userInterface = &user;
-        InstallHostServices(services);
-    }
-    UserInPlace(const UserInPlace&) = delete;
-    UserInPlace& operator=(const UserInPlace&) = delete;
-    ~UserInPlace() { InstallHostServices(before); }
-
-private:
-    HostServices before;
 };
 
 void Correct(ToviData& document, Action action)

@@ -1,6 +1,7 @@
 #include "hosts/cli/Records.h"
 
 #include "platform/MibFile.h"
+#include "reports/OutputPhotoFolder.h"
 #include "review/RecordProblems.h"
 #include "review/RecordTags.h"
 
@@ -43,7 +44,10 @@ int TellSaved(bool saved, const CString& record, int reason)
 
 bool RefuseInDelivery(const CString& path, const OpenedDelivery& delivery)
 {
-    if (!MibIsInside(delivery.folder, FolderOfFile(path))) return false;
+    const CString folder = FolderOfFile(path);
+    const bool isInside = MibIsInside(delivery.folder, folder) ||
+                          (delivery.document && IsDeliveryFolder(*delivery.document, folder));
+    if (!isInside) return false;
     Complain("納品データのフォルダには書き込みません。" + path +
              " の代わりに別のフォルダを指定してください。");
     return true;

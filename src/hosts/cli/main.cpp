@@ -86,6 +86,8 @@ int main(int argc, char** argv)
     AddSettingsCommand(app, status);
     AddVerifyCommand(app, status);
     AddIndexCommand(app, status);
+    AddExportCommand(app, status);
+    AddCombineCommand(app, status);
     AddProfileOption(app, profile);
     try {
         const int parsed = Parse(app, argc, argv);

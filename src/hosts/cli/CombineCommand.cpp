@@ -1,0 +1,123 @@
+#include "hosts/cli/Commands.h"
+#include "hosts/cli/Json.h"
+#include "hosts/cli/UserInPlace.h"
+
+#include "loading/DeliveryLocation.h"
+#include "loading/DriveType.h"
+#include "loading/ToviEnouDataFactory.h"
+#include "platform/MountTable.h"
+#include "platform/TerminalUserInterface.h"
+
+#include <deque>
+#include <iostream>
+
+namespace
+{
+struct Arguments
+{
+    DeliveryArguments delivery;
+    std::vector<std::string> next;
+};
+
+/// The user who has laid out all discs beforehand: asked for the next one, he names them in turn.
+class PreparedUser : public TerminalUserInterface
+{
+public:
+    explicit PreparedUser(std::deque<CString> discs) : folders(std::move(discs)) {}
+
+    bool AskFolder(const FolderQuestion&, CString& folder) override
+    {
+        if (folders.empty()) return false;
+        folder = folders.front();
+        folders.pop_front();
+        return true;
+    }
+    MessageAnswer ShowMessage(const CString& text, const CString& caption, MessageButtons buttons,
+                              MessageIcon icon) override
+    {
+        // That all went well shows in the result.
+        if (icon == MessageIcon::Information) return SafeAnswer(buttons);
+        return TerminalUserInterface::ShowMessage(text, caption, buttons, icon);
+    }
+
+private:
+    std::deque<CString> folders;
+};
+
+/// The folders of PHOTO.XML on the discs to come. False, with a sentence on standard error, when
+/// one has none.
+bool FindDiscs(const std::vector<std::string>& folders, std::deque<CString>& discs)
+{
+    for (const CString& folder : folders) {
+        discs.push_back(FindPhotoFolder(folder));
+        if (!discs.back().empty()) continue;
+        Complain(folder + " に PHOTO.XML が見つかりません。次のメディアのフォルダを指定してくださ"
+                          "い。");
+        return false;
+    }
+    return true;
+}
+
+bool IsOnDisc(const CString& folder)
+{
+    const unsigned int drive = ToviGetDriveType(folder.c_str());
+    return drive == static_cast<unsigned int>(DriveType::Removable) ||
+           drive == static_cast<unsigned int>(DriveType::Optical);
+}
+
+int Report(ToviData& document, const CString& dataFolder)
+{
+    int found = 0;
+    CStringArray names;
+    for (ToviPhoto* photo : *document.GetPhotoDataArray()) {
+        if (photo->IsExistFile()) {
+            ++found;
+        } else {
+            photo->GetOutputFilename(names);
+        }
+    }
+    Json missing = Json::array();
+    for (const CString& name : names) missing.push_back(name);
+    const int photos = document.GetTotalCountPhoto();
+    const Json summary = {
+        {"dataFolder", dataFolder}, {"photos", photos}, {"found", found}, {"missing", missing}};
+    std::cout << ToText(summary) << '\n';
+    if (found == photos) return ExitDone;
+    Complain(Format("%d枚の写真のファイルがそろいません。足りないメディアを --next "
+                    "で指定してください。",
+                    photos - found));
+    return ExitFailed;
+}
+
+int Run(const Arguments& arguments)
+{
+    std::deque<CString> discs;
+    if (!FindDiscs(arguments.next, discs)) return ExitFailed;
+    const OpenedDelivery delivery = OpenDelivery(arguments.delivery);
+    if (!delivery.IsLoaded()) return ExitFailed;
+    ToviEnouDataFactory factory;
+    PreparedUser user(std::move(discs));
+    const UserInPlace inPlace(user);
+    // What an earlier delivery has left there would pass for this one's photographs.
+    if (IsOnDisc(delivery.photoFolder)) factory.DeleteTempData();
+    if (!factory.StartCombineProc(delivery.photoFolder, delivery.document.get(), true)) {
+        return ExitFailed;
+    }
+    return Report(*delivery.document, factory.GetDataFolderPath());
+}
+} // namespace
+
+void AddCombineCommand(CLI::App& app, int& status)
+{
+    static Arguments arguments;
+    CLI::App* command =
+        app.add_subcommand("combine", "何枚かのメディアに分かれた納品データをまとめて開く");
+    command->group("コマンド");
+    AddDeliveryArguments(*command, arguments.delivery);
+    command->add_option("--next", arguments.next, "2枚目からのメディアのフォルダ。順に指定する")
+        ->option_text("FOLDER ...");
+    command->footer("出力: {\"dataFolder\",\"photos\":枚数,\"found\":ファイルのそろった枚数,"
+                    "\"missing\":[足りないファイル]}\n"
+                    "光ディスクやUSBメモリの写真は作業フォルダにコピーし、dataFolder から開ける。");
+    command->callback([&status] { status = Run(arguments); });
+}

@@ -1,0 +1,121 @@
+#include "hosts/cli/Commands.h"
+#include "hosts/cli/Conditions.h"
+#include "hosts/cli/Json.h"
+#include "hosts/cli/Records.h"
+
+#include "platform/MibFile.h"
+#include "reports/PhotoExport.h"
+
+#include <algorithm>
+#include <iostream>
+
+namespace
+{
+struct Arguments
+{
+    DeliveryArguments delivery;
+    std::string folder;
+    ConditionArguments conditions;
+};
+
+struct Reason
+{
+    CopyFailure failure;
+    const char* text;
+};
+
+constexpr Reason reasons[] = {
+    {CopyFailure::NoSource, "元のファイルを読めない"},
+    {CopyFailure::NoSpace, "空き容量がない"},
+    {CopyFailure::NotWritable, "書き込めない"},
+    {CopyFailure::Other, "この名前では保存できない"},
+};
+
+const char* TextOf(CopyFailure failure)
+{
+    const auto* found =
+        std::find_if(std::begin(reasons), std::end(reasons),
+                     [failure](const Reason& known) { return known.failure == failure; });
+    return found->text;
+}
+
+Json SummaryOf(const CString& folder, int photos, const PhotoExport::Outcome& outcome)
+{
+    Json missing = Json::array();
+    Json failed = Json::array();
+    for (const PhotoExport::Failure& failure : outcome.failures) {
+        if (failure.reason == CopyFailure::NoSource) {
+            missing.push_back(failure.name);
+        } else {
+            failed.push_back({{"name", failure.name}, {"reason", TextOf(failure.reason)}});
+        }
+    }
+    return {{"folder", folder},
+            {"photos", photos},
+            {"copied", outcome.copied},
+            {"bytes", outcome.bytes},
+            {"missing", missing},
+            {"failed", failed},
+            {"cancelled", outcome.cancelled}};
+}
+
+int TellOutcome(const PhotoExport::Outcome& outcome)
+{
+    if (outcome.cancelled) {
+        Complain("中断しました。保存先には途中までの写真があります。");
+        return ExitInterrupted;
+    }
+    if (outcome.failures.empty()) return ExitDone;
+    Complain(Format("%d枚の写真を保存できませんでした（%s ほか: %s）。",
+                    static_cast<int>(outcome.failures.size()),
+                    outcome.failures.front().name.c_str(),
+                    TextOf(outcome.failures.front().reason)));
+    return ExitFailed;
+}
+
+int Run(const Arguments& arguments)
+{
+    const OpenedDelivery delivery =
+        OpenDelivery(arguments.delivery, arguments.conditions.choice.Tree());
+    if (!delivery.IsLoaded()) return ExitFailed;
+    CString folder = MibAbsolutePath(arguments.folder);
+    while (folder.size() > 1 && folder.ends_with('/')) folder.pop_back();
+    if (RefuseInDelivery(folder + '/', delivery)) return ExitWrongUsage;
+    if (!MibIsFolderExist(folder)) {
+        Complain(folder + " というフォルダがありません。保存先のフォルダを作ってから指定してくださ"
+                          "い。");
+        return ExitFailed;
+    }
+    ToviData& document = *delivery.document;
+    const int status = MakeCurrentArray(document, arguments.conditions);
+    if (status != ExitDone) return status;
+    PhotoExport photos(document);
+    if (!photos.IsFree(folder)) {
+        Complain(photos.Conflict() + " がもうあります。写真と同じ名前のファイルのないフォルダを指定"
+                                     "してください。");
+        return ExitFailed;
+    }
+    const PhotoExport::Outcome outcome = photos.CopyAll();
+    std::cout << ToText(SummaryOf(folder, photos.Count(), outcome)) << '\n';
+    return TellOutcome(outcome);
+}
+} // namespace
+
+void AddExportCommand(CLI::App& app, int& status)
+{
+    static Arguments arguments;
+    CLI::App* command =
+        app.add_subcommand("export", "選んだ写真のファイルを、そのままフォルダに保存する");
+    command->group("コマンド");
+    AddDeliveryArguments(*command, arguments.delivery);
+    command
+        ->add_option("FOLDER", arguments.folder,
+                     "保存先のフォルダ。納品データの中や、同じ名前のファイルがある所には保存しない")
+        ->required()
+        ->option_text("（必須）");
+    AddConditionOptions(*command, arguments.conditions);
+    command->footer(
+        "出力: {\"folder\",\"photos\":枚数,\"copied\",\"bytes\",\"missing\":[ファイル名],"
+        "\"failed\":[{\"name\",\"reason\"}],\"cancelled\"}");
+    command->callback([&status] { status = Run(arguments); });
+}

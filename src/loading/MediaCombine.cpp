@@ -1,0 +1,158 @@
+#include "loading/MediaCombine.h"
+
+#include "document/ToviData.h"
+#include "loading/DriveType.h"
+#include "loading/OpenNextDataDlg.h"
+#include "loading/WorkFolder.h"
+#include "platform/HostServices.h"
+#include "platform/MibCopy.h"
+#include "platform/MibFile.h"
+#include "platform/MountTable.h"
+
+#include <utility>
+
+namespace
+{
+constexpr const char* areaName = "QV-CombineData";
+
+void Tell(const CString& text, MessageIcon icon)
+{
+    const HostServices& host = GetHostServices();
+    if (host.userInterface == nullptr) return;
+    host.userInterface->ShowMessage(text, host.applicationName, MessageButtons::Ok, icon);
+}
+
+void ShowProgress(const CString& text)
+{
+    if (UserInterface* const user = GetHostServices().userInterface) user->ShowProgress(text);
+}
+
+DriveType DriveOf(const CString& path)
+{
+    return static_cast<DriveType>(ToviGetDriveType(path.c_str()));
+}
+
+bool IsUsedInPlace(DriveType drive)
+{
+    return drive == DriveType::Fixed || drive == DriveType::Remote || drive == DriveType::RamDisk;
+}
+} // namespace
+
+void CombineArea::Delete() const
+{
+    if (folder.empty() || !MibIsFolderExist(folder)) return;
+    ShowProgress("作業領域のデータの削除中...");
+    MibRemoveDirectory(folder, true);
+    ShowProgress("");
+}
+
+CombineArea FindCombineArea()
+{
+    const CString suite = SuiteFolder();
+    if (suite.empty()) return {};
+    const CString folder = suite + areaName;
+    return {folder, folder + "/PHOTO"};
+}
+
+MediaCombine::MediaCombine(ToviData& opened) : document(opened), area(FindCombineArea()) {}
+
+bool MediaCombine::Run(CString path, bool rebuildPaths)
+{
+    while (Take(path, rebuildPaths)) {
+        CStringArray missing = MissingNames();
+        if (missing.IsEmpty()) {
+            Tell("写真データの取込（コピー）が完了しました。\n『QV-フォトビューア』での閲覧を開始し"
+                 "ます。",
+                 MessageIcon::Information);
+            return true;
+        }
+        OpenNextDataDlg dialog(path, std::move(missing));
+        if (!dialog.DoModal()) return true;
+        path = dialog.GetFolder();
+        rebuildPaths = false;
+    }
+    return false;
+}
+
+bool MediaCombine::Take(const CString& path, bool rebuildPaths)
+{
+    CString source = path;
+    ToviGetUniversalName(path.c_str(), source, true);
+    const DriveType drive = DriveOf(source);
+    if (IsUsedInPlace(drive)) {
+        dataFolder = source;
+        PointDocumentAtData(false);
+        return true;
+    }
+    if (drive != DriveType::Removable && drive != DriveType::Optical) {
+        Tell("不正なフォルダパスです。再度パスの指定を行ってください。", MessageIcon::Warning);
+        return false;
+    }
+    if (!CopyDisc(source)) {
+        area.Delete();
+        return false;
+    }
+    dataFolder = area.photoFolder;
+    PointDocumentAtData(rebuildPaths);
+    return true;
+}
+
+bool MediaCombine::CopyDisc(const CString& source) const
+{
+    return CopyFilesAbove(source) && CopyPhotographs(source);
+}
+
+/// The index file and the DTDs beside it, unless the disc begins with \p source: what is above it
+/// then isn't the delivery's.
+bool MediaCombine::CopyFilesAbove(const CString& source) const
+{
+    CString above = MibAbsolutePath(source);
+    MibParentDir(above);
+    if (area.folder.empty() || DriveOf(above) != DriveOf(source)) return true;
+    CStringArray files;
+    if (!MibListFiles(above, files)) {
+        Tell("ファイルの取得に失敗しました。\n（" + above + "*.*）", MessageIcon::Warning);
+        return false;
+    }
+    MibCreateDirectory(area.photoFolder);
+    for (const CString& file : files) MibFileDirCopy(file, area.folder, true);
+    return true;
+}
+
+bool MediaCombine::CopyPhotographs(const CString& source) const
+{
+    const auto show = [] { ShowProgress("写真・参考図 のコピー中..."); };
+    show();
+    const bool copied = MibDeepCopyDirectory(source, area.photoFolder).Execute(show);
+    ShowProgress("");
+    if (!copied) {
+        Tell("写真データの取込（コピー）に失敗しました。\nメディア単位での閲覧を行ってください。",
+             MessageIcon::Warning);
+    }
+    return copied;
+}
+
+void MediaCombine::PointDocumentAtData(bool forgetPaths)
+{
+    document.RootPath(dataFolder.c_str());
+    document.GetItemDef()->SetRootPath(dataFolder);
+    document.Title(dataFolder.c_str());
+    for (ToviPhoto* photo : *document.GetPhotoDataArray()) {
+        if (forgetPaths) {
+            photo->ClearImagePath();
+            // Made at once: a reference drawing that is still found on the disc would keep its path
+            // there, and be gone with the disc.
+            photo->MakePath();
+        }
+        if (!photo->IsExistFile()) photo->UpdateImagePath();
+    }
+}
+
+CStringArray MediaCombine::MissingNames() const
+{
+    CStringArray names;
+    for (ToviPhoto* photo : *document.GetPhotoDataArray()) {
+        if (!photo->IsExistFile()) photo->GetOutputFilename(names);
+    }
+    return names;
+}

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "platform/Text.h"
+
+class ToviData;
+
+/// The place on the local disk where the discs of one delivery are brought together.
+struct CombineArea
+{
+    /// Index file and DTDs go here; empty when there is no work folder.
+    CString folder;
+    /// The content of the discs' folders of PHOTO.XML.
+    CString photoFolder;
+
+    /// Removes the area with all that is in it.
+    void Delete() const;
+};
+
+/// The area of this user.
+CombineArea FindCombineArea();
+
+/// Gathers a delivery that is spread over several discs: each is copied into the area, and the
+/// document pointed there; what lies on a hard disk or a share is used in its place. The user is
+/// asked for the next one until no file is missing or he gives up.
+class MediaCombine
+{
+public:
+    /// \p opened outlives the object.
+    explicit MediaCombine(ToviData& opened);
+
+    /// Begins with the folder \p path of a PHOTO.XML. With \p rebuildPaths the paths that the
+    /// photographs have on this first disc are thrown away once the copy stands. False, after a
+    /// message, for a path on no known kind of drive and for a copy that failed; the area is then
+    /// gone.
+    bool Run(CString path, bool rebuildPaths);
+
+    /// The folder from which the delivery was opened in the end.
+    const CString& DataFolderPath() const { return dataFolder; }
+
+private:
+    /// Takes up one disc or folder.
+    bool Take(const CString& path, bool rebuildPaths);
+    bool CopyDisc(const CString& source) const;
+    bool CopyFilesAbove(const CString& source) const;
+    bool CopyPhotographs(const CString& source) const;
+    void PointDocumentAtData(bool forgetPaths);
+    CStringArray MissingNames() const;
+
+    ToviData& document;
+    CombineArea area;
+    CString dataFolder;
+};

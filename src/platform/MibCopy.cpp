@@ -1,0 +1,212 @@
+#include "platform/MibCopy.h"
+
+#include "platform/CaseFallback.h"
+#include "platform/FileReplacement.h"
+#include "platform/MibFile.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <filesystem>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+namespace fs = std::filesystem;
+
+namespace
+{
+constexpr mode_t permissionBits = 0777;
+/// Until the copy is whole nobody else need see it.
+constexpr mode_t whileCopying = 0600;
+constexpr std::size_t largestStep = std::size_t{1} << 30;
+
+CopyFailure FailureOf(int error)
+{
+    switch (error) {
+    case 0:
+        return CopyFailure::None;
+    case ENOSPC:
+    case EDQUOT:
+    case EFBIG:
+        return CopyFailure::NoSpace;
+    case EACCES:
+    case EPERM:
+    case EROFS:
+    case EISDIR:
+        return CopyFailure::NotWritable;
+    default:
+        return CopyFailure::Other;
+    }
+}
+
+CopyFailure CopyInBlocks(int source, FileReplacement& copy)
+{
+    std::array<char, 1 << 16> block;
+    for (;;) {
+        const ssize_t got = read(source, block.data(), block.size());
+        if (got < 0 && errno == EINTR) continue;
+        if (got < 0) return CopyFailure::NoSource;
+        if (got == 0) return CopyFailure::None;
+        const int error = copy.Append({block.data(), static_cast<std::size_t>(got)});
+        if (error != 0) return FailureOf(error);
+    }
+}
+
+/// Lets the system copy, which shares or moves the blocks by itself where it can; what it has left
+/// over, for lack of room or because these two file systems don't go together, goes block by block.
+CopyFailure CopyBytes(int source, FileReplacement& copy)
+{
+    ssize_t copied = 0;
+    do {
+        copied = copy_file_range(source, nullptr, copy.Descriptor(), nullptr, largestStep, 0);
+    } while (copied > 0);
+    return CopyInBlocks(source, copy);
+}
+
+bool IsSameFile(const struct stat& facts, const CString& path)
+{
+    struct stat other;
+    return lstat(path.c_str(), &other) == 0 && other.st_dev == facts.st_dev &&
+           other.st_ino == facts.st_ino;
+}
+
+/// The other half of the rule; a copy whose bytes are there counts in any case.
+void TakeOverStatus(int copy, const struct stat& facts)
+{
+    [[maybe_unused]] const int permitted = fchmod(copy, facts.st_mode & permissionBits);
+    const timespec times[] = {facts.st_atim, facts.st_mtim};
+    futimens(copy, times);
+}
+
+/// The names in a folder by their folded form.
+using Names = std::unordered_map<CString, CString>;
+
+Names NamesIn(const CString& folder)
+{
+    Names names;
+    for (const CString& name : ListFolder(folder)) names.try_emplace(FoldCase(name), name);
+    return names;
+}
+
+struct Entries
+{
+    std::vector<CString> files;
+    std::vector<CString> folders;
+};
+
+/// What is right in \p folder. False when it can't be read to its end.
+bool ReadFolder(const CString& folder, Entries& entries)
+{
+    std::error_code error;
+    for (fs::directory_iterator at(folder, error), end; !error && at != end; at.increment(error)) {
+        const fs::file_type type = at->symlink_status(error).type();
+        if (error) return false;
+        const CString name = at->path().filename().string();
+        if (type == fs::file_type::regular) entries.files.push_back(name);
+        if (type == fs::file_type::directory) entries.folders.push_back(name);
+    }
+    return !error;
+}
+
+bool CopyFolder(const CString& from, const CString& to, const std::function<void()>& progress)
+{
+    Entries entries;
+    if (!ReadFolder(from, entries) || !MibCreateDirectory(to)) return false;
+    const Names known = NamesIn(to);
+    const auto placeOf = [&](const CString& name) {
+        const auto found = known.find(FoldCase(name));
+        return to + '/' + (found == known.end() ? name : found->second);
+    };
+    for (const CString& name : entries.files) {
+        if (progress) progress();
+        if (MibCopyFileEx(from + '/' + name, placeOf(name)) != CopyFailure::None) return false;
+    }
+    for (const CString& name : entries.folders) {
+        if (!CopyFolder(from + '/' + name, placeOf(name), progress)) return false;
+    }
+    return true;
+}
+
+/// As MibIsInside, also for a path that isn't there yet.
+bool LiesInside(const CString& folder, const CString& path)
+{
+    std::error_code error;
+    const CString real = fs::weakly_canonical(path, error).string() + '/';
+    return real.starts_with(fs::weakly_canonical(folder, error).string() + '/');
+}
+
+CString WithoutTrailingSeparator(CString folder)
+{
+    MibNormalDir(folder);
+    if (!folder.empty()) folder.pop_back();
+    return folder;
+}
+} // namespace
+
+CopyFailure MibCopyFileEx(const CString& from, const CString& to)
+{
+    // Without O_NONBLOCK the open of a named pipe would wait for its writer.
+    const FileDescriptor source(
+        open(ExistingPath(from).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    struct stat facts;
+    if (!source.IsOpen() || fstat(source.Get(), &facts) != 0 || !S_ISREG(facts.st_mode)) {
+        return CopyFailure::NoSource;
+    }
+    if (IsSameFile(facts, to)) return CopyFailure::Other;
+    FileReplacement copy(to);
+    if (const int error = copy.Open(whileCopying)) return FailureOf(error);
+    const CopyFailure failure = CopyBytes(source.Get(), copy);
+    if (failure != CopyFailure::None) return failure;
+    TakeOverStatus(copy.Descriptor(), facts);
+    return FailureOf(copy.Place());
+}
+
+bool MibFileDirCopy(const CString& from, const CString& to, bool overwrite)
+{
+    CString target = to;
+    MibNormalDir(target);
+    target += MibGetFileName(from);
+    if (!overwrite && MibIsFileExist(target)) return false;
+    return MibCopyFileEx(from, target) == CopyFailure::None;
+}
+
+bool MibListFiles(const CString& folder, CStringArray& files)
+{
+    files.RemoveAll();
+    Entries entries;
+    const CString existing = ExistingPath(folder);
+    std::error_code error;
+    if (!fs::is_directory(existing, error)) return true;
+    const bool complete = ReadFolder(existing, entries);
+    for (const CString& name : entries.files) {
+        files.Add(WithoutTrailingSeparator(existing) + '/' + name);
+    }
+    return complete;
+}
+
+bool MibRemoveDirectory(const CString& path, bool contents)
+{
+    if (path.empty()) return false;
+    std::error_code error;
+    if (contents) {
+        fs::remove_all(path, error);
+    } else {
+        rmdir(path.c_str());
+    }
+    return !fs::exists(fs::symlink_status(path, error));
+}
+
+MibDeepCopyDirectory::MibDeepCopyDirectory(CString from, CString to)
+    : source(std::move(from)), target(std::move(to))
+{}
+
+bool MibDeepCopyDirectory::Execute(const std::function<void()>& progress)
+{
+    const CString from = WithoutTrailingSeparator(ExistingPath(source));
+    const CString to = WithoutTrailingSeparator(target);
+    if (from.empty() || to.empty() || LiesInside(from, to)) return false;
+    return CopyFolder(from, to, progress);
+}

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "platform/Text.h"
+
+class ToviData;
+
+/// The folder that a photograph was saved into last during this run of the program; empty at the
+/// start.
+TOVI_EXPORT CString GetOutputPhotoFolder();
+TOVI_EXPORT void SetOutputPhotoFolderPath(const CString& folder);
+
+/// True when \p folder lies in the folder of the delivery, where nothing is ever written: that of
+/// PHOTO.XML, and the one above when the index file stands there.
+TOVI_EXPORT bool IsDeliveryFolder(const ToviData& document, const CString& folder);

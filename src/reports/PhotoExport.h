@@ -1,0 +1,62 @@
+#pragma once
+
+#include "platform/MibCopy.h"
+#include "platform/Text.h"
+
+#include <cstdint>
+#include <vector>
+
+class ToviData;
+
+/// The photographs of the current array of a document on their way into one folder, byte for byte.
+///
+/// The target of a photograph is made from that of the one before, by replacing its name in the
+/// whole text of the path by the next name: a folder whose path holds a photograph's name changes
+/// on the way. IsFree() goes first and CopyAll() goes on with the path where it stopped.
+class TOVI_EXPORT PhotoExport
+{
+public:
+    /// \p shown outlives the object and keeps its current array.
+    explicit PhotoExport(ToviData& shown);
+
+    int Count() const { return static_cast<int>(photos.size()); }
+    /// True when no photograph has a file in its place in \p folder yet. The first one found ends
+    /// the look, and its path is then Conflict().
+    bool IsFree(const CString& folder);
+    const CString& Conflict() const { return target; }
+
+    struct Failure
+    {
+        CString name;
+        CopyFailure reason;
+    };
+    struct Outcome
+    {
+        int copied = 0;
+        std::uint64_t bytes = 0;
+        /// One for each photograph that was tried and not copied.
+        std::vector<Failure> failures;
+        bool cancelled = false;
+    };
+    /// Copies all photographs under a progress window, after IsFree() has said yes. One that can't
+    /// be copied is left out.
+    Outcome CopyAll();
+
+private:
+    struct Source
+    {
+        CString name;
+        /// Empty for a file that isn't the delivery's own.
+        CString path;
+    };
+
+    void MoveTo(const CString& name);
+    CopyFailure Copy(const Source& photo) const;
+
+    ToviData& document;
+    std::vector<Source> photos;
+    CString chosenFolder;
+    CString target;
+    /// The photograph's name that stands in the target now.
+    CString targetName;
+};

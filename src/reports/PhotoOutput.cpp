@@ -1,0 +1,108 @@
+#include "reports/PhotoOutput.h"
+
+#include "document/ToviData.h"
+#include "loading/Utility.h"
+#include "platform/HostServices.h"
+#include "platform/MibFile.h"
+#include "reports/OutputPhotoFolder.h"
+#include "reports/PhotoExport.h"
+#include "review/SlideMode.h"
+
+#include <algorithm>
+
+namespace
+{
+constexpr const char* inDelivery =
+    "納品データのフォルダには保存できません。\n別のフォルダを指定してください。";
+
+void Tell(const CString& text, MessageIcon icon = MessageIcon::Information)
+{
+    const HostServices& host = GetHostServices();
+    if (host.userInterface == nullptr) return;
+    host.userInterface->ShowMessage(text, host.applicationName, MessageButtons::Ok, icon);
+}
+
+CString FolderOf(const CString& path)
+{
+    return path.substr(0, std::max<std::size_t>(path.rfind('/'), 1));
+}
+
+/// Why the photographs can't go to \p folder; empty when they can.
+CString WhyNotTo(const CString& folder, const ToviData& document, PhotoExport& photos)
+{
+    if (IsDeliveryFolder(document, folder)) return inDelivery;
+    if (photos.IsFree(folder)) return {};
+    return "指定フォルダには出力ファイルと同名のファイルが存在します。\n別のフォルダを指定してくだ"
+           "さい。";
+}
+
+/// Lets the user choose until the photographs can go there; empty when he gives up.
+CString ChooseFolder(const ToviData& document, PhotoExport& photos)
+{
+    CString folder = GetOutputPhotoFolder();
+    while (Utility2::BrowseForFolder(folder, nullptr)) {
+        const CString why = WhyNotTo(folder, document, photos);
+        if (why.empty()) return folder;
+        Tell(why);
+    }
+    return {};
+}
+} // namespace
+
+void OutputShownPhotos(ToviData& document)
+{
+    if (RefuseInSlideMode(SlideModeRefusal::SavePhoto)) return;
+    if (document.GetCurrentPhotoCount() == 1) {
+        OutputOnePhoto(document);
+    } else {
+        OutputAllPhoto(document);
+    }
+}
+
+void OutputOnePhoto(ToviData& document)
+{
+    ToviPhoto* photo = document.GetPhoto(0);
+    if (photo == nullptr) {
+        Tell("出力可能な写真がありませんでした。");
+        return;
+    }
+    const CString name =
+        photo->GetTitle(document.GetItemDef()->GetIndexFromTitle("写真ファイル名"));
+    SaveUnderChosenName(document, name, MibGetExt(name) == ToviExifInfo::svgExtension,
+                        [photo](const CString& path) {
+                            return MibCopyFileEx(photo->ReadablePath(), path) == CopyFailure::None;
+                        });
+}
+
+void OutputAllPhoto(ToviData& document)
+{
+    PhotoExport photos(document);
+    const CString folder = ChooseFolder(document, photos);
+    if (folder.empty()) return;
+    SetOutputPhotoFolderPath(folder);
+    const int copied = photos.CopyAll().copied;
+    Tell(Format("処理を完了しました。\n\n対象枚数   ： %d枚\nコピー枚数： %d枚\n失敗枚数   ： %d枚",
+                photos.Count(), copied, photos.Count() - copied));
+}
+
+void SaveUnderChosenName(const ToviData& document, const CString& name, bool isSvg,
+                         const std::function<bool(const CString&)>& save)
+{
+    UserInterface* const user = GetHostServices().userInterface;
+    const SaveQuestion question =
+        isSvg ? SaveQuestion{GetOutputPhotoFolder(), name, "SVG", "SVG(*.SVG)", "*.SVG"}
+              : SaveQuestion{GetOutputPhotoFolder(), name, "JPG", "JPEG(*.JPG)", "*.JPG"};
+    CString path;
+    if (user == nullptr || !user->ChooseSaveFile(question, path)) return;
+    const CString folder = FolderOf(path);
+    if (IsDeliveryFolder(document, folder)) {
+        Tell(inDelivery);
+        return;
+    }
+    if (save(path)) {
+        Tell("保存に成功しました。");
+    } else {
+        Tell("保存に失敗しました。", MessageIcon::Error);
+    }
+    SetOutputPhotoFolderPath(folder);
+}

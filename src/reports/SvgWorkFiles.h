@@ -1,0 +1,14 @@
+#pragma once
+
+#include "platform/Text.h"
+
+/// Work files that stand for SVG files where those can't be shown themselves. They are named after
+/// the SVG file's title and used again once they are there: files of one title share theirs.
+
+/// Puts the path of the JPEG thumbnail of the SVG file \p svgPath into \p thumbPath, made if it is
+/// not there. False when there is none.
+TOVI_EXPORT bool MakeSvgThumb(const char* svgPath, CString& thumbPath);
+
+/// Puts the path of the page that shows the SVG file \p svgPath in a browser into \p pagePath, made
+/// if it is not there. False when there is none.
+TOVI_EXPORT bool MakeSvgPage(const char* svgPath, CString& pagePath);
