@@ -20,7 +20,7 @@
 
 namespace
 {
-constexpr rlim_t cpuSeconds = 10;
+constexpr rlim_t cpuSeconds = 5;
 constexpr rlim_t mostMemory = rlim_t{2} << 30;
 constexpr double mostPixels = 40e6;
 constexpr double dotsPerInch = 96;

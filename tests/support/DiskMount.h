@@ -9,9 +9,9 @@ class DiskMount
 {
 public:
     DiskMount(CString folder, const CString& type, const CString& options,
-              const CString& source = "tovi-test")
+              const CString& source = "tovi-test", unsigned long flags = 0)
         : place(std::move(folder)),
-          mounted(mount(source.c_str(), place.c_str(), type.c_str(), 0, options.c_str()) == 0)
+          mounted(mount(source.c_str(), place.c_str(), type.c_str(), flags, options.c_str()) == 0)
     {}
     DiskMount(const DiskMount&) = delete;
     DiskMount& operator=(const DiskMount&) = delete;
