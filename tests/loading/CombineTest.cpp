@@ -4,6 +4,7 @@
 #include "platform/MibFile.h"
 #include "support/DiskMount.h"
 #include "support/OpenedSample.h"
+#include "support/Texts.h"
 
 #include <gmock/gmock.h>
 
@@ -76,7 +77,7 @@ TEST_F(Combine, GathersAllDiscsInTheWorkArea)
         Open(1);
         host.user.calls.clear();
         EXPECT_TRUE(Run({Disc(2), Disc(3)}));
-        EXPECT_THAT(host.user.Messages(), ElementsAre(finished));
+        EXPECT_THAT(Texts(host.user.Messages()), ElementsAre(finished));
         EXPECT_EQ(Found(), 6);
         const CString area = FindCombineArea().folder;
         EXPECT_EQ(area, SuiteFolder() + "QV-CombineData");
@@ -110,17 +111,18 @@ TEST_F(Combine, ListsWhatIsMissingUntilTheUserGivesUp)
     constexpr const char* noPhotoXml =
         "指定したフォルダ内にPHOTO.XMLファイルが存在しません。\n再度、"
         "フォルダの指定を行ってください。";
-    EXPECT_THAT(host.user.Messages(), ElementsAre(noPhotoXml, noPhotoXml));
+    EXPECT_THAT(Texts(host.user.Messages()), ElementsAre(noPhotoXml, noPhotoXml));
     EXPECT_EQ(Found(), 4);
     CStringArray missing;
+    const auto expected = builder.ExpectedItems();
     for (const int photo : {4, 5}) {
-        for (const auto& item : builder.ExpectedItems()[static_cast<std::size_t>(photo)]) {
+        for (const auto& item : expected[static_cast<std::size_t>(photo)]) {
             const bool isFile = item.title == "写真ファイル名" || item.title == "参考図ファイル名";
             if (isFile && !item.value.empty()) missing.Add(item.value);
         }
     }
     const FolderQuestion& question = host.user.folderQuestion;
-    EXPECT_THAT(question.list, testing::UnorderedElementsAreArray(missing));
+    EXPECT_THAT(Texts(question.list), testing::UnorderedElementsAreArray(Texts(missing)));
     EXPECT_EQ(question.listTitle,
               Format("リンクが切れているファイル　（ファイル数：%d）", missing.GetSize()));
     EXPECT_EQ(question.title, "次のデータを開く");
@@ -142,7 +144,7 @@ TEST_F(Combine, UsesAHardDiskInItsPlace)
         host.user.calls.clear();
         EXPECT_TRUE(Run({Disc(2), Disc(3)}));
         EXPECT_EQ(Found(), 6);
-        EXPECT_THAT(host.user.Messages(), ElementsAre(finished));
+        EXPECT_THAT(Texts(host.user.Messages()), ElementsAre(finished));
         EXPECT_EQ(factory.GetDataFolderPath(), Disc(3));
         EXPECT_FALSE(fs::exists(FindCombineArea().folder));
     }
@@ -150,7 +152,7 @@ TEST_F(Combine, UsesAHardDiskInItsPlace)
         kind = drive;
         host.user.calls.clear();
         EXPECT_FALSE(Run({}));
-        EXPECT_THAT(host.user.Messages(),
+        EXPECT_THAT(Texts(host.user.Messages()),
                     ElementsAre("不正なフォルダパスです。再度パスの指定を行ってください。"));
     }
     EXPECT_FALSE(factory.StartCombineProc(Disc(1), nullptr, true));
@@ -176,7 +178,7 @@ TEST_F(Combine, LeavesNothingWhenADiscIsPulledOut)
         }
     };
     EXPECT_FALSE(Run({Disc(2)}));
-    EXPECT_THAT(host.user.Messages(), ElementsAre(copyFailed));
+    EXPECT_THAT(Texts(host.user.Messages()), ElementsAre(copyFailed));
     EXPECT_EQ(files, 3 + 1) << "the message of the removal is the last";
     EXPECT_FALSE(fs::exists(FindCombineArea().folder));
 }
@@ -186,7 +188,7 @@ TEST_F(Combine, LeavesNothingWhenTheWorkVolumeIsFull)
     const DiskMount volume(temp.Path("documents"), "tmpfs", "size=300k");
     if (!volume.IsThere()) GTEST_SKIP() << "only root may mount";
     EXPECT_FALSE(Run({}));
-    EXPECT_THAT(host.user.Messages(), ElementsAre(copyFailed));
+    EXPECT_THAT(Texts(host.user.Messages()), ElementsAre(copyFailed));
     EXPECT_FALSE(fs::exists(FindCombineArea().folder));
 }
 } // namespace

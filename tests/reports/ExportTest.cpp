@@ -5,6 +5,7 @@
 #include "settings/SlideMode.h"
 #include "support/DiskMount.h"
 #include "support/OpenedSample.h"
+#include "support/Texts.h"
 
 #include <gmock/gmock.h>
 
@@ -52,11 +53,11 @@ struct Shown : OpenedSample
     }
 
     /// Has the user choose \p folders one after the other, and returns what he was told.
-    CStringArray Output(std::initializer_list<CString> folders)
+    std::vector<CString> Output(std::initializer_list<CString> folders)
     {
         services.user.folders.assign(folders.begin(), folders.end());
         OutputShownPhotos(*document);
-        return services.user.Messages();
+        return Texts(services.user.Messages());
     }
 
     /// The names in \p folder, a blank behind each.
@@ -101,7 +102,7 @@ TEST(OutputAll, AsksAgainForAFolderThatItMustNotUse)
         << "the chooser starts at the folder that was chosen";
 
     Shown cancelled({"A.JPG", "B.JPG"});
-    EXPECT_TRUE(cancelled.Output({}).IsEmpty());
+    EXPECT_TRUE(cancelled.Output({}).empty());
     Shown empty({"A.JPG", "B.JPG"});
     empty.document->SetCurPhotoArray(false, false);
     EXPECT_THAT(empty.Output({empty.out.Path()}), ElementsAre(Summary(0, 0)));
@@ -123,9 +124,10 @@ TEST(OutputAll, ReplacesNamesInTheWholePath)
         {{"A.JPG", "B.JPG"}, "of A.JPG", "of B.JPG", 2, "A.JPG ", "B.JPG "},
         {{"A.JPG", "B.JPG"}, "of B.JPG", "of A.JPG", 2, "B.JPG ", "A.JPG "},
         {{"A.JPG", "B.JPG", "B.JPG"}, "plain", "x", 3, "A.JPG B.JPG ", ""},
-        {{"A.JPG", "out", "B.JPG"}, "out", "x", 0, "", ""},
-        {{"A.JPG", "../x/E.JPG", "..", "B.JPG"}, "plain", "x", 1, "A.JPG ", ""},
-        {{"A.JPG", "", "B.JPG"}, "plain", "x", 1, "A.JPG ", ""},
+        {{"A.JPG", "out", "B.JPG"}, "out", "x", 1, "out ", ""},
+        {{"A.JPG", "../x/E.JPG", "..", "B.JPG"}, "plain", "x", 2, "A.JPG B.JPG ", ""},
+        // A photograph without a name leaves nothing in the path to go on from.
+        {{"A.JPG", "", "B.JPG"}, "plain", "x", 0, "", ""},
     };
     for (const auto& c : cases) {
         Shown shown(c.names);
@@ -140,16 +142,12 @@ TEST(OutputAll, ReplacesNamesInTheWholePath)
 
 TEST(OutputAll, NamesCanNotLeadIntoTheDelivery)
 {
-    Shown shown({"out", "PIC", "N.JPG"});
-    const CString delivery = shown.temp.Path("PHOTO");
-    const TempFolder& root = shown.temp;
+    Shown shown({"out", "DRA", "N.JPG"});
     // The folder's last name is the first photograph's: the second makes it another folder.
-    fs::create_directory_symlink(delivery + "/PIC", shown.out.Path("PIC"));
-    const CString before = Shown::NamesIn(delivery + "/PIC");
-    const CString bytes = root.Read("PHOTO/PIC/PIC");
-    shown.Output({shown.out.MakeFolder("out")});
-    EXPECT_EQ(Shown::NamesIn(delivery + "/PIC"), before);
-    EXPECT_EQ(root.Read("PHOTO/PIC/PIC"), bytes);
+    const CString drawings = shown.temp.MakeFolder("PHOTO/DRA");
+    fs::create_directory_symlink(drawings, shown.out.Path("DRA"));
+    EXPECT_THAT(shown.Output({shown.out.MakeFolder("out")}), ElementsAre(Summary(3, 1)));
+    EXPECT_TRUE(fs::is_empty(drawings));
 }
 
 TEST(OutputAll, CountsWhatIsMissingAndStopsOnCancel)
@@ -201,13 +199,14 @@ TEST(OutputOne, AsksForTheName)
         EXPECT_EQ(user.saveQuestion.extension, extension);
         EXPECT_EQ(user.saveQuestion.pattern, pattern);
         EXPECT_EQ(user.saveQuestion.folder, shown.out.Path("none")) << "failed or not";
-        EXPECT_THAT(user.Messages(), ElementsAre(done, "保存に失敗しました。", inDelivery));
+        EXPECT_THAT(Texts(user.Messages()), ElementsAre(done, "保存に失敗しました。", inDelivery));
         EXPECT_FALSE(fs::exists(shown.temp.Path("PHOTO/x")));
     }
     Shown empty({"A.JPG"});
     empty.document->SetCurPhotoArray(false, false);
     OutputOnePhoto(*empty.document);
-    EXPECT_THAT(empty.services.user.Messages(), ElementsAre("出力可能な写真がありませんでした。"));
+    EXPECT_THAT(Texts(empty.services.user.Messages()),
+                ElementsAre("出力可能な写真がありませんでした。"));
 }
 
 TEST(CorrectionSave, SavesTheDeliveredFileOrTheCorrectedPicture)
@@ -255,7 +254,7 @@ TEST(CorrectionSave, SavesTheDeliveredFileOrTheCorrectedPicture)
         fs::remove(out.Path("saved.JPG"));
     }
     EXPECT_EQ(user.choice.title, "写真保存");
-    EXPECT_THAT(user.choice.notes, ElementsAre("明るさ・回転情報が変更されています。"));
+    EXPECT_THAT(Texts(user.choice.notes), ElementsAre("明るさ・回転情報が変更されています。"));
     EXPECT_EQ(user.choice.options[1].text, "元の写真を保存");
 }
 
@@ -269,9 +268,9 @@ TEST(CorrectionSave, RefusesInSlideModeAndWithoutAPhotograph)
     image.Run({&shown.Photo(0), nullptr, 0, 0, false});
     OutputShownPhotos(*shown.document);
     SetSlideMode(false);
-    EXPECT_THAT(user.Messages(), ElementsAre("保存可能な写真がありません。",
-                                             "スライドモード中は写真の保存ができません。",
-                                             "スライドモード中は写真の保存ができません。"));
+    EXPECT_THAT(Texts(user.Messages()), ElementsAre("保存可能な写真がありません。",
+                                                    "スライドモード中は写真の保存ができません。",
+                                                    "スライドモード中は写真の保存ができません。"));
     CorrectionSave(*shown.document, CorrectionSave::Window::Zoom)
         .Run({&shown.Photo(0), nullptr, 0, 0, false});
     EXPECT_EQ(user.saveQuestion.extension, "SVG") << "here the path tells, in any letter case";

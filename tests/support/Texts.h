@@ -1,0 +1,11 @@
+#pragma once
+
+#include "platform/Text.h"
+
+#include <vector>
+
+/// \p array as what matchers of containers take.
+inline std::vector<CString> Texts(const CStringArray& array)
+{
+    return {array.begin(), array.end()};
+}
