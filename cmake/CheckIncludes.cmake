@@ -26,6 +26,7 @@ set(outside_model ${standard})
 set(outside_windows "${standard}|${qt}")
 set(outside_viewer "${standard}|${qt}")
 set(outside_hosts ".*")
+set(outside_vectoradaptor ".*")
 
 # The layer of a file, from its path below SOURCE_ROOT.
 function(layer_of path out)

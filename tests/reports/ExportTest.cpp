@@ -2,7 +2,7 @@
 #include "reports/CorrectionSave.h"
 #include "reports/OutputPhotoFolder.h"
 #include "reports/PhotoOutput.h"
-#include "settings/SlideMode.h"
+#include "review/SlideMode.h"
 #include "support/DiskMount.h"
 #include "support/OpenedSample.h"
 #include "support/Texts.h"
