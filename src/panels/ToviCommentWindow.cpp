@@ -29,6 +29,9 @@ ToviCommentWindow::ToviCommentWindow()
     colors.setColor(QPalette::WindowText, frameColor);
     colors.setColor(QPalette::Text, Qt::black);
     setPalette(colors);
+    // In a list they would be those of the list.
+    setBackgroundRole(QPalette::Window);
+    setForegroundRole(QPalette::WindowText);
     setAutoFillBackground(true);
     setFrameStyle(QFrame::Box | QFrame::Plain);
     setFont(GaluFont::MsPGothic9pt());
