@@ -1,0 +1,557 @@
+#include "panels/ToviMpiPanel.h"
+
+#include "dialogs/ToviInputCommentDlg.h"
+#include "panels/ToviPhotoListCtrl.h"
+#include "panels/ToviPopUpMenu.h"
+#include "panels/UncheckedSearch.h"
+#include "platform/controls/WindowId.h"
+#include "review/SlideMode.h"
+
+#include <QApplication>
+#include <QCursor>
+
+#include <algorithm>
+#include <utility>
+
+namespace
+{
+std::optional<MoveKey> MoveKeyOf(int key)
+{
+    switch (key) {
+    case Qt::Key_PageUp:
+        return MoveKey::PageUp;
+    case Qt::Key_PageDown:
+        return MoveKey::PageDown;
+    case Qt::Key_Left:
+        return MoveKey::Left;
+    case Qt::Key_Right:
+        return MoveKey::Right;
+    case Qt::Key_Up:
+        return MoveKey::Up;
+    case Qt::Key_Down:
+        return MoveKey::Down;
+    default:
+        return {};
+    }
+}
+
+/// The number of the child of a cell in which the focus is; 0 if it is in none.
+int FocusedChild()
+{
+    for (const QWidget* widget = QApplication::focusWidget(); widget != nullptr;
+         widget = widget->parentWidget()) {
+        if (WindowId(widget) != 0) return WindowId(widget);
+    }
+    return 0;
+}
+} // namespace
+
+ToviMpiPanel::ToviMpiPanel(CDocument* theDocument)
+    : document(theDocument), views(*this, visualSetting, theDocument), labels(*this)
+{
+    QPalette colors = palette();
+    colors.setColor(QPalette::Window, Qt::white);
+    setPalette(colors);
+    setAutoFillBackground(true);
+    connect(&views, &PhotoViews::CellClicked, this, &ToviMpiPanel::OnSpiClicked);
+    connect(&views, &PhotoViews::CellDoubleClicked, this, &ToviMpiPanel::OnSpiDblClicked);
+    connect(&views, &PhotoViews::CellRightClicked, this, &ToviMpiPanel::OnSpiRClicked);
+    connect(&views, &PhotoViews::CellKeyPressed, this, &ToviMpiPanel::OnSpiKeyDown);
+    connect(&views, &PhotoViews::PasteLabelRequested, this, &ToviMpiPanel::OnSpiPasteLabel);
+    connect(&views, &PhotoViews::RemoveLabelRequested, this, &ToviMpiPanel::OnSpiRemoveLabel);
+    connect(&views, &PhotoViews::CommentChanged, this, &ToviMpiPanel::OnSpiUpdateCommentWindow);
+    connect(&views, &PhotoViews::ItemSelected, this, &ToviMpiPanel::OnSelect);
+    connect(&views, &PhotoViews::ItemDoubleClicked, this, &ToviMpiPanel::RequestZoom);
+    connect(&views, &PhotoViews::ItemRightClicked, this, &ToviMpiPanel::OnRClicked);
+    connect(&views, &PhotoViews::ListKeyPressed, this, &ToviMpiPanel::OnListCtrlKeyDown);
+    connect(&views, &PhotoViews::FloatyPressed, this, &ToviMpiPanel::OnFusen);
+}
+
+/// The children know the document, too.
+void ToviMpiPanel::OnPreDetachData()
+{
+    CloseMenu();
+    views.Destroy();
+    pages.ResetPageCount(-1, 0);
+    TellPage();
+}
+
+int ToviMpiPanel::PhotoCount() const
+{
+    return GetData() == nullptr ? 0 : GetData()->GetCurrentPhotoCount();
+}
+
+int ToviMpiPanel::SelectedPosition() const
+{
+    return GetData() == nullptr ? -1 : GetData()->GetSelectCurIndex();
+}
+
+// Updates
+
+void ToviMpiPanel::OnUpdate(CWnd* sender, ToviData::UpdateHint hint, CObject* object)
+{
+    ToviPanel::OnUpdate(sender, hint, object);
+    if (GetData() == nullptr) return;
+    const Setting::DivideType mode = hint == ToviData::HintInitialize
+                                         ? GetData()->GetVisualSetting().GetDivType()
+                                         : visualSetting.GetDivType();
+    for (const PanelStep step : StepsOf(hint, mode)) TakeStep(step);
+    TellPage();
+}
+
+void ToviMpiPanel::TakeStep(PanelStep step)
+{
+    switch (step) {
+    case PanelStep::CopySettings:
+        visualSetting = GetData()->GetVisualSetting();
+        break;
+    case PanelStep::ApplySettings:
+        SetVisualSetting(GetData()->GetVisualSetting(), false);
+        break;
+    case PanelStep::Initialize:
+        Initialize();
+        break;
+    case PanelStep::ResetPages:
+        pages.ResetPageCount(0, PhotoCount());
+        break;
+    case PanelStep::GoToSelected:
+        GoToSelected();
+        break;
+    case PanelStep::ChangePage:
+        OnChangePage();
+        break;
+    case PanelStep::RefillList:
+        views.RefillList();
+        break;
+    case PanelStep::SelectListItem:
+        if (views.List() != nullptr) OnSelect(views.List()->GetSelected());
+        break;
+    case PanelStep::RebuildStrips:
+        views.ResetStrips();
+        views.PlaceStrips();
+        break;
+    case PanelStep::RefreshLabels:
+        views.ShowAllLabels();
+        break;
+    case PanelStep::RefreshComments:
+        RefreshComments();
+        break;
+    case PanelStep::ClearAnchors:
+        views.Cells().ForEach([](ToviSpiCtrl& cell) { cell.ClearAnchor(); });
+        break;
+    }
+}
+
+void ToviMpiPanel::SetVisualSetting(const Setting& newSetting, bool force)
+{
+    const SettingChange change = ChangeOf(visualSetting, newSetting, force);
+    const int top = GetTopPosIndex();
+    visualSetting = newSetting;
+    if (GetData() == nullptr) return;
+    if (change.rebuild) {
+        InitiateLayput(top);
+    } else {
+        AdjustTo(change);
+    }
+}
+
+void ToviMpiPanel::AdjustTo(const SettingChange& change)
+{
+    if (change.toggleStrips && !visualSetting.GetVisibleComment()) views.HideStrips();
+    views.Cells().ForEach([&change](ToviSpiCtrl& cell) {
+        if (change.refillCells) cell.FillInfo();
+        cell.LayoutChildren();
+    });
+    views.PlaceStrips();
+}
+
+// Layout
+
+void ToviMpiPanel::Initialize()
+{
+    if (GetData() != nullptr) InitiateLayput(GetTopPosIndex());
+}
+
+void ToviMpiPanel::InitiateLayput(int top)
+{
+    const bool hadFocus = isAncestorOf(QApplication::focusWidget());
+    pages.SetPhotosOnPage(static_cast<int>(visualSetting.GetCountOfSet()));
+    pages.ResetPageCount(top, PhotoCount());
+    views.Create(*GetData());
+    views.RefillList();
+    OnChangePage();
+    views.ResetStrips();
+    RecalcLayout();
+    if (hadFocus) views.Focus(SelectedPosition());
+    TellMode();
+    TellPage();
+}
+
+void ToviMpiPanel::resizeEvent(QResizeEvent* event)
+{
+    ToviPanel::resizeEvent(event);
+    RecalcLayout();
+}
+
+void ToviMpiPanel::RecalcLayout()
+{
+    views.Place();
+}
+
+void ToviMpiPanel::focusInEvent(QFocusEvent*)
+{
+    views.Focus(SelectedPosition());
+}
+
+// Pages and the selection
+
+int ToviMpiPanel::GetSelectIndexInPage() const
+{
+    return std::max(0, views.Cells().CellOf(SelectedPosition()));
+}
+
+ToviSpiCtrl* ToviMpiPanel::GetSelSpiCtrl() const
+{
+    const int index = views.Cells().CellOf(SelectedPosition());
+    return index < 0 ? nullptr : &views.Cells().At(index);
+}
+
+int ToviMpiPanel::GetTopPosIndex() const
+{
+    const int selected = SelectedPosition();
+    return selected >= 0 ? selected : pages.FirstPosition();
+}
+
+void ToviMpiPanel::GoToSelected()
+{
+    const int selected = SelectedPosition();
+    if (selected >= 0) pages.SetCurrentPage(pages.GetPageNumber(selected, PhotoCount()) + 1);
+}
+
+void ToviMpiPanel::OnChangePage()
+{
+    if (views.Cells().Count() == 0) return;
+    const int first = pages.FirstPosition();
+    {
+        // The focus that moves within a cell is no choice of the user's.
+        const QSignalBlocker quiet(views);
+        views.Cells().Show(first);
+    }
+    if (GetSelSpiCtrl() == nullptr) OnSelect(first);
+}
+
+void ToviMpiPanel::ShowPage(int page)
+{
+    page = std::clamp(page, 1, std::max(1, GetTotalPage()));
+    if (GetData() == nullptr || page == GetCurrentPage()) return;
+    pages.SetCurrentPage(page);
+    OnChangePage();
+    views.ResetStrips();
+    views.PlaceStrips();
+    TellPage();
+}
+
+bool ToviMpiPanel::OnSelect(int index)
+{
+    if (GetData() == nullptr) return false;
+    if (!GetData()->PhotoSelectSetting(GetData()->GetIndexPhotoArray(index))) return false;
+    InvalidateName();
+    views.ShowFloaty(true);
+    return true;
+}
+
+/// Selects the photograph at \p position and turns to its page.
+void ToviMpiPanel::ShowPosition(int position)
+{
+    if (views.List() != nullptr) {
+        SelectListItem(position);
+    } else if (OnSelect(position)) {
+        ShowPage(pages.GetPageNumber(position, PhotoCount()) + 1);
+    }
+}
+
+void ToviMpiPanel::SelectListItem(int row)
+{
+    if (row < 0 || row >= PhotoCount()) return;
+    views.List()->SelectItem(row);
+}
+
+void ToviMpiPanel::SelectCell(int index)
+{
+    if (index < views.Cells().Count()) OnSelect(views.Cells().At(index).GetPhotoIndex());
+}
+
+void ToviMpiPanel::SelectNeighbour(int step)
+{
+    if (views.List() != nullptr) {
+        SelectListItem(views.List()->GetSelectionMark() + step);
+    } else if (GetSelSpiCtrl() == nullptr) {
+        SelectCell(0);
+    } else {
+        ShowPosition(SelectedPosition() + step);
+    }
+}
+
+bool ToviMpiPanel::SelectNextUnchecked()
+{
+    if (GetData() == nullptr) return false;
+    const int next = NextUnchecked(*GetData(), SelectedPosition());
+    if (next < 0) return false;
+    ShowPosition(next);
+    return true;
+}
+
+void ToviMpiPanel::InvalidateName()
+{
+    views.Cells().ForEach([](ToviSpiCtrl& cell) { cell.InvalidateNamePlate(); });
+}
+
+void ToviMpiPanel::TellPage()
+{
+    const std::pair now(GetCurrentPage(), GetTotalPage());
+    if (std::exchange(toldPages, now) != now) emit PageChanged();
+}
+
+void ToviMpiPanel::TellMode()
+{
+    const Setting::DivideType now = visualSetting.GetDivType();
+    if (std::exchange(toldMode, now) != now) emit ModeChanged();
+}
+
+// Mouse and keys on the cells
+
+void ToviMpiPanel::OnSpiClicked(int index)
+{
+    if (&views.Cells().At(index) != GetSelSpiCtrl()) SelectCell(index);
+}
+
+void ToviMpiPanel::OnSpiDblClicked(int index)
+{
+    RequestZoom(views.Cells().At(index).GetPhotoIndex());
+}
+
+void ToviMpiPanel::OnSpiRClicked(int index)
+{
+    if (!OnSelect(views.Cells().At(index).GetPhotoIndex())) return;
+    if (!RefuseInSlideMode(SlideModeRefusal::RightClick)) ShowPopUpMenu();
+}
+
+void ToviMpiPanel::RequestZoom(int position)
+{
+    ToviPhoto* const photo = GetData() == nullptr ? nullptr : GetData()->GetPhoto(position);
+    if (photo != nullptr && photo->IsSelected()) emit ZoomRequested(photo);
+}
+
+void ToviMpiPanel::OnSpiKeyDown(int key)
+{
+    if (key == 0 || views.Cells().Count() == 0) return;
+    const int focused = FocusedChild();
+    const std::optional<MoveKey> moveKey = MoveKeyOf(key);
+    if (moveKey) Move(MoveOnPage(*moveKey, PositionOnPage()));
+    ToviSpiCtrl* const cell = GetSelSpiCtrl();
+    if (cell != nullptr) cell->FocusChild(focused);
+}
+
+CellPosition ToviMpiPanel::PositionOnPage() const
+{
+    return {.mode = visualSetting.GetDivType(),
+            .cell = GetSelectIndexInPage(),
+            .filledCells = GetCountInPage(),
+            .page = GetCurrentPage(),
+            .pages = GetTotalPage(),
+            .position = SelectedPosition(),
+            .photoCount = PhotoCount()};
+}
+
+void ToviMpiPanel::Move(const CellMove& move)
+{
+    switch (move.kind) {
+    case CellMove::Nothing:
+        break;
+    case CellMove::PreviousPage:
+        OperatePrevPage();
+        break;
+    case CellMove::NextPage:
+        OperateNextPage();
+        break;
+    case CellMove::PreviousPhoto:
+        OperatePrevPhoto();
+        break;
+    case CellMove::NextPhoto:
+        OperateNextPhoto();
+        break;
+    case CellMove::SelectCell:
+        SelectCell(move.cell);
+        break;
+    case CellMove::PreviousPageCell:
+        ShowPosition(pages.FirstPosition() - pages.PhotosOnPage() + move.cell);
+        break;
+    }
+}
+
+void ToviMpiPanel::OnSpiPasteLabel(unsigned int label, ToviSpiCtrl* cell)
+{
+    ChangeLabel(*cell, [label](ToviPhoto& photo) { photo.PasteLabel(label); });
+}
+
+void ToviMpiPanel::OnSpiRemoveLabel(unsigned int label, ToviSpiCtrl* cell)
+{
+    ChangeLabel(*cell, [label](ToviPhoto& photo) { photo.RemoveLabel(label); });
+}
+
+void ToviMpiPanel::OnSpiUpdateCommentWindow(ToviSpiCtrl* cell)
+{
+    const int index = views.Cells().CellOf(cell->GetPhotoIndex());
+    if (index >= 0) UpdateComment(index, GetData()->GetPhoto(cell->GetPhotoIndex())->GetComment());
+}
+
+// Mouse and keys on the list
+
+void ToviMpiPanel::OnRClicked(int row)
+{
+    if (OnSelect(row)) ShowPopUpMenu();
+}
+
+void ToviMpiPanel::OnListCtrlKeyDown(int key, int markBefore)
+{
+    const std::optional<MoveKey> moveKey = MoveKeyOf(key);
+    if (!moveKey || views.List() == nullptr || !visualSetting.IsThumbListStyle()) return;
+    Move({MoveOnList(*moveKey, markBefore, views.List()->GetSelectionMark(), PhotoCount())});
+}
+
+void ToviMpiPanel::OnFusen(unsigned int label)
+{
+    if (views.List() == nullptr || views.List()->GetSelected() < 0) return;
+    if (label == LabelComment) {
+        labels.Paste(label);
+    } else {
+        labels.Toggle(label);
+    }
+}
+
+// Labels and comments
+
+/// The selected photograph, unless the user doesn't see it among those on show.
+ToviPhoto* ToviMpiPanel::Photo() const
+{
+    return SelectedPosition() < 0 ? nullptr : GetData()->GetSelectedPhoto();
+}
+
+std::optional<CString> ToviMpiPanel::AskComment(const CString& comment)
+{
+    ToviInputCommentDlg dialog(window());
+    dialog.SetComment(comment);
+    if (!dialog.DoModal()) return {};
+    return dialog.GetComment();
+}
+
+void ToviMpiPanel::ShowLabels()
+{
+    views.ShowLabels(SelectedPosition());
+}
+
+void ToviMpiPanel::ShowComment(const CString& comment)
+{
+    const int position = SelectedPosition();
+    const int index = views.List() != nullptr ? position : views.Cells().CellOf(position);
+    if (index >= 0) UpdateComment(index, comment);
+}
+
+void ToviMpiPanel::PasteLabel(int label)
+{
+    labels.Paste(static_cast<unsigned int>(label));
+}
+
+void ToviMpiPanel::RemoveLabel(int label)
+{
+    labels.Remove(static_cast<unsigned int>(label));
+}
+
+void ToviMpiPanel::ToggleLabel(int label)
+{
+    labels.Toggle(static_cast<unsigned int>(label));
+}
+
+void ToviMpiPanel::OnRemoveAllLabel()
+{
+    labels.RemoveAll();
+}
+
+void ToviMpiPanel::AllPhotoAllLabelRemove()
+{
+    if (PhotoCount() == 0) return;
+    GetData()->AllRemoveLabel();
+    GetData()->SetCheckStatusChanged(true);
+    if (document != nullptr) {
+        document->UpdateAllViews(nullptr, ToviData::HintLabelsChanged, nullptr);
+    } else {
+        OnUpdate(nullptr, ToviData::HintLabelsChanged, nullptr);
+    }
+    views.EnableFloaty();
+}
+
+/// What the cell asks for has been decided; it has marked the document as changed.
+template <class Change>
+void ToviMpiPanel::ChangeLabel(ToviSpiCtrl& cell, const Change& change)
+{
+    ToviPhoto* const photo = GetData()->GetPhoto(cell.GetPhotoIndex());
+    if (photo == nullptr) return;
+    const QPointer<ToviSpiCtrl> alive = &cell;
+    change(*photo);
+    GetData()->UpdatePhotoInf(nullptr);
+    if (alive) alive->UpdateLabelButtons();
+}
+
+void ToviMpiPanel::UpdateComment(int index, const CString& text)
+{
+    views.ShowComment(index, text);
+    if (GetData() != nullptr) GetData()->UpdateHasComment();
+}
+
+void ToviMpiPanel::RefreshComments()
+{
+    views.Cells().ForEach([](ToviSpiCtrl& cell) { cell.LayoutChildren(); });
+    views.ResetStrips();
+    views.PlaceStrips();
+    GetData()->UpdateHasComment();
+}
+
+// The menu
+
+void ToviMpiPanel::ShowPopUpMenu()
+{
+    const ToviPhoto* const photo = Photo();
+    if (photo == nullptr) return;
+    CloseMenu();
+    menu = new ToviPopUpMenu(*GetData()->GetLabelManager(), this);
+    menu->EnableItems(EnabledLabelItems(*photo));
+    connect(menu, &ToviPopUpMenu::CommandChosen, this, &ToviMpiPanel::OnMenuCommand);
+    connect(menu, &QMenu::aboutToHide, this, [this] { views.ShowFloaty(true); });
+    views.ShowFloaty(false);
+    menu->popup(MenuPlace());
+}
+
+void ToviMpiPanel::CloseMenu()
+{
+    if (!menu) return;
+    menu->close();
+    menu->deleteLater();
+}
+
+/// Where the mouse is, unless the menu was called by a key.
+QPoint ToviMpiPanel::MenuPlace() const
+{
+    const QPoint cursor = QCursor::pos();
+    return rect().contains(mapFromGlobal(cursor)) ? cursor : views.MiddleOf(SelectedPosition());
+}
+
+void ToviMpiPanel::OnMenuCommand(unsigned int id)
+{
+    if (id == LabelMenuId::removeAll) {
+        OnRemoveAllLabel();
+    } else if (id >= LabelMenuId::paste) {
+        labels.Paste(id - LabelMenuId::paste);
+    } else {
+        labels.Remove(id - LabelMenuId::remove);
+    }
+}

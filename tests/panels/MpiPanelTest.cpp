@@ -1,0 +1,633 @@
+#include "panels/CellChild.h"
+#include "panels/ToviCommentWindow.h"
+#include "panels/ToviLabelButton.h"
+#include "panels/ToviMpiPanel.h"
+#include "panels/ToviNamePlate.h"
+#include "panels/ToviPhotoListCtrl.h"
+#include "panels/ToviPopUpMenu.h"
+#include "platform/controls/LumImgWnd.h"
+#include "platform/controls/WindowId.h"
+#include "platform/QtText.h"
+#include "review/SlideMode.h"
+#include "support/OpenedSample.h"
+
+#include <gmock/gmock.h>
+
+#include <QApplication>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QTest>
+#include <QTimer>
+
+#include <filesystem>
+#include <fstream>
+
+namespace
+{
+using Setting = ToviPhotoCtrlVisualSetting;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr Setting::DivideType pagedModes[] = {Setting::DivideOne, Setting::DivideTwo,
+                                              Setting::DivideThree, Setting::DivideFour,
+                                              Setting::DivideSix};
+constexpr int onPage[] = {1, 2, 3, 4, 6};
+
+/// A host with one panel, to which it forwards what is broadcast.
+class PanelHost : public CDocument
+{
+public:
+    void UpdateAllViews(CWnd* sender, int hint, CObject* object) override
+    {
+        hints.push_back(hint);
+        if (panel != nullptr)
+            panel->OnUpdate(sender, static_cast<ToviData::UpdateHint>(hint), object);
+    }
+
+    ToviMpiPanel* panel = nullptr;
+    std::vector<int> hints;
+};
+
+/// A delivery on show in a panel.
+struct ShownDelivery
+{
+    ShownDelivery(const DeliveryBuilder& delivery, Setting::DivideType mode)
+    {
+        delivery.Write(temp.Path());
+        ToviEnouDataFactory factory;
+        data.reset(
+            factory.Create(&host, temp.Path("PHOTO").c_str(), PhotoXMLMlit, nullptr, nullptr));
+        data->Load();
+        data->BuildTreeNode(Setting::TreeWorkTypeFull);
+        host.panel = &panel;
+        QObject::connect(&panel, &ToviMpiPanel::PageChanged, &panel, [this] { ++pagesTold; });
+        QObject::connect(&panel, &ToviMpiPanel::ModeChanged, &panel, [this] { ++modesTold; });
+        QObject::connect(&panel, &ToviMpiPanel::ZoomRequested, &panel,
+                         [this](ToviPhoto* photo) { zoomed = photo; });
+        window.resize(1000, 700);
+        panel.Create(&window, 1);
+        panel.resize(window.size());
+        panel.Attach(data.get());
+        window.show();
+        window.activateWindow();
+        Set([mode](Setting& setting) { setting.SetDivType(mode); });
+        host.UpdateAllViews(nullptr, ToviData::HintInitialize, nullptr);
+        panel.setFocus();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+    }
+    ShownDelivery(int photos, Setting::DivideType mode)
+        : ShownDelivery(DeliveryBuilder({.photos = photos, .drawings = 0, .images = false}), mode)
+    {}
+    ~ShownDelivery() { panel.Detach(); }
+
+    template <class Change>
+    void Set(const Change& change)
+    {
+        Setting setting = data->GetVisualSetting();
+        change(setting);
+        data->SetVisualSetting(setting, false);
+        host.UpdateAllViews(nullptr, ToviData::HintSettingsChanged, nullptr);
+    }
+
+    /// Makes the first \p count photographs the current array.
+    void ShowFirst(int count)
+    {
+        for (int index = 0; index < data->GetTotalCountPhoto(); ++index) {
+            ToviPhoto& photo = *data->GetPhotoActualPhotoArray(index);
+            photo.RemoveLabel(LabelFree);
+            if (index < count) photo.PasteLabel(LabelFree);
+        }
+        data->SetSelected(static_cast<int>(LabelFree));
+    }
+
+    void Press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        // A dialog may have been in front.
+        window.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+        ASSERT_NE(QApplication::focusWidget(), nullptr);
+        QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(key), modifiers);
+    }
+
+    std::vector<ToviSpiCtrl*> Cells()
+    {
+        const QList<ToviSpiCtrl*> found = panel.findChildren<ToviSpiCtrl*>();
+        return {found.begin(), found.end()};
+    }
+    /// What the cells show.
+    std::vector<int> Positions()
+    {
+        std::vector<int> positions;
+        for (const ToviSpiCtrl* cell : Cells()) positions.push_back(cell->GetPhotoIndex());
+        return positions;
+    }
+    ToviNamePlate& Plate(int cell)
+    {
+        return *Cells()[static_cast<std::size_t>(cell)]->findChild<ToviNamePlate*>();
+    }
+    void RightClick(int cell)
+    {
+        QTest::mouseClick(&Plate(cell), Qt::RightButton, {}, QPoint(10, 10));
+    }
+    int Selected() { return data->GetSelectCurIndex(); }
+    ToviPhoto& Photo(int position) { return *data->GetPhoto(position); }
+    /// The comment strips that are to be seen, with their whole texts.
+    std::vector<CString> Strips()
+    {
+        std::vector<CString> texts;
+        for (const auto* strip : panel.findChildren<ToviCommentWindow*>()) {
+            if (strip->isVisible()) texts.push_back(FromQtText(strip->accessibleDescription()));
+        }
+        return texts;
+    }
+
+    /// Answers the next comment dialog with \p text; null: gives it up.
+    void AnswerComment(const char* text)
+    {
+        QTimer::singleShot(0, &panel, [text] {
+            QWidget* const dialog = QApplication::activeModalWidget();
+            ASSERT_NE(dialog, nullptr);
+            auto* const edit = dialog->findChild<QPlainTextEdit*>();
+            if (text != nullptr) edit->setPlainText(QtText(text));
+            QTest::keyClick(edit, text != nullptr ? Qt::Key_Return : Qt::Key_Escape);
+        });
+    }
+
+    TestHost services;
+    TempFolder temp;
+    PanelHost host;
+    std::unique_ptr<ToviData> data;
+    QWidget window;
+    ToviMpiPanel panel{&host};
+    int pagesTold = 0;
+    int modesTold = 0;
+    ToviPhoto* zoomed = nullptr;
+};
+
+/// The page is what the arithmetic of \p photos says, with the selected photograph on it.
+void ExpectSoundPage(ShownDelivery& shown, int mode, int photos)
+{
+    const int cells = onPage[mode];
+    ASSERT_EQ(static_cast<int>(shown.Cells().size()), cells);
+    EXPECT_EQ(shown.panel.GetTotalPage(), (photos + cells - 1) / cells);
+    const int first = (shown.panel.GetCurrentPage() - 1) * cells;
+    for (int cell = 0; cell < cells; ++cell) {
+        const int position = first + cell < photos ? first + cell : -1;
+        EXPECT_EQ(shown.Positions()[static_cast<std::size_t>(cell)], position);
+    }
+    EXPECT_EQ(shown.panel.GetCountInPage(), std::min(cells, photos - first));
+    if (photos == 0) return;
+    EXPECT_EQ(first + shown.panel.GetSelectIndexInPage(), shown.Selected());
+    EXPECT_EQ(shown.panel.GetTopPosIndex(), shown.Selected());
+}
+
+TEST(MpiPanel, MovesThroughEverySetByKey)
+{
+    ShownDelivery shown(13, Setting::DivideOne);
+    for (const int mode : pagedModes) {
+        shown.Set([mode](Setting& setting) {
+            setting.SetDivType(static_cast<Setting::DivideType>(mode));
+        });
+        for (const int photos : {0, 1, 6, 7, 13}) {
+            SCOPED_TRACE(testing::Message() << photos << " photographs in mode " << mode);
+            shown.ShowFirst(photos);
+            ExpectSoundPage(shown, mode, photos);
+            while (shown.Selected() > 0) shown.panel.OperatePrevPhoto();
+            shown.panel.setFocus();
+            for (int photo = 0; photo <= photos; ++photo) {
+                EXPECT_EQ(shown.Selected(), photos == 0 ? -1 : std::min(photo, photos - 1));
+                shown.Press(Qt::Key_Down);
+                ExpectSoundPage(shown, mode, photos);
+            }
+            for (const int key :
+                 {Qt::Key_PageDown, Qt::Key_Right, Qt::Key_Home, Qt::Key_Left, Qt::Key_PageUp,
+                  Qt::Key_PageUp, Qt::Key_Up, Qt::Key_Left, Qt::Key_Right, Qt::Key_End}) {
+                shown.Press(key, Qt::ControlModifier);
+                ExpectSoundPage(shown, mode, photos);
+            }
+        }
+    }
+}
+
+TEST(MpiPanel, GoesByRowsInTwoColumns)
+{
+    ShownDelivery shown(7, Setting::DivideFour);
+    const auto walk = [&shown](int key) {
+        std::vector<int> way;
+        for (int step = 0; step < 9; ++step) {
+            way.push_back(shown.Selected());
+            shown.Press(key);
+        }
+        return way;
+    };
+    EXPECT_THAT(walk(Qt::Key_Right), ElementsAre(0, 2, 1, 3, 4, 6, 5, 5, 5));
+    EXPECT_THAT(walk(Qt::Key_Left), ElementsAre(5, 6, 4, 3, 1, 2, 0, 0, 0));
+    shown.ShowFirst(4);
+    shown.Set([](Setting& setting) { setting.SetDivType(Setting::DivideSix); });
+    EXPECT_THAT(walk(Qt::Key_Right), ElementsAre(0, 3, 1, 2, 2, 2, 2, 2, 2));
+}
+
+TEST(MpiPanel, KeepsTheFocusInTheSamePartOfACell)
+{
+    ShownDelivery shown(8, Setting::DivideFour);
+    const auto focused = [] { return WindowId(QApplication::focusWidget()); };
+    EXPECT_EQ(focused(), idNamePlate);
+    shown.Plate(0).Button(LabelNg1)->setFocus();
+    shown.Press(Qt::Key_Right, Qt::ControlModifier);
+    EXPECT_EQ(focused(), idFirstLabel + static_cast<int>(LabelNg1));
+    EXPECT_TRUE(shown.Cells()[2]->isAncestorOf(QApplication::focusWidget()));
+    shown.Press(Qt::Key_PageDown, Qt::ControlModifier);
+    EXPECT_TRUE(shown.Cells()[0]->isAncestorOf(QApplication::focusWidget()));
+    EXPECT_EQ(shown.Selected(), 4);
+
+    // A table and a text take turns in one place; the first photograph is selected all the same.
+    shown.Press(Qt::Key_PageUp, Qt::ControlModifier);
+    QTest::mouseClick(&shown.Plate(3), Qt::LeftButton, {}, QPoint(10, 10));
+    shown.Cells()[3]->FocusChild(idValueEdit);
+    for (const int page : {2, 1, 2}) {
+        shown.Press(page == 2 ? Qt::Key_PageDown : Qt::Key_PageUp, Qt::ControlModifier);
+        EXPECT_EQ(shown.Selected(), (page - 1) * 4);
+    }
+    shown.Set([](Setting& setting) { setting.SetDivType(Setting::DivideSix); });
+    EXPECT_TRUE(shown.panel.isAncestorOf(QApplication::focusWidget()));
+}
+
+TEST(MpiPanel, TellsOfPagesAndModes)
+{
+    ShownDelivery shown(7, Setting::DivideFour);
+    shown.pagesTold = shown.modesTold = 0;
+    shown.panel.OperateNextPage();
+    EXPECT_EQ(shown.pagesTold, 1);
+    shown.panel.OperateNextPage();
+    EXPECT_EQ(shown.pagesTold, 1) << "there is nothing behind the last page";
+    EXPECT_EQ(shown.panel.GetCurrentPage(), 2);
+    shown.panel.OperatePrevPhoto();
+    EXPECT_EQ(shown.pagesTold, 2);
+    EXPECT_EQ(shown.Selected(), 3);
+    EXPECT_EQ(shown.modesTold, 0);
+    shown.Set([](Setting& setting) { setting.SetDivType(Setting::DivideSix); });
+    EXPECT_EQ(shown.modesTold, 1);
+    EXPECT_EQ(shown.Selected(), 3) << "the mode leaves the selection";
+    shown.panel.OperateLastPage();
+    EXPECT_EQ(shown.Selected(), 6);
+    shown.panel.OperateNextPhoto();
+    EXPECT_EQ(shown.Selected(), 6);
+    shown.panel.OperateTopPage();
+    EXPECT_EQ(shown.Selected(), 0);
+    shown.panel.Detach();
+    EXPECT_EQ(shown.panel.GetTotalPage(), 0);
+    EXPECT_THAT(shown.Cells(), IsEmpty());
+    shown.panel.OperateNextPage();
+    shown.panel.ToggleLabel(LabelOk);
+    EXPECT_FALSE(shown.panel.SelectNextUnchecked());
+}
+
+TEST(MpiPanel, FollowsTheSetThatTheTreeShows)
+{
+    ShownDelivery shown(13, Setting::DivideFour);
+    for (int page = 1; page < 3; ++page) shown.panel.OperateNextPage();
+    EXPECT_THAT(shown.Positions(), ElementsAre(8, 9, 10, 11));
+    const ToviPhoto* const selected = shown.data->GetSelectedPhoto();
+
+    shown.ShowFirst(13);
+    EXPECT_EQ(shown.data->GetSelectedPhoto(), selected) << "still in the set";
+    ExpectSoundPage(shown, Setting::DivideFour, 13);
+
+    shown.panel.OperateLastPage();
+    shown.ShowFirst(5);
+    EXPECT_EQ(shown.panel.GetCurrentPage(), 1) << "the selected photograph has left the set";
+    ExpectSoundPage(shown, Setting::DivideFour, 5);
+
+    shown.panel.OperateLastPage();
+    shown.panel.RemoveLabel(LabelFree);
+    shown.data->SetSelected(static_cast<int>(LabelFree));
+    ExpectSoundPage(shown, Setting::DivideFour, 4);
+
+    shown.data->SetSelected(-1);
+    ExpectSoundPage(shown, Setting::DivideFour, 0);
+    shown.panel.ToggleLabel(LabelOk);
+    EXPECT_EQ(shown.data->CountLabel(LabelOk), 0) << "of a photograph that nobody sees";
+    shown.data->SetSelected(shown.data.get(), true);
+    ExpectSoundPage(shown, Setting::DivideFour, 13);
+}
+
+TEST(MpiPanel, SelectsByMouseAndAsksForTheZoom)
+{
+    ShownDelivery shown(6, Setting::DivideSix);
+    QTest::mouseClick(&shown.Plate(4), Qt::LeftButton, {}, QPoint(10, 10));
+    EXPECT_EQ(shown.Selected(), 4);
+    QTest::mouseDClick(&shown.Plate(4), Qt::LeftButton, {}, QPoint(10, 10));
+    EXPECT_EQ(shown.zoomed, &shown.Photo(4));
+    shown.ShowFirst(3);
+    const int selected = shown.Selected();
+    QTest::mouseClick(&shown.Plate(5), Qt::LeftButton, {}, QPoint(10, 10));
+    EXPECT_EQ(shown.Selected(), selected) << "an empty cell";
+}
+
+TEST(MpiPanel, FindsTheNextUncheckedOverThePages)
+{
+    ShownDelivery shown(9, Setting::DivideTwo);
+    for (const int checked : {1, 2, 3, 4, 5, 8}) shown.Photo(checked).PasteLabel(LabelNg1);
+    std::vector<int> found;
+    for (int step = 0; step < 4; ++step) {
+        EXPECT_TRUE(shown.panel.SelectNextUnchecked());
+        found.push_back(shown.Selected());
+        ExpectSoundPage(shown, Setting::DivideTwo, 9);
+    }
+    EXPECT_THAT(found, ElementsAre(6, 7, 0, 6));
+    for (const int left : {0, 6, 7}) shown.Photo(left).PasteLabel(LabelOk);
+    EXPECT_FALSE(shown.panel.SelectNextUnchecked());
+    EXPECT_EQ(shown.Selected(), 6);
+}
+
+TEST(MpiPanel, PastesAndRemovesLabels)
+{
+    ShownDelivery shown(2, Setting::DivideTwo);
+    const auto pasted = [&shown] {
+        std::vector<unsigned int> found;
+        for (unsigned int slot = 0; slot < labelCount; ++slot) {
+            if (shown.Photo(0).IsLabelPasted(slot)) found.push_back(slot);
+            EXPECT_EQ(shown.Plate(0).Button(slot)->IsPressed(), shown.Photo(0).IsLabelPasted(slot));
+        }
+        return found;
+    };
+    shown.data->SetCheckStatusChanged(false);
+    shown.panel.PasteLabel(LabelNg1);
+    EXPECT_TRUE(shown.data->IsCheckStatusChanged());
+    EXPECT_THAT(shown.host.hints, Contains(ToviData::HintPhotoInfoChanged));
+    shown.panel.PasteLabel(LabelNg2);
+    shown.panel.PasteLabel(LabelFree);
+    EXPECT_THAT(pasted(), ElementsAre(LabelNg1, LabelNg2, LabelFree));
+    shown.panel.ToggleLabel(LabelOk);
+    EXPECT_THAT(pasted(), ElementsAre(LabelOk, LabelFree));
+    shown.panel.ToggleLabel(LabelNg3);
+    EXPECT_THAT(pasted(), ElementsAre(LabelNg3, LabelFree));
+    shown.panel.ToggleLabel(LabelFree);
+    EXPECT_THAT(pasted(), ElementsAre(LabelNg3));
+    QTest::mouseClick(shown.Plate(0).Button(LabelOk), Qt::LeftButton);
+    EXPECT_THAT(pasted(), ElementsAre(LabelOk));
+    shown.panel.PasteLabel(6);
+    shown.panel.OnRemoveAllLabel();
+    EXPECT_THAT(pasted(), IsEmpty());
+
+    shown.panel.PasteLabel(LabelOk);
+    shown.data->SetCheckStatusChanged(false);
+    shown.panel.AllPhotoAllLabelRemove();
+    EXPECT_THAT(pasted(), IsEmpty());
+    EXPECT_TRUE(shown.data->IsCheckStatusChanged());
+}
+
+TEST(MpiPanel, ShowsCommentsOverThePhotographs)
+{
+    ShownDelivery shown(3, Setting::DivideTwo);
+    shown.AnswerComment("　舗装厚を確認 ");
+    shown.panel.PasteLabel(LabelComment);
+    EXPECT_EQ(shown.Photo(0).GetComment(), "　舗装厚を確認 ");
+    EXPECT_TRUE(shown.Photo(0).IsLabelPasted(LabelComment));
+    EXPECT_THAT(shown.Strips(), ElementsAre("　舗装厚を確認 "));
+    const auto* const image = shown.Cells()[0]->findChild<LumImgWnd*>();
+    const auto* const strip = shown.Cells()[0]->findChild<ToviCommentWindow*>();
+    EXPECT_EQ(strip->width(), image->width());
+    EXPECT_EQ(strip->geometry().bottom() + 1, image->y()) << "the photograph makes room";
+
+    shown.panel.OperateNextPage();
+    EXPECT_THAT(shown.Strips(), IsEmpty());
+    shown.panel.OperatePrevPage();
+    EXPECT_THAT(shown.Strips(), testing::SizeIs(1));
+    shown.Set([](Setting& setting) { setting.SetVisibleComment(false); });
+    EXPECT_THAT(shown.Strips(), IsEmpty());
+    shown.Set([](Setting& setting) { setting.SetVisibleComment(true); });
+    EXPECT_THAT(shown.Strips(), testing::SizeIs(1));
+
+    shown.AnswerComment("二枚目");
+    QTest::mouseClick(shown.Plate(1).Button(LabelComment), Qt::LeftButton);
+    EXPECT_EQ(shown.Selected(), 1);
+    EXPECT_THAT(shown.Strips(), ElementsAre("　舗装厚を確認 ", "二枚目"));
+    auto* const first = shown.Cells()[0]->findChild<ToviCommentWindow*>();
+    shown.AnswerComment("書き直し");
+    QTest::mouseDClick(first, Qt::LeftButton);
+    EXPECT_EQ(shown.Selected(), 0);
+    EXPECT_THAT(shown.Strips(), ElementsAre("書き直し", "二枚目"));
+
+    shown.AnswerComment(" 　");
+    shown.panel.ToggleLabel(LabelComment);
+    EXPECT_FALSE(shown.Photo(0).IsLabelPasted(LabelComment));
+    EXPECT_EQ(shown.Photo(0).GetComment(), "");
+    EXPECT_THAT(shown.Strips(), ElementsAre("二枚目"));
+
+    shown.data->SetCheckStatusChanged(false);
+    shown.AnswerComment(nullptr);
+    shown.panel.PasteLabel(LabelComment);
+    EXPECT_TRUE(shown.data->IsCheckStatusChanged()) << "giving up counts as a change";
+
+    shown.panel.OperateNextPhoto();
+    shown.panel.RemoveLabel(LabelComment);
+    EXPECT_THAT(shown.Strips(), IsEmpty());
+    EXPECT_THROW(shown.panel.UpdateComment(2, "x"), InvalidArgument);
+}
+
+TEST(MpiPanel, ShowsWhatTheBatchHasCorrected)
+{
+    ShownDelivery shown(3, Setting::DivideTwo);
+    shown.AnswerComment("メモ");
+    shown.panel.PasteLabel(LabelComment);
+    shown.services.user.options = {2};
+    shown.services.user.answers = {MessageAnswer::Ok};
+    EXPECT_TRUE(shown.data->AllLabelCorrection());
+    EXPECT_THAT(shown.Strips(), IsEmpty());
+    EXPECT_FALSE(shown.Plate(0).Button(LabelComment)->IsPressed());
+}
+
+TEST(MpiPanel, OffersTheLabelsInAMenu)
+{
+    ShownDelivery shown(2, Setting::DivideTwo);
+    shown.data->GetLabelManager()->GetLabelAttribute(LabelNg1).SetName("A&B");
+    shown.RightClick(1);
+    EXPECT_EQ(shown.Selected(), 1);
+    auto* menu = qobject_cast<ToviPopUpMenu*>(QApplication::activePopupWidget());
+    ASSERT_NE(menu, nullptr);
+    // 付箋の貼り付け, and there the second.
+    QTest::keyClick(menu, Qt::Key_S);
+    QWidget* const paste = QApplication::activePopupWidget();
+    EXPECT_EQ(paste->actions()[1]->text(), QStringLiteral("A&&B"));
+    if (paste->actions()[0] == qobject_cast<QMenu*>(paste)->activeAction())
+        QTest::keyClick(paste, Qt::Key_Down);
+    QTest::keyClick(paste, Qt::Key_Return);
+    EXPECT_TRUE(shown.Photo(1).IsLabelPasted(LabelNg1));
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+
+    shown.panel.ShowPopUpMenu();
+    menu = qobject_cast<ToviPopUpMenu*>(QApplication::activePopupWidget());
+    ASSERT_NE(menu, nullptr);
+    QTest::keyClick(menu, Qt::Key_R);
+    const QList<QAction*> remove = QApplication::activePopupWidget()->actions();
+    EXPECT_FALSE(remove[0]->isEnabled());
+    EXPECT_TRUE(remove[1]->isEnabled());
+    EXPECT_EQ(remove.last()->text(), QStringLiteral("全て"));
+    remove.last()->trigger();
+    EXPECT_FALSE(shown.Photo(1).IsLabelPasted(LabelNg1));
+    shown.panel.Detach();
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+}
+
+TEST(MpiPanel, RefusesInSlideModeWhatDistracts)
+{
+    ShownDelivery shown(2, Setting::DivideOne);
+    SetSlideMode(true);
+    shown.RightClick(0);
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+    shown.panel.RemoveLabel(LabelComment);
+    shown.panel.ToggleLabel(LabelComment);
+    shown.panel.ToggleLabel(LabelOk);
+    SetSlideMode(false);
+    EXPECT_TRUE(shown.Photo(0).IsLabelPasted(LabelOk));
+    const CStringArray told = shown.services.user.Messages();
+    EXPECT_THAT(std::vector<CString>(told.begin(), told.end()),
+                ElementsAre("スライドモード中は右クリック操作はできません。",
+                            "スライドモード中はコメントの編集ができません。",
+                            "スライドモード中はコメントの編集ができません。"));
+}
+
+TEST(MpiPanel, WalksThroughTheThumbnails)
+{
+    ShownDelivery shown(9, Setting::DivideThumbnails);
+    for (const int photos : {9, 0, 1, 6, 7}) {
+        SCOPED_TRACE(testing::Message() << photos << " photographs");
+        shown.ShowFirst(photos);
+        EXPECT_EQ(shown.panel.GetCurrentPage(), 1);
+        EXPECT_EQ(shown.panel.GetTotalPage(), 1);
+        EXPECT_THAT(shown.Cells(), IsEmpty());
+        shown.panel.setFocus();
+        for (int step = 0; step < photos; ++step) shown.Press(Qt::Key_Left);
+        for (int photo = 0; photo <= photos; ++photo) {
+            EXPECT_EQ(shown.Selected(), photos == 0 ? -1 : std::min(photo, photos - 1));
+            shown.Press(Qt::Key_Right);
+        }
+        shown.panel.OperateNextPhoto();
+        EXPECT_EQ(shown.Selected(), photos - 1);
+        for (const int key : {Qt::Key_PageDown, Qt::Key_PageUp, Qt::Key_Home, Qt::Key_End})
+            shown.Press(key);
+        EXPECT_EQ(shown.Selected(), photos - 1);
+        shown.panel.OperatePrevPage();
+        shown.panel.OperatePrevPhoto();
+        EXPECT_EQ(shown.Selected(), photos == 0 ? -1 : std::max(0, photos - 2));
+    }
+}
+
+TEST(MpiPanel, LabelsAndCommentsInTheLists)
+{
+    ShownDelivery shown(40, Setting::DivideThumbnails);
+    EXPECT_EQ(shown.Selected(), 0);
+    shown.panel.ToggleLabel(LabelNg1);
+    EXPECT_TRUE(shown.Photo(0).IsLabelPasted(LabelNg1));
+    EXPECT_TRUE(shown.panel.SelectNextUnchecked());
+    EXPECT_EQ(shown.Selected(), 1);
+    shown.AnswerComment("二枚目");
+    shown.panel.ToggleLabel(LabelComment);
+    EXPECT_THAT(shown.Strips(), ElementsAre("二枚目"));
+    auto* const list = shown.panel.findChild<ToviPhotoListCtrl*>();
+    const QList<ToviCommentWindow*> strips = list->findChildren<ToviCommentWindow*>();
+    const auto strip = std::ranges::find_if(strips, &ToviCommentWindow::isVisible);
+    ASSERT_NE(strip, strips.end());
+    EXPECT_EQ((*strip)->geometry().center().x(), list->GetItemRect(1).center().x());
+    EXPECT_LT(strips.size(), 40) << "only what is in sight has one";
+
+    shown.panel.OperateNextPhoto();
+    QTest::mouseClick(*strip, Qt::LeftButton);
+    EXPECT_EQ(shown.Selected(), 1);
+    shown.AnswerComment("書き直し");
+    QTest::mouseDClick(*strip, Qt::LeftButton);
+    EXPECT_THAT(shown.Strips(), ElementsAre("書き直し"));
+    shown.Press(Qt::Key_End);
+    EXPECT_EQ(shown.Selected(), 39);
+    EXPECT_THAT(shown.Strips(), IsEmpty()) << "scrolled away";
+    shown.Press(Qt::Key_Home);
+    EXPECT_THAT(shown.Strips(), ElementsAre("書き直し"));
+
+    for (const int mode : {6, 4, 5, 6, 0, 5}) {
+        shown.Set([mode](Setting& setting) {
+            setting.SetDivType(static_cast<Setting::DivideType>(mode));
+        });
+        EXPECT_EQ(shown.panel.findChildren<ToviPhotoListCtrl*>().size(), mode > 4 ? 1 : 0);
+        EXPECT_EQ(shown.Selected(), 0) << mode;
+    }
+    shown.Set([](Setting& setting) { setting.SetDivType(Setting::DivideList); });
+    shown.panel.setFocus();
+    shown.Press(Qt::Key_Down);
+    EXPECT_EQ(shown.Selected(), 1);
+    shown.panel.RemoveLabel(LabelComment);
+    EXPECT_EQ(shown.Photo(1).GetComment(), "");
+    EXPECT_THAT(shown.Strips(), IsEmpty());
+    shown.panel.ShowPopUpMenu();
+    ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+    shown.panel.AllPhotoAllLabelRemove();
+    shown.panel.Detach();
+}
+
+/// The resident memory of this program, in MB.
+long Resident()
+{
+    std::ifstream file("/proc/self/statm");
+    long total = 0;
+    long resident = 0;
+    file >> total >> resident;
+    return resident * 4096 / 1000000;
+}
+
+TEST(MpiPanel, ReleasesThePicturesOfAThousandPhotographs)
+{
+    constexpr int photos = 1000;
+    ShownDelivery shown(DeliveryBuilder({.photos = photos, .drawings = 0, .images = false}),
+                        Setting::DivideSix);
+    TempFolder one;
+    DeliveryBuilder({.photos = 1, .drawings = 0}).Write(one.Path());
+    const std::filesystem::path picture =
+        std::filesystem::directory_iterator(one.Path("PHOTO/PIC"))->path();
+    for (int position = 0; position < photos; ++position) {
+        ToviPhoto& photo = shown.Photo(position);
+        photo.ReleaseImage();
+        std::filesystem::create_hard_link(picture, photo.GetImagePath());
+    }
+    const auto loaded = [&shown] {
+        int count = 0;
+        for (int position = 0; position < photos; ++position)
+            count += shown.Photo(position).GetImage().GetWidth() > 0;
+        return count;
+    };
+    shown.panel.OperateNextPage();
+    QTest::qWait(400);
+    const long before = Resident();
+    const int last = shown.panel.GetTotalPage();
+    for (int page = 2; page < last; ++page) {
+        shown.Press(Qt::Key_PageDown);
+        ASSERT_EQ(shown.panel.GetCurrentPage(), page + 1);
+        ASSERT_LE(loaded(), 6);
+        // Now and then the key is let go for long enough to load the full pictures.
+        if (page % 40 == 0) QTest::qWait(250);
+    }
+    EXPECT_LT(Resident() - before, 200);
+    shown.Set([](Setting& setting) { setting.SetDivType(Setting::DivideOne); });
+    EXPECT_LE(loaded(), 1);
+    shown.panel.Detach();
+    EXPECT_EQ(loaded(), 0);
+}
+
+TEST(MpiPanel, ShowsPlatesWhereTheDeliveryHasVanished)
+{
+    ShownDelivery shown(DeliveryBuilder({.photos = 8, .drawings = 0}), Setting::DivideFour);
+    std::filesystem::remove_all(shown.temp.Path("PHOTO"));
+    shown.Press(Qt::Key_PageDown);
+    const auto plates = [&shown] {
+        int count = 0;
+        for (const QLabel* label : shown.panel.findChildren<QLabel*>())
+            count += label->isVisible() && label->text() == QStringLiteral("表示できません");
+        return count;
+    };
+    EXPECT_TRUE(QTest::qWaitFor([&plates] { return plates() == 4; }));
+    shown.panel.PasteLabel(LabelNg1);
+    shown.Press(Qt::Key_PageUp);
+    EXPECT_TRUE(QTest::qWaitFor([&plates] { return plates() == 4; }));
+    EXPECT_TRUE(shown.Photo(4).IsLabelPasted(LabelNg1));
+}
+} // namespace
