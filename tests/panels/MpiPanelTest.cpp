@@ -578,12 +578,11 @@ long Resident()
 TEST(MpiPanel, ReleasesThePicturesOfAThousandPhotographs)
 {
     constexpr int photos = 1000;
-    ShownDelivery shown(DeliveryBuilder({.photos = photos, .drawings = 0, .images = false}),
-                        Setting::DivideSix);
-    TempFolder one;
-    DeliveryBuilder({.photos = 1, .drawings = 0}).Write(one.Path());
-    const std::filesystem::path picture =
-        std::filesystem::directory_iterator(one.Path("PHOTO/PIC"))->path();
+    ShownDelivery shown(photos, Setting::DivideSix);
+    const CString picture = shown.temp.Path("picture.jpg");
+    QImage image(1200, 900, QImage::Format_RGB32);
+    image.fill(Qt::darkGreen);
+    ASSERT_TRUE(image.save(QtText(picture)));
     for (int position = 0; position < photos; ++position) {
         ToviPhoto& photo = shown.Photo(position);
         photo.ReleaseImage();
