@@ -67,7 +67,9 @@ void ToviPhotoListCtrl::CreateFloaty()
     floaty = new WenToolBarCtrl(View()->viewport());
     floaty->hide();
     floaty->setAccessibleName(QStringLiteral("付箋"));
-    floaty->setAutoFillBackground(true);
+    // It stands out from the photographs below.
+    floaty->setStyleSheet(QStringLiteral(
+        "QToolBar { background: palette(window); border: 1px solid palette(mid); padding: 1px; }"));
     floaty->setIconSize({buttonPictureSide, buttonPictureSide});
     floaty->SetImages(PictureIcons(buttonPictures));
     std::vector<WenToolBarButton> buttons = {{.kind = Kind::Separator}};
@@ -128,7 +130,9 @@ void ToviPhotoListCtrl::SetupManagementList()
         SetColumnWidth(column, columnWidth);
     }
     wait.End();
-    if (focus) focus->setFocus();
+    if (!focus) return;
+    focus->activateWindow();
+    focus->setFocus();
 }
 
 void ToviPhotoListCtrl::Refill()
