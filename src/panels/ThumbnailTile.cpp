@@ -52,9 +52,7 @@ QSize ThumbnailTile::Size()
 QImage ThumbnailTile::CreateThumbImage(ToviPhoto& photo, double scale) const
 {
     LumImage image;
-    const CString path = photo.ReadablePath();
-    const bool isLoaded = image.LoadThumb(path.c_str()) || image.Load(path.c_str());
-
+    const bool isLoaded = image.LoadThumb(photo.ReadablePath());
     QImage tile = PicturePixmap(PicturesOf(sheet).front(), Size(), scale)
                       .toImage()
                       .convertToFormat(QImage::Format_ARGB32_Premultiplied);
