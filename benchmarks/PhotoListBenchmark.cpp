@@ -8,23 +8,12 @@
 #include <benchmark/benchmark.h>
 
 #include <QAbstractItemView>
-#include <QApplication>
 #include <QImageReader>
 #include <QScrollBar>
 
 namespace
 {
 constexpr QSize windowSize(1280, 800);
-
-QApplication& Application()
-{
-    static int argc = 1;
-    static char name[] = "tovi-benchmarks";
-    static char* argv[] = {name, nullptr};
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    static QApplication application(argc, argv);
-    return application;
-}
 
 /// A list over an opened delivery.
 struct ListBench
@@ -57,7 +46,6 @@ struct ListBench
         return paths;
     }
 
-    QApplication& application = Application();
     TestHost services;
     std::unique_ptr<ToviData> document;
     ToviPhotoCtrlVisualSetting setting;
