@@ -228,10 +228,10 @@ private:
     }
 };
 
-#ifdef __OPTIMIZE__
+#if defined(__OPTIMIZE__) && !defined(__SANITIZE_ADDRESS__)
 constexpr int randomTexts = 1'000'000;
 #else
-constexpr int randomTexts = 50'000;
+constexpr int randomTexts = 100'000;
 #endif
 
 TEST(ControlValues, AgreeWithASecondReadingOfRandomTexts)
