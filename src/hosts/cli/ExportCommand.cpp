@@ -76,7 +76,7 @@ int TellOutcome(const PhotoExport::Outcome& outcome)
 int Run(const Arguments& arguments)
 {
     const OpenedDelivery delivery =
-        OpenDelivery(arguments.delivery, arguments.conditions.choice.Tree());
+        OpenDelivery(arguments.delivery, arguments.conditions.choice.type);
     if (!delivery.IsLoaded()) return ExitFailed;
     CString folder = MibAbsolutePath(arguments.folder);
     while (folder.size() > 1 && folder.ends_with('/')) folder.pop_back();
