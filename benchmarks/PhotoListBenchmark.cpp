@@ -4,6 +4,7 @@
 #include "panels/PhotoListContent.h"
 #include "panels/ToviPhotoListCtrl.h"
 #include "Samples.h"
+#include "support/OpenedSample.h"
 
 #include <benchmark/benchmark.h>
 
@@ -18,10 +19,12 @@ constexpr QSize windowSize(1280, 800);
 /// A list over an opened delivery.
 struct ListBench
 {
-    ListBench(GaluListCtrl::Look look, const CString& folder) : document(OpenSample(folder))
+    ListBench(GaluListCtrl::Look look, const CString& folder)
     {
-        document->Load();
+        ToviEnouDataFactory factory;
+        document.reset(factory.Create(&host, folder.c_str(), PhotoXMLMlit, nullptr, nullptr));
         document->BuildTreeNode(ToviPhotoCtrlVisualSetting::TreeWorkTypeFull);
+        document->Load();
         setting = document->GetVisualSetting();
         content.SetDocument(document.get());
         window.resize(windowSize);
@@ -47,6 +50,7 @@ struct ListBench
     }
 
     TestHost services;
+    NotingDocument host;
     std::unique_ptr<ToviData> document;
     ToviPhotoCtrlVisualSetting setting;
     PhotoListContent content{setting};
