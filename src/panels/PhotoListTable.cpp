@@ -95,7 +95,8 @@ QPixmap PhotoListTable::Tile(int row) const
     if (kept != nullptr && kept->devicePixelRatio() == scale) return *kept;
     const QImage built = source.Tile(row, scale);
     if (built.isNull()) return {};
-    const QPixmap tile = QPixmap::fromImage(built);
+    QPixmap tile = QPixmap::fromImage(built);
+    tile.setDevicePixelRatio(scale);
     tiles.insert(row, new QPixmap(tile), built.sizeInBytes());
     return tile;
 }
