@@ -450,7 +450,7 @@ TEST(PhotoList, KeepsTilesUntilTheyAreReset)
 TEST(PhotoList, DropsTheTilesThatWereUsedLongestAgoWhereTheRoomIsFull)
 {
     ShownList shown(Look::Icon, 200);
-    shown.source.tileSize = {1000, 1000};
+    shown.source.tileSize = QSize(1000, 1000) / shown.list->devicePixelRatioF();
     shown.list->ResetAllItems();
     shown.source.tilesBuilt.clear();
     for (const int row : {0, 10, 20, 30, 40, 50, 60, 70, 60, 0}) {
