@@ -1,6 +1,7 @@
 #include "dialogs/QtUserInterface.h"
 
 #include "dialogs/ChoiceDialog.h"
+#include "dialogs/FolderDialog.h"
 #include "dialogs/ProgressWindow.h"
 #include "platform/controls/WindowHandle.h"
 #include "platform/QtText.h"
@@ -50,6 +51,14 @@ std::vector<MessageAnswer> AnswersOf(MessageButtons buttons)
     return {MessageAnswer::Ok};
 }
 
+/// The filter of a file dialog: the kind's name and its patterns in either letter case.
+QString FilterText(const CString& kind, const CString& pattern)
+{
+    const QString name = QtText(kind.substr(0, kind.find('(')));
+    return QStringLiteral("%1 (%2 %3)")
+        .arg(name, QtText(pattern).toUpper(), QtText(pattern).toLower());
+}
+
 QMessageBox::Icon IconOf(MessageIcon icon)
 {
     switch (icon) {
@@ -74,8 +83,7 @@ void QtUserInterface::SetProgressDisplay(std::function<void(const CString&)> dis
 MessageAnswer QtUserInterface::ShowMessage(const CString& text, const CString& caption,
                                            MessageButtons buttons, MessageIcon icon)
 {
-    QMessageBox box(IconOf(icon), QtText(caption), QtText(text), QMessageBox::NoButton,
-                    Owner());
+    QMessageBox box(IconOf(icon), QtText(caption), QtText(text), QMessageBox::NoButton, Owner());
     box.setTextFormat(Qt::PlainText);
     const std::vector<MessageAnswer> answers = AnswersOf(buttons);
     for (const MessageAnswer answer : answers) {
@@ -104,6 +112,27 @@ bool QtUserInterface::Choose(const Choice& choice, int& option)
     ChoiceDialog dialog(choice, Owner());
     if (!dialog.DoModal()) return false;
     option = dialog.GetOption();
+    return true;
+}
+
+bool QtUserInterface::AskFolder(const FolderQuestion& question, CString& folder)
+{
+    FolderDialog dialog(question, folder, Owner());
+    if (!dialog.DoModal()) return false;
+    folder = dialog.GetFolder();
+    return true;
+}
+
+bool QtUserInterface::ChooseSaveFile(const SaveQuestion& question, CString& path)
+{
+    QFileDialog dialog(Owner(), QStringLiteral("名前を付けて保存"), QtText(question.folder),
+                       QStringLiteral("%1;;すべてのファイル (*)")
+                           .arg(FilterText(question.kind, question.pattern)));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(QtText(question.extension));
+    dialog.selectFile(QtText(question.name));
+    if (dialog.exec() != QDialog::Accepted) return false;
+    path = FromQtText(dialog.selectedFiles().front());
     return true;
 }
 

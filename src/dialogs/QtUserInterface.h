@@ -20,6 +20,8 @@ public:
                               MessageIcon icon) override;
     bool ChooseFolder(CString& folder, const CString& title, FolderChooserStyle style) override;
     bool Choose(const Choice& choice, int& option) override;
+    bool AskFolder(const FolderQuestion& question, CString& folder) override;
+    bool ChooseSaveFile(const SaveQuestion& question, CString& path) override;
     void ShowProgress(const CString& text) override;
     std::unique_ptr<ProgressPort> CreateProgress(CWnd* parent) override;
 

@@ -17,7 +17,7 @@ struct UserFolders
 
 /// The folders of the user that runs the program, as the desktop's settings name them. Documents
 /// and desktop fall back on the folders that are usual, then on the home folder.
-UserFolders CurrentUserFolders();
+TOVI_EXPORT UserFolders CurrentUserFolders();
 
 /// The full path for our configuration file \p name of this user; empty when the user has no home
 /// folder.

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "platform/Text.h"
+
+#include <QByteArray>
+
+/// What the main window remembers from one run to the next, in the profile store.
+namespace FrameState
+{
+/// Bytes under \p entry; empty when there are none.
+QByteArray ReadBytes(const char* entry);
+void WriteBytes(const char* entry, const QByteArray& bytes);
+
+/// The folder in which the user last chose something of this kind; empty at first.
+CString LastFolder(const char* entry);
+void SetLastFolder(const char* entry, const CString& folder);
+
+/// The deliveries opened last, the latest first.
+CStringArray RecentDeliveries();
+/// Puts \p folder in front of them.
+void AddRecentDelivery(const CString& folder);
+} // namespace FrameState

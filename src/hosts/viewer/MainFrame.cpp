@@ -1,0 +1,356 @@
+#include "hosts/viewer/MainFrame.h"
+
+#include "hosts/viewer/FrameState.h"
+#include "hosts/viewer/ReviewBar.h"
+#include "hosts/viewer/SlideShow.h"
+#include "hosts/viewer/StartPage.h"
+#include "panels/Pictures.h"
+#include "panels/ToviFolderTreePanel.h"
+#include "panels/ToviLabelTreePanel.h"
+#include "panels/ToviMpiPanel.h"
+#include "platform/HostServices.h"
+#include "platform/QtText.h"
+
+#include <QCloseEvent>
+#include <QDockWidget>
+#include <QLabel>
+#include <QMenu>
+#include <QMimeData>
+#include <QScreen>
+#include <QStackedWidget>
+#include <QStatusBar>
+#include <QTabWidget>
+#include <QTimer>
+#include <QToolBar>
+
+namespace
+{
+constexpr int frameStateVersion = 1;
+constexpr unsigned int photoPanelId = 100;
+constexpr unsigned int folderTreeId = 101;
+constexpr unsigned int labelTreeId = 102;
+
+/// The path of what was dropped if a delivery may be there, else empty.
+QString DroppedPath(const QMimeData* data)
+{
+    const QList<QUrl> urls = data->urls();
+    return urls.size() == 1 && urls.front().isLocalFile() ? urls.front().toLocalFile() : QString();
+}
+} // namespace
+
+MainFrame::MainFrame()
+    : actions(this), centre(new QStackedWidget),
+      startPage(new StartPage(actions[FrameCommand::Open])), trees(new QTabWidget),
+      treeDock(new QDockWidget(QStringLiteral("ツリー"), this)), pageLabel(new QLabel),
+      recentMenu(new QMenu(QStringLiteral("最近開いた納品データ(&E)"), this)),
+      photoPanel(std::make_unique<ToviMpiPanel>(&document)),
+      folderTree(std::make_unique<ToviFolderTreePanel>()),
+      labelTree(std::make_unique<ToviLabelTreePanel>())
+{
+    setWindowIcon(PictureIcon("tovi-viewer"));
+    setAcceptDrops(true);
+    CreatePanels();
+    CreateDock();
+    CreateBars();
+    slideShow = std::make_unique<SlideShow>(this, photoPanel.get());
+    ConnectCommands();
+    ConnectLabelCommands();
+    ConnectSettings();
+    FillRecent();
+    RestoreState();
+    Refresh();
+}
+
+MainFrame::~MainFrame()
+{
+    slideShow->End();
+    document.Close();
+}
+
+void MainFrame::CreatePanels()
+{
+    photoPanel->Create(centre, photoPanelId);
+    centre->addWidget(startPage);
+    centre->addWidget(photoPanel.get());
+    setCentralWidget(centre);
+    for (ToviPanel* panel :
+         std::initializer_list<ToviPanel*>{photoPanel.get(), folderTree.get(), labelTree.get()}) {
+        document.AddPanel(panel);
+    }
+}
+
+void MainFrame::CreateDock()
+{
+    folderTree->Create(trees, folderTreeId);
+    labelTree->Create(trees, labelTreeId);
+    trees->addTab(folderTree.get(), PictureIcon("tab-folder-tree"), QStringLiteral("分類"));
+    trees->addTab(labelTree.get(), PictureIcon("tab-label-tree"), QStringLiteral("付箋"));
+    trees->setDocumentMode(true);
+    treeDock->setObjectName(QStringLiteral("trees"));
+    treeDock->setWidget(trees);
+    addDockWidget(Qt::LeftDockWidgetArea, treeDock);
+    resizeDocks({treeDock}, {260}, Qt::Horizontal);
+    connect(trees, &QTabWidget::currentChanged, this, &MainFrame::SwitchTree);
+}
+
+void MainFrame::CreateBars()
+{
+    pageLabel->setAlignment(Qt::AlignCenter);
+    pageLabel->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("00000 / 00000")));
+    auto* toolBar = new QToolBar(QStringLiteral("ツールバー"), this);
+    toolBar->setObjectName(QStringLiteral("commands"));
+    toolBar->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+    toolBar->setIconSize({24, 24});
+    actions.FillToolBar(toolBar, pageLabel);
+    addToolBar(toolBar);
+    actions.FillMenus(this, recentMenu,
+                      {treeDock->toggleViewAction(), toolBar->toggleViewAction()});
+    reviewBar = std::make_unique<ReviewBar>(statusBar());
+}
+
+void MainFrame::ConnectCommands()
+{
+    using enum FrameCommand;
+    const auto on = [this](FrameCommand command, auto operation) {
+        connect(actions[command], &QAction::triggered, this, operation);
+    };
+    on(Open, [this] { ChooseDelivery(std::nullopt); });
+    on(OpenWithFamily, [this] { ChooseDeliveryWithFamily(); });
+    on(OpenRecord, [this] { ChooseRecord(); });
+    on(Save, [this] { MainFrame::Save(); });
+    on(SaveAs, [this] { MainFrame::SaveAs(); });
+    on(FrameCommand::CloseDelivery, [this] { MainFrame::CloseDelivery(); });
+    on(Quit, [this] { close(); });
+    on(FirstPage, [this] { photoPanel->OperateTopPage(); });
+    on(PreviousPage, [this] { photoPanel->OperatePrevPage(); });
+    on(NextPage, [this] { photoPanel->OperateNextPage(); });
+    on(LastPage, [this] { photoPanel->OperateLastPage(); });
+    on(FrameCommand::SlideMode, [this] { slideShow->Begin(); });
+    on(NextUnchecked, [this] { GoToNextUnchecked(); });
+    on(About, [this] { TellVersion(); });
+    // The keys belong to the photographs: in a tree or a list they move there.
+    for (const FrameCommand command : {PreviousPage, NextPage}) {
+        removeAction(actions[command]);
+        actions[command]->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+        photoPanel->addAction(actions[command]);
+    }
+    connect(photoPanel.get(), &ToviMpiPanel::PageChanged, this, &MainFrame::ShowPage);
+    connect(photoPanel.get(), &ToviMpiPanel::ModeChanged, this, &MainFrame::ShowPage);
+    connect(startPage, &StartPage::DeliveryChosen, this, [this](const QString& folder) {
+        MainFrame::OpenDelivery(FromQtText(folder), std::nullopt);
+    });
+    connect(&document, &ViewerDocument::Updated, this, [this] {
+        if (std::exchange(refreshPending, true)) return;
+        QTimer::singleShot(0, this, [this] {
+            refreshPending = false;
+            Refresh();
+        });
+    });
+}
+
+void MainFrame::ConnectLabelCommands()
+{
+    using enum FrameCommand;
+    const std::pair<FrameCommand, LabelSlot> labels[] = {
+        {LabelOk, ::LabelOk},   {LabelNg1, ::LabelNg1},   {LabelNg2, ::LabelNg2},
+        {LabelNg3, ::LabelNg3}, {LabelFree, ::LabelFree}, {LabelComment, ::LabelComment}};
+    for (const auto& [command, slot] : labels) {
+        connect(actions[command], &QAction::triggered, this, [this, label = slot] {
+            const bool isComment = label == ::LabelComment;
+            if (isComment) {
+                photoPanel->PasteLabel(label);
+            } else {
+                photoPanel->ToggleLabel(label);
+            }
+        });
+    }
+    connect(actions[RemoveLabels], &QAction::triggered, this,
+            [this] { photoPanel->OnRemoveAllLabel(); });
+    connect(actions[FrameCommand::CorrectLabels], &QAction::triggered, this,
+            &MainFrame::CorrectLabels);
+}
+
+void MainFrame::ConnectSettings()
+{
+    using enum FrameCommand;
+    using Setting = ToviPhotoCtrlVisualSetting;
+    const auto set = [this](FrameCommand command, std::function<void(Setting&, bool)> change) {
+        connect(actions[command], &QAction::triggered, this, [this, change](bool on) {
+            ChangeSetting([&](Setting& setting) { change(setting, on); });
+        });
+    };
+    for (int mode = Setting::DivideOne; mode <= Setting::DivideList; ++mode) {
+        set(static_cast<FrameCommand>(static_cast<int>(Mode1) + mode),
+            [mode](Setting& s, bool) { s.SetDivType(static_cast<Setting::DivideType>(mode)); });
+    }
+    const std::pair<FrameCommand, Setting::TreeType> types[] = {
+        {TreeWorkTypeFull, Setting::TreeWorkTypeFull},
+        {TreePlace, Setting::TreePlace},
+        {TreeWorkType, Setting::TreeWorkType}};
+    for (const auto& [command, type] : types) {
+        set(command, [tree = type](Setting& s, bool) { s.SetTreeType(tree); });
+    }
+    const std::pair<FrameCommand, Setting::TitleShowType> titles[] = {
+        {TitleFileName, Setting::TitleFileName},
+        {TitleJapaneseFileName, Setting::TitleJapaneseFileName},
+        {TitlePhotoTitle, Setting::TitlePhotoTitle}};
+    for (const auto& [command, type] : titles) {
+        set(command, [title = type](Setting& s, bool) { s.SetTitleShowType(title); });
+    }
+    set(ShowInfoList, [](Setting& s, bool on) {
+        s.SetImageTextArrange(on ? Setting::TextBeside : Setting::TextHidden);
+    });
+    set(ShowComments, [](Setting& s, bool on) { s.SetVisibleComment(on); });
+    set(CheckTampering, [](Setting& s, bool on) { s.SetDoEditCheck(on); });
+}
+
+void MainFrame::ChangeSetting(const std::function<void(ToviPhotoCtrlVisualSetting&)>& change)
+{
+    if (document.Data() == nullptr) return;
+    ToviPhotoCtrlVisualSetting setting = document.Data()->GetVisualSetting();
+    change(setting);
+    document.ApplySettings(setting);
+}
+
+void MainFrame::RestoreState()
+{
+    constexpr QSize usual(1280, 800);
+    constexpr QSize decorations(20, 60);
+    resize(usual.boundedTo(screen()->availableSize() - decorations));
+    restoreGeometry(FrameState::ReadBytes("Geometry"));
+    restoreState(FrameState::ReadBytes("Docks"), frameStateVersion);
+}
+
+void MainFrame::SaveState()
+{
+    slideShow->End();
+    FrameState::WriteBytes("Geometry", saveGeometry());
+    FrameState::WriteBytes("Docks", saveState(frameStateVersion));
+}
+
+void MainFrame::SwitchTree(int tab)
+{
+    auto* panel = static_cast<ToviPanel*>(trees->widget(tab));
+    if (panel == nullptr || panel->GetData() == nullptr || !panel->OnPreVisible()) return;
+    panel->OnPostVisible();
+}
+
+void MainFrame::CorrectLabels()
+{
+    document.Data()->AllLabelCorrection();
+}
+
+void MainFrame::GoToNextUnchecked()
+{
+    if (photoPanel->SelectNextUnchecked()) return;
+    statusBar()->showMessage(QStringLiteral("表示中の写真に未検査のものはありません。"), 5000);
+}
+
+void MainFrame::TellVersion()
+{
+    Tell("Tovi " TOVI_VERSION "\n工事写真の電子納品データを検査するためのプログラムです。");
+}
+
+void MainFrame::Tell(const CString& text)
+{
+    const HostServices& host = GetHostServices();
+    host.userInterface->ShowMessage(text, host.applicationName, MessageButtons::Ok,
+                                    MessageIcon::Information);
+}
+
+void MainFrame::Refresh()
+{
+    ShowCentre();
+    ShowSettings();
+    ShowPage();
+    reviewBar->Show(document);
+    const QString title = QtText(document.Title());
+    setWindowTitle(title.isEmpty() ? QStringLiteral("Tovi") : title + QStringLiteral("[*] - Tovi"));
+    setWindowModified(document.HasUnsavedWork());
+}
+
+void MainFrame::ShowCentre()
+{
+    const bool isOpen = document.Data() != nullptr;
+    actions.EnableForDelivery(isOpen);
+    treeDock->setEnabled(isOpen);
+    centre->setCurrentWidget(isOpen ? static_cast<QWidget*>(photoPanel.get()) : startPage);
+}
+
+void MainFrame::ShowSettings()
+{
+    using enum FrameCommand;
+    if (document.Data() == nullptr) return;
+    const ToviPhotoCtrlVisualSetting& setting = document.Data()->GetVisualSetting();
+    const auto check = [this](FrameCommand first, int offset, int count) {
+        if (offset < 0 || offset >= count) return;
+        actions[static_cast<FrameCommand>(static_cast<int>(first) + offset)]->setChecked(true);
+    };
+    check(Mode1, setting.GetDivType(), 7);
+    constexpr int treePlaces[] = {0, 1, 2};
+    if (setting.GetTreeType() >= 0 && setting.GetTreeType() < 3) {
+        check(TreeWorkTypeFull, treePlaces[setting.GetTreeType()], 3);
+    }
+    check(TitleFileName, setting.GetTitleShowType(), 3);
+    actions[ShowInfoList]->setChecked(setting.GetImageTextArrange() ==
+                                      ToviPhotoCtrlVisualSetting::TextBeside);
+    actions[ShowInfoList]->setEnabled(setting.IsPreviewStyle());
+    actions[ShowComments]->setChecked(setting.GetVisibleComment());
+    actions[CheckTampering]->setChecked(setting.GetDoEditCheck());
+}
+
+void MainFrame::ShowPage()
+{
+    using enum FrameCommand;
+    const bool isOpen = document.Data() != nullptr;
+    const bool hasPages = isOpen && photoPanel->GetVisualSetting().IsPreviewStyle();
+    const int page = photoPanel->GetCurrentPage();
+    const int total = photoPanel->GetTotalPage();
+    pageLabel->setText(isOpen ? QStringLiteral("%1 / %2").arg(total == 0 ? 0 : page).arg(total)
+                              : QString());
+    pageLabel->setAccessibleName(QStringLiteral("ページ"));
+    for (const FrameCommand back : {FirstPage, PreviousPage}) {
+        actions[back]->setEnabled(hasPages && page > 1);
+    }
+    for (const FrameCommand forth : {NextPage, LastPage}) {
+        actions[forth]->setEnabled(hasPages && page < total);
+    }
+}
+
+void MainFrame::FillRecent()
+{
+    const CStringArray folders = FrameState::RecentDeliveries();
+    startPage->ShowRecent(folders);
+    recentMenu->clear();
+    recentMenu->setEnabled(!folders.IsEmpty());
+    for (const CString& folder : folders) {
+        QString text = QtText(folder);
+        recentMenu->addAction(text.replace(QLatin1Char('&'), QStringLiteral("&&")), this,
+                              [this, folder] { OpenDelivery(folder, std::nullopt); });
+    }
+}
+
+void MainFrame::closeEvent(QCloseEvent* event)
+{
+    if (!AskToSave()) {
+        event->ignore();
+        return;
+    }
+    SaveState();
+    document.Close();
+    event->accept();
+}
+
+void MainFrame::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (!DroppedPath(event->mimeData()).isEmpty()) event->acceptProposedAction();
+}
+
+void MainFrame::dropEvent(QDropEvent* event)
+{
+    event->acceptProposedAction();
+    // Behind the drop: a question that it raises would hold up the program that it came from.
+    QTimer::singleShot(0, this, [this, path = FromQtText(DroppedPath(event->mimeData()))] {
+        OpenDelivery(path, std::nullopt);
+    });
+}

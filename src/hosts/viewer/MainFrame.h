@@ -1,0 +1,89 @@
+#pragma once
+
+#include "hosts/viewer/FrameActions.h"
+#include "hosts/viewer/ViewerDocument.h"
+
+#include <QMainWindow>
+
+class QDockWidget;
+class QLabel;
+class QStackedWidget;
+class QTabWidget;
+class ReviewBar;
+class SlideShow;
+class StartPage;
+class ToviFolderTreePanel;
+class ToviLabelTreePanel;
+class ToviMpiPanel;
+
+/// The main window: the trees on the left, the photographs in the middle, and the commands on what
+/// is open.
+class MainFrame : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    MainFrame();
+    ~MainFrame() override;
+
+    /// Opens the delivery in \p path (a folder or a PHOTO.XML), asking first about unsaved work.
+    /// What is wrong with it is shown in the window. False when it isn't open.
+    bool OpenDelivery(const CString& path, std::optional<PhotoXMLType> family);
+    /// Takes up the inspection in the file \p path. What is wrong is told in a message.
+    bool OpenRecord(const CString& path);
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    void CreatePanels();
+    void CreateDock();
+    void CreateBars();
+    void ConnectCommands();
+    void ConnectLabelCommands();
+    void ConnectSettings();
+    void RestoreState();
+    void SaveState();
+
+    void ChooseDelivery(std::optional<PhotoXMLType> family);
+    void ChooseDeliveryWithFamily();
+    void ChooseRecord();
+    bool Save();
+    bool SaveAs();
+    bool SaveTo(const CString& path);
+    void CloseDelivery();
+    /// Lets the user save unsaved work. False when the user doesn't want to go on.
+    bool AskToSave();
+
+    void SwitchTree(int tab);
+    void ChangeSetting(const std::function<void(ToviPhotoCtrlVisualSetting&)>& change);
+    void CorrectLabels();
+    void GoToNextUnchecked();
+    void TellVersion();
+    void Tell(const CString& text);
+
+    /// Shows what the document and the panel are at.
+    void Refresh();
+    void ShowSettings();
+    void ShowPage();
+    void ShowCentre();
+    void FillRecent();
+
+    ViewerDocument document;
+    FrameActions actions;
+    QStackedWidget* centre;
+    StartPage* startPage;
+    QTabWidget* trees;
+    QDockWidget* treeDock;
+    QLabel* pageLabel;
+    QMenu* recentMenu;
+    std::unique_ptr<ToviMpiPanel> photoPanel;
+    std::unique_ptr<ToviFolderTreePanel> folderTree;
+    std::unique_ptr<ToviLabelTreePanel> labelTree;
+    std::unique_ptr<ReviewBar> reviewBar;
+    std::unique_ptr<SlideShow> slideShow;
+    /// The document was updated and the window will be soon: several updates show as one.
+    bool refreshPending = false;
+};

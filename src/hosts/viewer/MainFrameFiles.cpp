@@ -1,0 +1,156 @@
+// The main window's commands on files: opening deliveries and records, saving, closing.
+
+#include "hosts/viewer/FrameState.h"
+#include "hosts/viewer/MainFrame.h"
+#include "hosts/viewer/StartPage.h"
+#include "platform/HostServices.h"
+#include "platform/MibFile.h"
+#include "platform/QtText.h"
+#include "platform/UserFolders.h"
+#include "review/RecordName.h"
+#include "review/RecordProblems.h"
+
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTabWidget>
+
+namespace
+{
+constexpr const char* deliveryFolderEntry = "DeliveryFolder";
+constexpr const char* recordFolderEntry = "RecordFolder";
+
+/// The folder that \p path means: of a PHOTO.XML the one that it stands in.
+CString DeliveryFolder(const CString& path)
+{
+    return MibIsFileExist(path) ? FolderOfFile(path) : path;
+}
+
+/// \p entry's folder if it is still there, else that of the user's documents.
+CString FolderToStartIn(const char* entry)
+{
+    const CString last = FrameState::LastFolder(entry);
+    return MibIsFolderExist(last) ? last : CurrentUserFolders().documents;
+}
+
+QString RecordFilter()
+{
+    return QStringLiteral("検査状況 (*.xml);;すべてのファイル (*)");
+}
+} // namespace
+
+bool MainFrame::OpenDelivery(const CString& path, std::optional<PhotoXMLType> family)
+{
+    if (!AskToSave()) return false;
+    const CString problem = document.Open(DeliveryFolder(path), family);
+    startPage->ShowProblem(problem);
+    if (!problem.empty()) {
+        // While another delivery stays open, the page that would tell is out of sight.
+        if (document.Data() != nullptr) Tell(problem);
+        Refresh();
+        return false;
+    }
+    CString folder = MibAbsolutePath(DeliveryFolder(path));
+    while (folder.size() > 1 && folder.ends_with('/')) folder.pop_back();
+    FrameState::AddRecentDelivery(folder);
+    FrameState::SetLastFolder(deliveryFolderEntry, FolderOfFile(folder));
+    FillRecent();
+    SwitchTree(trees->currentIndex());
+    Refresh();
+    return true;
+}
+
+void MainFrame::ChooseDelivery(std::optional<PhotoXMLType> family)
+{
+    CString folder = FolderToStartIn(deliveryFolderEntry);
+    UserInterface& user = *GetHostServices().userInterface;
+    if (user.ChooseFolder(folder,
+                          "PHOTO.XML のあるフォルダ、またはその上のフォルダを選んでください",
+                          FolderChooserStyle::Plain)) {
+        OpenDelivery(folder, family);
+    }
+}
+
+void MainFrame::ChooseDeliveryWithFamily()
+{
+    Choice choice;
+    choice.title = "要領を指定して開く";
+    choice.notes.Add("納品データの要領の系統を選んでください。");
+    for (const char* name : {"国土交通省", "港湾", "農林水産省", "NEXCO"}) {
+        choice.options.Add({name, ""});
+    }
+    int family = PhotoXMLMlit;
+    if (!GetHostServices().userInterface->Choose(choice, family)) return;
+    ChooseDelivery(static_cast<PhotoXMLType>(family));
+}
+
+bool MainFrame::OpenRecord(const CString& path)
+{
+    const CString problem = document.LoadRecord(path);
+    if (!problem.empty()) Tell(problem);
+    Refresh();
+    return problem.empty();
+}
+
+void MainFrame::ChooseRecord()
+{
+    if (!AskToSave()) return;
+    const QString path =
+        QFileDialog::getOpenFileName(this, QStringLiteral("検査状況を開く"),
+                                     QtText(FolderToStartIn(recordFolderEntry)), RecordFilter());
+    if (path.isEmpty()) return;
+    FrameState::SetLastFolder(recordFolderEntry, FolderOfFile(FromQtText(path)));
+    OpenRecord(FromQtText(path));
+}
+
+bool MainFrame::Save()
+{
+    return document.RecordPath().empty() ? SaveAs() : SaveTo(document.RecordPath());
+}
+
+bool MainFrame::SaveAs()
+{
+    const CString proposed =
+        document.RecordPath().empty()
+            ? ProposedRecordPath(FolderToStartIn(recordFolderEntry), document.Title())
+            : document.RecordPath();
+    QFileDialog dialog(this, QStringLiteral("検査状況を保存"), QString(), RecordFilter());
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(QStringLiteral("xml"));
+    dialog.selectFile(QtText(proposed));
+    if (dialog.exec() != QDialog::Accepted) return false;
+    const CString path = FromQtText(dialog.selectedFiles().front());
+    FrameState::SetLastFolder(recordFolderEntry, FolderOfFile(path));
+    return SaveTo(path);
+}
+
+bool MainFrame::SaveTo(const CString& path)
+{
+    const CString problem = document.SaveRecord(path);
+    if (!problem.empty()) Tell(problem);
+    Refresh();
+    return problem.empty();
+}
+
+void MainFrame::CloseDelivery()
+{
+    if (!AskToSave()) return;
+    document.Close();
+    Refresh();
+}
+
+bool MainFrame::AskToSave()
+{
+    if (!document.HasUnsavedWork()) return true;
+    QMessageBox box(QMessageBox::Question, QtText(GetHostServices().applicationName),
+                    QStringLiteral("検査状況が保存されていません。保存しますか？"),
+                    QMessageBox::NoButton, this);
+    const auto* save = box.addButton(QStringLiteral("保存する(&S)"), QMessageBox::AcceptRole);
+    const auto* discard =
+        box.addButton(QStringLiteral("保存しない(&N)"), QMessageBox::DestructiveRole);
+    auto* cancel = box.addButton(QStringLiteral("キャンセル"), QMessageBox::RejectRole);
+    box.setEscapeButton(cancel);
+    box.exec();
+    if (box.clickedButton() == save) return Save();
+    return box.clickedButton() == discard;
+}

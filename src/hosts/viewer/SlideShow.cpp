@@ -1,0 +1,107 @@
+#include "hosts/viewer/SlideShow.h"
+
+#include "panels/ToviMpiPanel.h"
+#include "review/SlideMode.h"
+
+#include <QApplication>
+#include <QDockWidget>
+#include <QKeyEvent>
+#include <QMenuBar>
+#include <QStatusBar>
+#include <QToolBar>
+
+SlideShow::SlideShow(QMainWindow* mainWindow, ToviMpiPanel* photoPanel)
+    : QObject(mainWindow), frame(mainWindow), panel(photoPanel)
+{}
+
+void SlideShow::Begin()
+{
+    if (isOn) return;
+    isOn = true;
+    SetSlideMode(true);
+    before = frame->windowState();
+    QList<QWidget*> around = {frame->menuBar(), frame->statusBar()};
+    for (QToolBar* bar : frame->findChildren<QToolBar*>(QString(), Qt::FindDirectChildrenOnly))
+        around << bar;
+    for (QDockWidget* dock : frame->findChildren<QDockWidget*>()) around << dock;
+    for (QWidget* widget : around) {
+        if (widget->isHidden()) continue;
+        hidden << widget;
+        widget->hide();
+    }
+    ToviPhotoCtrlVisualSetting single = panel->GetVisualSetting();
+    single.SetDivType(ToviPhotoCtrlVisualSetting::DivideOne);
+    single.SetImageTextArrange(ToviPhotoCtrlVisualSetting::TextHidden);
+    panel->SetVisualSetting(single, true);
+    frame->showFullScreen();
+    qApp->installEventFilter(this);
+    emit Switched(true);
+}
+
+void SlideShow::End()
+{
+    if (!isOn) return;
+    isOn = false;
+    SetSlideMode(false);
+    qApp->removeEventFilter(this);
+    for (const QPointer<QWidget>& widget : hidden) {
+        if (widget) widget->show();
+    }
+    hidden.clear();
+    frame->setWindowState(before);
+    if (const ToviData* data = panel->GetData()) {
+        panel->SetVisualSetting(data->GetVisualSetting(), true);
+    }
+    emit Switched(false);
+}
+
+bool SlideShow::eventFilter(QObject* watched, QEvent* event)
+{
+    const bool isKey =
+        event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride;
+    const bool isOurs = isKey && QApplication::activeModalWidget() == nullptr &&
+                        QApplication::activePopupWidget() == nullptr && watched->isWidgetType();
+    if (!isOurs) return QObject::eventFilter(watched, event);
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    if (event->type() == QEvent::KeyPress)
+        return OnKey(key) || QObject::eventFilter(watched, event);
+    // Keeps the keys of the mode from being taken for shortcuts.
+    if (key == Qt::Key_PageDown || key == Qt::Key_PageUp) event->accept();
+    return false;
+}
+
+bool SlideShow::OnKey(int key)
+{
+    switch (key) {
+    case Qt::Key_Escape:
+        End();
+        return true;
+    case Qt::Key_Right:
+    case Qt::Key_Down:
+    case Qt::Key_PageDown:
+    case Qt::Key_Space:
+        Step(1);
+        return true;
+    case Qt::Key_Left:
+    case Qt::Key_Up:
+    case Qt::Key_PageUp:
+    case Qt::Key_Backspace:
+        Step(-1);
+        return true;
+    default:
+        return false;
+    }
+}
+
+void SlideShow::Step(int by)
+{
+    const ToviData* data = panel->GetData();
+    if (data == nullptr) return;
+    const int target = data->GetSelectCurIndex() + by;
+    if (target < 0 || target >= data->GetCurrentPhotoCount()) return;
+    if (by > 0) {
+        panel->OperateNextPhoto();
+    } else {
+        panel->OperatePrevPhoto();
+    }
+}

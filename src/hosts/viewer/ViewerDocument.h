@@ -1,0 +1,59 @@
+#pragma once
+
+#include "document/ToviData.h"
+#include "platform/CDocument.h"
+
+#include <QObject>
+
+#include <memory>
+#include <vector>
+
+class ToviPanel;
+
+/// The open delivery, the panels that show it, and the record that its inspection is saved to.
+class ViewerDocument : public QObject, public CDocument
+{
+    Q_OBJECT
+
+public:
+    ~ViewerDocument() override { Close(); }
+
+    /// From now on \p panel is told of every update and holds the delivery while one is open.
+    void AddPanel(ToviPanel* panel);
+
+    /// Opens the delivery in the folder \p path in place of the one before, which stays when this
+    /// fails. Returns what is wrong in a sentence, empty when nothing is.
+    CString Open(const CString& path, std::optional<PhotoXMLType> family);
+    void Close();
+    /// Null while no delivery is open.
+    ToviData* Data() const { return data.get(); }
+    /// The folder that the user named.
+    const CString& Folder() const { return folder; }
+    /// 工事名称, else the name of the folder.
+    CString Title() const;
+
+    /// Where the inspection was last saved to or taken up from; empty when neither.
+    const CString& RecordPath() const { return recordPath; }
+    /// Saves the inspection to the file \p path. Returns what is wrong, empty when nothing is.
+    CString SaveRecord(const CString& path);
+    /// Takes up the inspection in the file \p path, with an outcome as in SaveRecord.
+    CString LoadRecord(const CString& path);
+    /// Labels or comments were changed since they were last saved.
+    bool HasUnsavedWork() const { return data && data->IsCheckStatusChanged(); }
+
+    /// Builds the tree anew as the settings say and tells the panels that these changed.
+    void ApplySettings(const ToviPhotoCtrlVisualSetting& setting);
+
+    void UpdateAllViews(CWnd* sender, int hint, CObject* object) override;
+
+signals:
+    /// Any update of the document.
+    void Updated();
+
+private:
+    std::vector<ToviPanel*> panels;
+    std::unique_ptr<ToviData> data;
+    CString folder;
+    CString workTitle;
+    CString recordPath;
+};
