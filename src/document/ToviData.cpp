@@ -8,6 +8,7 @@
 #include "imagefacts/ToviControlValueArray.h"
 #include "loading/ToviEnouDataFactory.h"
 #include "platform/MibFile.h"
+#include "reports/ToviCheckStatusFileOut.h"
 #include "review/LabelCorrection.h"
 #include "review/LabelProcessSelectDlg.h"
 #include "review/ToviXmlLoadManager.h"
@@ -238,6 +239,16 @@ bool ToviData::ReturnExam(const char* path, int* result)
     ToviXmlSaveManager manager(path, nullptr, nullptr);
     manager.WritePath(true);
     return manager.Save(photoData, result);
+}
+
+bool ToviData::FileOutCheckStatus(const CString& caption)
+{
+    return ToviCheckStatusFileOut(*this, labelManager).FileOut(caption);
+}
+
+CheckStatusOutcome ToviData::FileOutCheckStatus(const CString& caption, const CString& path)
+{
+    return ToviCheckStatusFileOut(*this, labelManager).FileOut(caption, path);
 }
 
 bool ToviData::Load()

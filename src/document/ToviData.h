@@ -10,6 +10,7 @@
 #include "imagefacts/ToviImageCheckCommon.h"
 #include "loading/ToviItemDef.h"
 #include "platform/CDocument.h"
+#include "reports/CheckStatusOutcome.h"
 #include "review/ToviLabelManager.h"
 #include "settings/ToviItemManager.h"
 #include "settings/ToviPhotoCtrlVisualSetting.h"
@@ -160,6 +161,13 @@ public:
     void CheckEditJPEG(ToviPhoto* photo);
     /// Forgets the results of all photographs.
     void Initialize_CheckEditJPEG();
+
+    /// Lets the user save the check report of the current array (see
+    /// reports/ToviCheckStatusFileOut.h). \p caption is the title of what is shown meanwhile. True
+    /// when it was written.
+    bool FileOutCheckStatus(const CString& caption);
+    /// The same into the file \p path, without a question or message.
+    CheckStatusOutcome FileOutCheckStatus(const CString& caption, const CString& path);
 
     const ToviSortCondition& GetSortCondition() const { return *sortCondition; }
     /// Takes over \p condition without sorting. One that doesn't sort is ascending.

@@ -38,6 +38,11 @@ bool WasInterrupted()
     return interrupted.exchange(false);
 }
 
+bool IsInterrupted()
+{
+    return interrupted;
+}
+
 InterruptListener::InterruptListener()
 {
     ++listeners;

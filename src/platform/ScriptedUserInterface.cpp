@@ -102,6 +102,11 @@ bool ScriptedUserInterface::Choose(const Choice& asked, int& option)
     return true;
 }
 
+void ScriptedUserInterface::OpenFile(const CString& path)
+{
+    calls.push_back({CallKind::OpenFile, path, {}, {}, {}, {}});
+}
+
 void ScriptedUserInterface::ShowProgress(const CString& text)
 {
     calls.push_back({CallKind::Progress, text, {}, {}, {}, {}});

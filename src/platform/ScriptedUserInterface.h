@@ -19,6 +19,7 @@ public:
         Choice,
         FolderQuestion,
         SaveQuestion,
+        OpenFile,
         Progress
     };
 
@@ -78,6 +79,7 @@ public:
     bool AskFolder(const FolderQuestion& question, CString& folder) override;
     bool ChooseSaveFile(const SaveQuestion& question, CString& path) override;
     bool Choose(const Choice& asked, int& option) override;
+    void OpenFile(const CString& path) override;
     void ShowProgress(const CString& text) override;
     std::unique_ptr<ProgressPort> CreateProgress(CWnd* parent) override;
 };

@@ -116,6 +116,9 @@ public:
     /// when one was chosen, whose index then stands in \p option.
     virtual bool Choose(const Choice& choice, int& option) = 0;
 
+    /// Opens the file \p path with the program that the system has for it. Failing is no error.
+    virtual void OpenFile(const CString& /*path*/) {}
+
     /// Tells how far a long work has come. An empty text takes the display away.
     virtual void ShowProgress(const CString& text) = 0;
 

@@ -21,3 +21,4 @@ void AddVerifyCommand(CLI::App& app, int& status);
 void AddIndexCommand(CLI::App& app, int& status);
 void AddExportCommand(CLI::App& app, int& status);
 void AddCombineCommand(CLI::App& app, int& status);
+void AddReportCommand(CLI::App& app, int& status);

@@ -89,6 +89,7 @@ int main(int argc, char** argv)
     AddExportCommand(app, status);
     AddCombineCommand(app, status);
     AddProfileOption(app, profile);
+    AddReportCommand(app, status);
     try {
         const int parsed = Parse(app, argc, argv);
         return parsed == ExitDone ? status : parsed;

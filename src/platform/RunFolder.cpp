@@ -1,0 +1,61 @@
+#include "platform/RunFolder.h"
+
+#include "platform/FileDescriptor.h"
+#include "platform/FolderLock.h"
+#include "platform/MibFile.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+
+namespace
+{
+bool TakeLock(FileDescriptor& folder, const CString& path)
+{
+    folder.Reset(open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+    return folder.IsOpen() && flock(folder.Get(), LOCK_EX | LOCK_NB) == 0;
+}
+
+void RemoveLeftovers(const CString& shared)
+{
+    std::error_code ignored;
+    for (const auto& entry : std::filesystem::directory_iterator(shared, ignored)) {
+        FileDescriptor folder;
+        const bool unused = !entry.is_directory(ignored) || entry.is_symlink(ignored) ||
+                            TakeLock(folder, entry.path().string());
+        if (unused) std::filesystem::remove_all(entry.path(), ignored);
+    }
+}
+
+CString ParentOf(const CString& folder)
+{
+    CString parent = folder;
+    MibParentDir(parent);
+    return parent;
+}
+} // namespace
+
+RunFolder::RunFolder(const CString& shared)
+    : sharedFolder(shared), opened(std::make_unique<FileDescriptor>())
+{
+    if (shared.empty() || !MibCreateDirectory(ParentOf(shared))) return;
+    const FolderLock lock(ParentOf(shared));
+    if (!MibCreateDirectory(shared)) return;
+    RemoveLeftovers(shared);
+    CString made = shared + "/XXXXXX";
+    if (mkdtemp(made.data()) == nullptr) return;
+    path = made;
+    TakeLock(*opened, path);
+}
+
+RunFolder::~RunFolder()
+{
+    if (path.empty()) return;
+    std::error_code ignored;
+    std::filesystem::remove_all(path, ignored);
+    const FolderLock lock(ParentOf(sharedFolder));
+    rmdir(sharedFolder.c_str());
+}

@@ -1,0 +1,138 @@
+#include "platform/office/Office.h"
+
+#include "platform/office/UnoText.h"
+
+#include <com/sun/star/bridge/BridgeFactory.hpp>
+#include <com/sun/star/bridge/XBridgeFactory2.hpp>
+#include <com/sun/star/connection/Connector.hpp>
+#include <com/sun/star/connection/NoConnectException.hpp>
+#include <com/sun/star/frame/Desktop.hpp>
+#include <com/sun/star/lang/XComponent.hpp>
+#include <cppuhelper/bootstrap.hxx>
+#include <rtl/bootstrap.hxx>
+
+#include <dlfcn.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <thread>
+
+using namespace com::sun::star;
+
+namespace
+{
+constexpr auto answerLimit = std::chrono::seconds(60);
+constexpr auto endLimit = std::chrono::seconds(10);
+constexpr auto connectPause = std::chrono::milliseconds(20);
+/// With these it asks to be started anew, as it does when it has just made its profile.
+constexpr int restartStatuses[] = {79, 81};
+constexpr int mostLaunches = 3;
+constexpr const char* pipeAddress = "pipe,name=tovi";
+
+/// The folder of the office, which is that of its libraries.
+std::string ProgramFolder()
+{
+    Dl_info facts;
+    const auto* inLibrary = reinterpret_cast<const void*>(&rtl_bootstrap_set);
+    if (dladdr(inLibrary, &facts) == 0) return {};
+    const std::string library = facts.dli_fname;
+    return library.substr(0, library.rfind('/') + 1);
+}
+
+/// A socket's path is limited to some 100 bytes, which a work folder may exceed. Both processes
+/// have the sockets' folder open under the same number.
+std::string SocketFolder(const FileDescriptor& sockets)
+{
+    return "/proc/self/fd/" + std::to_string(sockets.Get());
+}
+
+void Dispose(const uno::Reference<uno::XInterface>& object)
+{
+    const uno::Reference<lang::XComponent> component(object, uno::UNO_QUERY);
+    if (component.is()) component->dispose();
+}
+
+/// Runs \p work on an office that may have died.
+template <typename Work>
+void Try(Work work)
+{
+    try {
+        work();
+    } catch (const uno::Exception&) {
+    }
+}
+} // namespace
+
+Office::Office(std::string folder) : home(std::move(folder))
+{
+    for (const char* part : {"/sockets", "/temporary"}) mkdir((home + part).c_str(), 0700);
+    sockets.Reset(open((home + "/sockets").c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+}
+
+Office::~Office()
+{
+    if (desktop.is()) Try([this] { desktop->terminate(); });
+    Disconnect();
+    if (remote.is()) process.WaitForEnd(endLimit);
+}
+
+void Office::Disconnect()
+{
+    desktop.clear();
+    Try([this] { Dispose(bridge); });
+    bridge.clear();
+    Try([this] { Dispose(local); });
+    local.clear();
+}
+
+bool Office::Start(const std::function<bool()>& giveUp)
+{
+    if (!sockets.IsOpen() || !Launch()) return false;
+    const std::string bootstrap = "vnd.sun.star.pathname:" + ProgramFolder() + "fundamentalrc";
+    rtl::Bootstrap::set("URE_BOOTSTRAP", ToUno(bootstrap));
+    rtl::Bootstrap::set("OSL_SOCKET_PATH", ToUno(SocketFolder(sockets)));
+    local = cppu::defaultBootstrap_InitialComponentContext();
+    return Connect(giveUp);
+}
+
+bool Office::Launch()
+{
+    ++launches;
+    const std::string profile = FileUrl(home + "/profile").toUtf8().getStr();
+    return process.Start({ProgramFolder() + "soffice.bin", "--headless", "--norestore", "--nologo",
+                          "--nodefault", "--nofirststartwizard", "-env:UserInstallation=" + profile,
+                          std::string("--accept=") + pipeAddress + ";urp;"},
+                         {"TMPDIR=" + home + "/temporary", "LC_ALL=C.UTF-8",
+                          "OSL_SOCKET_PATH=" + SocketFolder(sockets), "SAL_USE_VCLPLUGIN=svp"},
+                         sockets);
+}
+
+bool Office::IsRunning()
+{
+    if (process.IsRunning()) return true;
+    for (const int status : restartStatuses) {
+        if (process.ExitStatus() == status && launches < mostLaunches) return Launch();
+    }
+    return false;
+}
+
+bool Office::Connect(const std::function<bool()>& giveUp)
+{
+    const auto connector = connection::Connector::create(local);
+    const auto end = std::chrono::steady_clock::now() + answerLimit;
+    while (IsRunning() && !giveUp() && std::chrono::steady_clock::now() < end) {
+        try {
+            const auto connection = connector->connect(ToUno(pipeAddress));
+            const auto made =
+                bridge::BridgeFactory::create(local)->createBridge({}, "urp", connection, {});
+            bridge = made;
+            remote.set(made->getInstance("StarOffice.ComponentContext"), uno::UNO_QUERY_THROW);
+            desktop = frame::Desktop::create(remote);
+            return true;
+        } catch (const connection::NoConnectException&) {
+            std::this_thread::sleep_for(connectPause);
+        }
+    }
+    return false;
+}

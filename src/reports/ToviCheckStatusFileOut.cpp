@@ -1,0 +1,151 @@
+#include "reports/ToviCheckStatusFileOut.h"
+
+#include "document/ToviData.h"
+#include "loading/Environment.h"
+#include "loading/WorkFolder.h"
+#include "platform/HostServices.h"
+#include "platform/Interrupt.h"
+#include "platform/MibFile.h"
+#include "platform/RunFolder.h"
+#include "reports/CheckStatusCells.h"
+#include "reports/CheckStatusPages.h"
+#include "reports/ToviProgressDlg.h"
+
+namespace
+{
+constexpr const char* formName = "CHKPHOTO.XLS";
+constexpr const char* workFolderName = "QV-ExcelData";
+constexpr std::size_t largestForm = std::size_t{16} << 20;
+constexpr std::size_t largestReport = std::size_t{1} << 30;
+
+CString SharedWorkFolder()
+{
+    const CString suite = SuiteFolder();
+    return suite.empty() ? suite : suite + workFolderName;
+}
+
+/// Makes the file \p to from the bytes of \p from.
+CheckStatusOutcome Copy(const CString& from, const CString& to, std::size_t limit)
+{
+    const auto bytes = MibReadFile(from, limit);
+    if (!bytes) return CheckStatusOutcome::NotWritten;
+    WriteFailure failure = WriteFailure::None;
+    return WriteFileAtomically(to, *bytes, &failure) ? CheckStatusOutcome::Written
+                                                     : OutcomeOf(failure);
+}
+
+void Tell(CheckStatusOutcome outcome, const CString& caption)
+{
+    const bool serious = outcome != CheckStatusOutcome::Written &&
+                         outcome != CheckStatusOutcome::Cancelled &&
+                         outcome != CheckStatusOutcome::NotStarted;
+    GetHostServices().userInterface->ShowMessage(MessageOf(outcome), caption, MessageButtons::Ok,
+                                                 serious ? MessageIcon::Warning
+                                                         : MessageIcon::Information);
+}
+} // namespace
+
+ToviCheckStatusFileOut::ToviCheckStatusFileOut(ToviData& document, const ToviLabelManager& labels,
+                                               Starter starter)
+    : data(document), labelManager(labels), start(std::move(starter))
+{}
+
+bool ToviCheckStatusFileOut::FileOut(const CString& caption)
+{
+    UserInterface& user = *GetHostServices().userInterface;
+    CheckStatusOutcome outcome = CheckStatusOutcome::NoWorkFolder;
+    CString output;
+    if (const RunFolder folder(SharedWorkFolder()); !folder.Path().empty()) {
+        const auto application = start(folder.Path());
+        const SaveQuestion question = {GetEnvironment().folders.documents, "検査結果", "xls",
+                                       "EXCELファイル(*.xls)", "*.xls"};
+        if (application && !user.ChooseSaveFile(question, output)) return false;
+        outcome = application ? Write(*application, folder.Path(), output, caption)
+                              : CheckStatusOutcome::NotStarted;
+    }
+    Tell(outcome, caption);
+    if (outcome != CheckStatusOutcome::Written) return false;
+    user.OpenFile(output);
+    return true;
+}
+
+CheckStatusOutcome ToviCheckStatusFileOut::FileOut(const CString& caption, const CString& path)
+{
+    // What is to be cleaned up is, before an interrupt may end the program.
+    const InterruptListener listener;
+    const RunFolder folder(SharedWorkFolder());
+    if (folder.Path().empty()) return CheckStatusOutcome::NoWorkFolder;
+    const auto application = start(folder.Path());
+    if (!application) {
+        return WasInterrupted() ? CheckStatusOutcome::Cancelled : CheckStatusOutcome::NotStarted;
+    }
+    return Write(*application, folder.Path(), path, caption);
+}
+
+CheckStatusOutcome ToviCheckStatusFileOut::Write(SpreadsheetApplication& application,
+                                                 const CString& folder, const CString& output,
+                                                 const CString& caption) const
+{
+    const CString form = MibProgramPath() + formName;
+    if (!MibIsFileExist(form)) return CheckStatusOutcome::NoForm;
+    const CString copy = folder + '/' + formName;
+    if (Copy(form, copy, largestForm) != CheckStatusOutcome::Written) {
+        return CheckStatusOutcome::NoWorkFolder;
+    }
+    const SpreadsheetFormat format = FormatOfReport(output);
+    const int pages = PageSizes(data.GetCurrentPhotoCount()).GetSize();
+    if (!FitsSheet(pages, format)) return CheckStatusOutcome::TooManyPhotos;
+    if (IsOpenInOffice(output)) return CheckStatusOutcome::OutputOpen;
+    if (MibIsReadOnly(output)) return CheckStatusOutcome::OutputReadOnly;
+    const CString filled = folder + "/report";
+    const CheckStatusOutcome outcome = Fill(application, copy, filled, format, caption);
+    if (outcome != CheckStatusOutcome::Written) return outcome;
+    return Copy(filled, output, largestReport);
+}
+
+CheckStatusOutcome ToviCheckStatusFileOut::Fill(SpreadsheetApplication& application,
+                                                const CString& form, const CString& filled,
+                                                SpreadsheetFormat format,
+                                                const CString& caption) const
+{
+    const int count = data.GetCurrentPhotoCount();
+    ToviProgressDlg progress(true);
+    progress.Create(nullptr);
+    progress.SetCaption(caption.c_str());
+    progress.SetRange(0, count);
+    progress.SetStep(1);
+    progress.SetPos(0);
+    progress.Show();
+    const auto book = application.Open(form);
+    const int pages = PageSizes(count).GetSize();
+    if (!book || !book->RepeatRows(rowsPerPage, CheckStatusCells::columns, pages)) {
+        return CheckStatusOutcome::ApplicationFailed;
+    }
+    const CheckStatusOutcome outcome = WritePages(*book, progress);
+    if (outcome != CheckStatusOutcome::Written) return outcome;
+    return book->Save(filled, format) ? CheckStatusOutcome::Written
+                                      : CheckStatusOutcome::ApplicationFailed;
+}
+
+CheckStatusOutcome ToviCheckStatusFileOut::WritePages(SpreadsheetBook& book,
+                                                      ToviProgressDlg& progress) const
+{
+    const int count = data.GetCurrentPhotoCount();
+    const CheckStatusCells cells(data, labelManager);
+    int page = 0;
+    int position = 0;
+    for (const int size : PageSizes(count)) {
+        std::vector<std::vector<CString>> rows;
+        for (const int end = position + size; position < end; ++position) {
+            rows.push_back(cells.Of(*data.GetPhoto(position)));
+            progress.SetMessage(Format("Excelデータ出力中　%d / %d", position + 1, count));
+            if (progress.GetCancel()) return CheckStatusOutcome::Cancelled;
+            progress.StepIt();
+        }
+        if (!rows.empty() && !book.WriteTexts(FirstPhotoRow(page), rows)) {
+            return CheckStatusOutcome::ApplicationFailed;
+        }
+        ++page;
+    }
+    return CheckStatusOutcome::Written;
+}
