@@ -12,10 +12,10 @@
 #include <rtl/bootstrap.hxx>
 
 #include <dlfcn.h>
-#include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
+#include <random>
+#include <sstream>
 #include <thread>
 
 using namespace com::sun::star;
@@ -28,7 +28,6 @@ constexpr auto connectPause = std::chrono::milliseconds(20);
 /// With these it asks to be started anew, as it does when it has just made its profile.
 constexpr int restartStatuses[] = {79, 81};
 constexpr int mostLaunches = 3;
-constexpr const char* pipeAddress = "pipe,name=tovi";
 
 /// The folder of the office, which is that of its libraries.
 std::string ProgramFolder()
@@ -40,11 +39,12 @@ std::string ProgramFolder()
     return library.substr(0, library.rfind('/') + 1);
 }
 
-/// A socket's path is limited to some 100 bytes, which a work folder may exceed. Both processes
-/// have the sockets' folder open under the same number.
-std::string SocketFolder(const FileDescriptor& sockets)
+std::string NewAddress()
 {
-    return "/proc/self/fd/" + std::to_string(sockets.Get());
+    std::random_device random;
+    std::ostringstream name;
+    name << "pipe,name=tovi-" << std::hex << random() << random();
+    return name.str();
 }
 
 void Dispose(const uno::Reference<uno::XInterface>& object)
@@ -64,10 +64,9 @@ void Try(Work work)
 }
 } // namespace
 
-Office::Office(std::string folder) : home(std::move(folder))
+Office::Office(std::string folder) : home(std::move(folder)), address(NewAddress())
 {
-    for (const char* part : {"/sockets", "/temporary"}) mkdir((home + part).c_str(), 0700);
-    sockets.Reset(open((home + "/sockets").c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+    mkdir((home + "/temporary").c_str(), 0700);
 }
 
 Office::~Office()
@@ -88,10 +87,9 @@ void Office::Disconnect()
 
 bool Office::Start(const std::function<bool()>& giveUp)
 {
-    if (!sockets.IsOpen() || !Launch()) return false;
+    if (!Launch()) return false;
     const std::string bootstrap = "vnd.sun.star.pathname:" + ProgramFolder() + "fundamentalrc";
     rtl::Bootstrap::set("URE_BOOTSTRAP", ToUno(bootstrap));
-    rtl::Bootstrap::set("OSL_SOCKET_PATH", ToUno(SocketFolder(sockets)));
     local = cppu::defaultBootstrap_InitialComponentContext();
     return Connect(giveUp);
 }
@@ -100,12 +98,11 @@ bool Office::Launch()
 {
     ++launches;
     const std::string profile = FileUrl(home + "/profile").toUtf8().getStr();
-    return process.Start({ProgramFolder() + "soffice.bin", "--headless", "--norestore", "--nologo",
-                          "--nodefault", "--nofirststartwizard", "-env:UserInstallation=" + profile,
-                          std::string("--accept=") + pipeAddress + ";urp;"},
-                         {"TMPDIR=" + home + "/temporary", "LC_ALL=C.UTF-8",
-                          "OSL_SOCKET_PATH=" + SocketFolder(sockets), "SAL_USE_VCLPLUGIN=svp"},
-                         sockets);
+    return process.Start(
+        {ProgramFolder() + "soffice.bin", "--headless", "--norestore", "--nologo", "--nodefault",
+         "--nofirststartwizard", "-env:UserInstallation=" + profile,
+         "--accept=" + address + ";urp;"},
+        {"TMPDIR=" + home + "/temporary", "LC_ALL=C.UTF-8", "SAL_USE_VCLPLUGIN=svp"});
 }
 
 bool Office::IsRunning()
@@ -122,8 +119,9 @@ bool Office::Connect(const std::function<bool()>& giveUp)
     const auto connector = connection::Connector::create(local);
     const auto end = std::chrono::steady_clock::now() + answerLimit;
     while (IsRunning() && !giveUp() && std::chrono::steady_clock::now() < end) {
+        process.NoteSockets();
         try {
-            const auto connection = connector->connect(ToUno(pipeAddress));
+            const auto connection = connector->connect(ToUno(address));
             const auto made =
                 bridge::BridgeFactory::create(local)->createBridge({}, "urp", connection, {});
             bridge = made;

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "platform/FileDescriptor.h"
 #include "platform/office/OfficeProcess.h"
 
 #include <com/sun/star/frame/XDesktop2.hpp>
@@ -9,8 +8,8 @@
 #include <functional>
 #include <string>
 
-/// A LibreOffice of our own: a hidden process whose profile, temporary files and sockets lie in one
-/// folder, and the connection to it. The operations throw com::sun::star::uno::Exception.
+/// A LibreOffice of our own: a hidden process whose profile and temporary files lie in one folder,
+/// and the connection to it. The operations throw com::sun::star::uno::Exception.
 class Office
 {
 public:
@@ -39,7 +38,8 @@ private:
     void Disconnect();
 
     std::string home;
-    FileDescriptor sockets;
+    /// Where it listens: a name that nobody else can know beforehand.
+    std::string address;
     OfficeProcess process;
     int launches = 0;
     com::sun::star::uno::Reference<com::sun::star::uno::XComponentContext> local;

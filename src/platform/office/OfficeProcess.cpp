@@ -6,6 +6,9 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <filesystem>
+#include <fstream>
+#include <sstream>
 #include <thread>
 
 namespace
@@ -31,30 +34,45 @@ std::vector<std::string> WithOwnVariables(std::vector<std::string> variables)
 
 /// What the child does before it becomes the program. Other threads may hold any lock of the
 /// parent, so it makes system calls only.
-[[noreturn]] void BecomeProgram(pid_t parent, int descriptor, char** command, char** variables)
+[[noreturn]] void BecomeProgram(pid_t parent, char** command, char** variables)
 {
     setpgid(0, 0);
     prctl(PR_SET_PDEATHSIG, SIGKILL);
     if (getppid() != parent) _exit(127);
     const int nothing = open("/dev/null", O_RDWR);
     for (const int standard : {0, 1, 2}) dup2(nothing, standard);
-    fcntl(descriptor, F_SETFD, 0);
     signal(SIGPIPE, SIG_DFL);
     execve(command[0], command, variables);
     _exit(127);
+}
+
+/// The targets of a process's open files, such as "socket:[4711]".
+std::set<std::string> OpenFiles(pid_t process)
+{
+    namespace fs = std::filesystem;
+    std::set<std::string> targets;
+    std::error_code failed;
+    for (fs::directory_iterator file("/proc/" + std::to_string(process) + "/fd", failed);
+         !failed && file != fs::directory_iterator(); file.increment(failed)) {
+        std::error_code closed;
+        targets.insert(fs::read_symlink(file->path(), closed).string());
+    }
+    return targets;
 }
 } // namespace
 
 OfficeProcess::~OfficeProcess()
 {
-    if (!IsRunning()) return;
-    kill(process, SIGKILL);
-    waitpid(process, nullptr, 0);
+    if (IsRunning()) {
+        NoteSockets();
+        kill(process, SIGKILL);
+        waitpid(process, nullptr, 0);
+    }
+    for (const std::string& socket : sockets) unlink(socket.c_str());
 }
 
 bool OfficeProcess::Start(const std::vector<std::string>& command,
-                          const std::vector<std::string>& variables,
-                          const FileDescriptor& descriptor)
+                          const std::vector<std::string>& variables)
 {
     const std::vector<std::string> environment = WithOwnVariables(variables);
     const std::vector<char*> arguments = PointersTo(command);
@@ -63,7 +81,7 @@ bool OfficeProcess::Start(const std::vector<std::string>& command,
     exitStatus = -1;
     process = fork();
     if (process == 0) {
-        BecomeProgram(parent, descriptor.Get(), const_cast<char**>(arguments.data()),
+        BecomeProgram(parent, const_cast<char**>(arguments.data()),
                       const_cast<char**>(settings.data()));
     }
     return process > 0;
@@ -87,4 +105,20 @@ bool OfficeProcess::WaitForEnd(std::chrono::milliseconds limit)
         std::this_thread::sleep_for(endPause);
     }
     return true;
+}
+
+void OfficeProcess::NoteSockets()
+{
+    constexpr int fieldsBeforeInode = 6;
+    const std::set<std::string> open = OpenFiles(process);
+    std::ifstream table("/proc/net/unix");
+    for (std::string line; std::getline(table, line);) {
+        std::istringstream fields(line);
+        std::string field;
+        for (int i = 0; i < fieldsBeforeInode; ++i) fields >> field;
+        std::string inode;
+        std::string path;
+        fields >> inode >> path;
+        if (path.starts_with('/') && open.contains("socket:[" + inode + ']')) sockets.insert(path);
+    }
 }

@@ -1,10 +1,9 @@
 #pragma once
 
-#include "platform/FileDescriptor.h"
-
 #include <sys/types.h>
 
 #include <chrono>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -20,9 +19,11 @@ public:
     ~OfficeProcess();
 
     /// Starts \p command, a full path and its arguments, with \p variables ("NAME=value") before
-    /// those of this process. It inherits \p descriptor under the same number.
-    bool Start(const std::vector<std::string>& command, const std::vector<std::string>& variables,
-               const FileDescriptor& descriptor);
+    /// those of this process.
+    bool Start(const std::vector<std::string>& command, const std::vector<std::string>& variables);
+    /// Notes the sockets that it has bound. They are removed after its end, which it doesn't do
+    /// itself when it is killed.
+    void NoteSockets();
     bool IsRunning();
     /// The exit status of a process that has ended by itself, else -1.
     int ExitStatus() const { return exitStatus; }
@@ -32,4 +33,5 @@ public:
 private:
     pid_t process = -1;
     int exitStatus = -1;
+    std::set<std::string> sockets;
 };
