@@ -116,21 +116,27 @@ bool Office::IsRunning()
 
 bool Office::Connect(const std::function<bool()>& giveUp)
 {
-    const auto connector = connection::Connector::create(local);
     const auto end = std::chrono::steady_clock::now() + answerLimit;
     while (IsRunning() && !giveUp() && std::chrono::steady_clock::now() < end) {
+        const bool connected = TryToConnect();
         process.NoteSockets();
-        try {
-            const auto connection = connector->connect(ToUno(address));
-            const auto made =
-                bridge::BridgeFactory::create(local)->createBridge({}, "urp", connection, {});
-            bridge = made;
-            remote.set(made->getInstance("StarOffice.ComponentContext"), uno::UNO_QUERY_THROW);
-            desktop = frame::Desktop::create(remote);
-            return true;
-        } catch (const connection::NoConnectException&) {
-            std::this_thread::sleep_for(connectPause);
-        }
+        if (connected) return true;
+        std::this_thread::sleep_for(connectPause);
     }
     return false;
+}
+
+bool Office::TryToConnect()
+{
+    try {
+        const auto connection = connection::Connector::create(local)->connect(ToUno(address));
+        const auto made =
+            bridge::BridgeFactory::create(local)->createBridge({}, "urp", connection, {});
+        bridge = made;
+        remote.set(made->getInstance("StarOffice.ComponentContext"), uno::UNO_QUERY_THROW);
+        desktop = frame::Desktop::create(remote);
+        return true;
+    } catch (const connection::NoConnectException&) {
+        return false;
+    }
 }

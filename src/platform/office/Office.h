@@ -35,6 +35,8 @@ private:
     bool Launch();
     bool IsRunning();
     bool Connect(const std::function<bool()>& giveUp);
+    /// False when it doesn't listen yet.
+    bool TryToConnect();
     void Disconnect();
 
     std::string home;
