@@ -1,4 +1,5 @@
 #include "platform/MibFile.h"
+#include "platform/RunFolder.h"
 #include "platform/TextFile.h"
 #include "support/TempFolder.h"
 
@@ -128,5 +129,25 @@ TEST(TextFile, ReadsLinesOfEveryShape)
     EXPECT_EQ(line.size(), TextFile::longestLine);
     EXPECT_TRUE(huge.ReadLine(line));
     EXPECT_EQ(line, "next");
+}
+
+TEST(RunFolder, LeavesThoseOfOtherRunsAlone)
+{
+    const TempFolder temp;
+    const CString shared = temp.Path("suite/work");
+    temp.Write("suite/work/killed/left", "");
+    {
+        const RunFolder first(shared);
+        const RunFolder second(shared);
+        EXPECT_NE(first.Path(), second.Path());
+        EXPECT_TRUE(MibIsFolderExist(first.Path()) && MibIsFolderExist(second.Path()));
+        EXPECT_FALSE(MibIsFolderExist(shared + "/killed"));
+        temp.Write(second.Path().substr(temp.Path().size() + 1) + "/part/file", "");
+    }
+    EXPECT_FALSE(MibIsFolderExist(shared));
+    EXPECT_TRUE(MibIsFolderExist(temp.Path("suite")));
+    temp.Write("file", "");
+    EXPECT_EQ(RunFolder(temp.Path("file/work")).Path(), "");
+    EXPECT_EQ(RunFolder("").Path(), "");
 }
 } // namespace

@@ -1,0 +1,281 @@
+#include "platform/HostServices.h"
+#include "platform/MibFile.h"
+#include "sample/DeliveryBuilder.h"
+#include "support/RunProgram.h"
+#include "support/TempFolder.h"
+
+#include <gmock/gmock.h>
+#include <nlohmann/json.hpp>
+
+#include <signal.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <future>
+#include <thread>
+
+namespace
+{
+using Json = nlohmann::json;
+using testing::HasSubstr;
+
+CString ProgramFolder()
+{
+    CString folder = RunningProgramPath();
+    folder.resize(folder.rfind('/') + 1);
+    return folder;
+}
+
+CString OutputOf(const CString& command)
+{
+    FILE* const pipe = popen(command.c_str(), "r");
+    CString output;
+    for (int c = std::fgetc(pipe); c != EOF; c = std::fgetc(pipe)) output += static_cast<char>(c);
+    pclose(pipe);
+    return output;
+}
+
+/// The processes whose command line holds both texts.
+std::vector<pid_t> Processes(const CString& first, const CString& second)
+{
+    std::vector<pid_t> found;
+    for (const auto& entry : std::filesystem::directory_iterator("/proc")) {
+        const CString name = entry.path().filename().string();
+        if (!std::isdigit(static_cast<unsigned char>(name[0]))) continue;
+        std::ifstream file(entry.path() / "cmdline");
+        const CString line{std::istreambuf_iterator<char>(file), {}};
+        if (line.find(first) != CString::npos && line.find(second) != CString::npos) {
+            found.push_back(std::stoi(name));
+        }
+    }
+    return found;
+}
+
+/// Reports of a delivery of 63 photographs through the real office, with a work folder whose name
+/// is long and Japanese.
+class ReportJourney : public testing::Test
+{
+protected:
+    static constexpr int photos = 63;
+
+    ReportJourney()
+    {
+        DeliveryBuilder builder({.photos = photos, .drawings = 0, .images = false});
+        for (int i = 0; i < photos; ++i) {
+            builder.Set(i, "シリアル番号", Format("%d", i + 1))
+                .Set(i, "写真タイトル", Format("写真%d", i + 1))
+                .Set(i, "撮影箇所", "=1+1");
+        }
+        builder.Write(delivery);
+        temp.MakeFolder(documents);
+        temp.Write("config/user-dirs.dirs", "XDG_DOCUMENTS_DIR=\"" + temp.Path(documents) + "\"\n");
+    }
+
+    void SetUp() override
+    {
+        if (!MibIsFileExist(ProgramFolder() + "libToviSheet.so")) {
+            GTEST_SKIP() << "LibreOffice isn't installed";
+        }
+    }
+
+    /// Whatever the ending, nothing of the office is left.
+    void TearDown() override
+    {
+        EXPECT_TRUE(Processes("soffice", mark).empty());
+        EXPECT_FALSE(
+            std::filesystem::exists(temp.Path(documents + "/QVScratch/QV-SUITE/QV-ExcelData")));
+        for (const auto& file : std::filesystem::directory_iterator(temp.Path())) {
+            EXPECT_THAT(file.path().filename().string(), testing::Not(HasSubstr(".~lock")));
+        }
+    }
+
+    ProgramResult Run(std::vector<CString> arguments) const
+    {
+        arguments.insert(arguments.begin(), "tovi");
+        arguments.insert(arguments.begin() + 2, delivery);
+        return RunProgram(arguments, temp.Path("config"));
+    }
+
+    ProgramResult Report(const CString& path) const
+    {
+        return Run({"report", path, "--sort", "シリアル番号", "--record", record});
+    }
+
+    void Inspect(const CString& photo, const std::vector<CString>& what) const
+    {
+        std::vector<CString> arguments = {"label", "--record", record, "--at", photo};
+        arguments.insert(arguments.end(), what.begin(), what.end());
+        ASSERT_EQ(Run(arguments).status, 0);
+    }
+
+    static Json Read(const CString& report)
+    {
+        return Json::parse(OutputOf(CString(READ_REPORT) + " '" + report + "'"));
+    }
+
+    /// Starts a report over an old file and, \p delay after the office has started, sends
+    /// \p signalNumber to the process of \p program.
+    ProgramResult Disturb(const CString& program, int signalNumber, int delay) const
+    {
+        temp.Write("検査 結果.xls", "old");
+        auto result = std::async(std::launch::async, [this] { return Report(output); });
+        for (int i = 0; i < 600 && Processes("soffice", mark).empty(); ++i) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        }
+        std::this_thread::sleep_for(std::chrono::milliseconds(delay));
+        for (const pid_t process : Processes(program, mark)) kill(process, signalNumber);
+        return result.get();
+    }
+
+    TempFolder temp;
+    const CString documents = "書類の入ったとても長い名前のフォルダとその中の作業用のフォルダ";
+    CString delivery = temp.Path("d");
+    CString record = temp.Path("r.xml");
+    CString output = temp.Path("検査 結果.xls");
+    /// What is in the command lines of all our processes.
+    CString mark = MibGetFileName(temp.Path());
+};
+
+TEST_F(ReportJourney, IsReadBackCellByCell)
+{
+    const CString longComment(3000, 'c');
+    temp.Write("r.xml", "");
+    std::filesystem::remove(record);
+    Inspect("0-62", {"--paste", "0"});
+    Inspect("1", {"--paste", "1", "--comment", "一行目\n二行目"});
+    Inspect("30", {"--paste", "2", "--comment", longComment});
+    const char* const leading[] = {"=1+1", "+1", "-1", "@SUM(A1)", "'quoted"};
+    for (int i = 0; i < 5; ++i) Inspect(Format("%d", 31 + i), {"--comment", leading[i]});
+
+    const ProgramResult result = Report(output);
+    ASSERT_EQ(result.status, 0) << result.errors;
+    EXPECT_EQ(Json::parse(result.output),
+              Json({{"file", output}, {"photos", photos}, {"pages", 3}}));
+    const Json sheet = Read(output);
+    const Json& rows = sheet["rows"];
+    ASSERT_EQ(rows.size(), 96u);
+    const Json header = {"シリアル番号", "写真名", "撮影箇所", "検査結果", "所見"};
+    for (int row = 0; row < 96; ++row) {
+        const int index = row / 32 * 31 + row % 32 - 1;
+        if (row % 32 == 0) {
+            EXPECT_EQ(rows[row], header) << row;
+        } else if (index >= photos) {
+            EXPECT_EQ(rows[row], Json({"", "", "", "", ""})) << row;
+        } else {
+            EXPECT_EQ(rows[row][0], Format("%d", index + 1)) << row;
+            EXPECT_EQ(rows[row][1], Format("写真%d", index + 1)) << row;
+            EXPECT_EQ(rows[row][2], "=1+1") << row;
+            EXPECT_EQ(rows[row][3], index == 1 || index == 30 ? "ＮＧ" : "ＯＫ") << row;
+        }
+    }
+    EXPECT_THAT(rows[2][4].get<CString>(), HasSubstr("、一行目\n二行目"));
+    EXPECT_THAT(rows[31][4].get<CString>(), HasSubstr("、" + longComment));
+    for (int i = 0; i < 5; ++i) EXPECT_EQ(rows[33 + i][4], leading[i]);
+    EXPECT_EQ(sheet["types"], Json({1, 6})) << "texts and empty cells";
+    EXPECT_EQ(sheet["pageBreaks"], Json({32, 64}));
+    EXPECT_EQ(sheet["showsPages"], 1);
+    EXPECT_EQ(sheet["heights"].size(), 1u) << "all rows are as high as the form's";
+    EXPECT_EQ(sheet["printArea"], Json({"検査結果!$A$1:$E$96"}));
+
+    ASSERT_EQ(Report(output).status, 0) << "the same output again";
+    EXPECT_EQ(Read(output)["rows"], rows);
+}
+
+TEST_F(ReportJourney, ChoosesTheFormatByTheEnding)
+{
+    Inspect("0", {"--paste", "0"});
+    const struct
+    {
+        const char* name;
+        const char* written;
+        const char* start;
+    } cases[] = {{"報告", "報告.xls", "\xD0\xCF\x11\xE0"},
+                 {"r.XLSX", "r.XLSX", "PK"},
+                 {"r.ods", "r.ods", "PK"},
+                 {"r.pdf", "r.pdf", "%PDF"}};
+    for (const auto& c : cases) {
+        ASSERT_EQ(Report(temp.Path(c.name)).status, 0) << c.name;
+        EXPECT_EQ(temp.Read(c.written).substr(0, CString(c.start).size()), c.start) << c.name;
+    }
+}
+
+TEST_F(ReportJourney, SaysWhatIsWrong)
+{
+    Inspect("0", {"--paste", "0"});
+    const CString locked = temp.Write("locked.xls", "old");
+    chmod(locked.c_str(), 0444);
+    temp.Write("open.xls", "old");
+    temp.Write(".~lock.open.xls#", "");
+    const struct
+    {
+        CString output;
+        int status;
+        const char* sentence;
+    } cases[] = {
+        {delivery + "/PHOTO/r.xls", 2, "納品データのフォルダ"},
+        {temp.Path("r.csv"), 2, ".xls、.xlsx、.ods、.pdf"},
+        {temp.Path("none/r.xls"), 1, "フォルダがありません"},
+        {locked, 1, "EXCELファイルへの書き込みに失敗しました。"},
+        {temp.Path("open.xls"), 1, "ほかのプログラムで開かれています"},
+    };
+    for (const auto& c : cases) {
+        const ProgramResult result = Report(c.output);
+        EXPECT_EQ(result.status, c.status) << c.output << result.errors;
+        EXPECT_THAT(result.errors, HasSubstr(c.sentence)) << c.output;
+    }
+    EXPECT_EQ(temp.Read("locked.xls") + temp.Read("open.xls"), "oldold");
+    std::filesystem::remove(temp.Path(".~lock.open.xls#"));
+}
+
+TEST_F(ReportJourney, KeepsTheOldFileWhenTheOfficeIsKilled)
+{
+    Inspect("0", {"--paste", "0"});
+    int killed = 0;
+    for (const int delay : {0, 700, 1400, 2000}) {
+        const ProgramResult result = Disturb("soffice", SIGKILL, delay);
+        // On a fast machine the report was done by then.
+        if (result.status == 0) continue;
+        ++killed;
+        EXPECT_EQ(result.status, 1) << delay;
+        EXPECT_THAT(result.errors, HasSubstr("EXCEL")) << delay;
+        EXPECT_EQ(temp.Read("検査 結果.xls"), "old") << delay;
+        TearDown();
+    }
+    EXPECT_GT(killed, 1);
+}
+
+TEST_F(ReportJourney, EndsTheOfficeOnAnInterrupt)
+{
+    Inspect("0", {"--paste", "0"});
+    for (const int delay : {0, 1000}) {
+        const ProgramResult result = Disturb("report", SIGINT, delay);
+        EXPECT_EQ(result.status, 130) << delay << result.errors;
+        EXPECT_EQ(temp.Read("検査 結果.xls"), "old") << delay;
+        TearDown();
+    }
+}
+
+TEST_F(ReportJourney, RunsTwiceAtOnce)
+{
+    Inspect("0", {"--paste", "0"});
+    auto other = std::async(std::launch::async, [this] { return Report(temp.Path("2.xls")); });
+    EXPECT_EQ(Report(output).status, 0);
+    EXPECT_EQ(other.get().status, 0);
+    EXPECT_EQ(Read(output)["rows"], Read(temp.Path("2.xls"))["rows"]);
+}
+
+TEST_F(ReportJourney, TellsThatTheOfficeIsMissing)
+{
+    const CString programs = temp.MakeFolder("programs") + "/";
+    for (const char* file : {"tovi", "libToviCore.so", "READITEM.XML", "CHKPHOTO.XLS"}) {
+        std::filesystem::copy_file(ProgramFolder() + file, programs + file);
+    }
+    const CString said = OutputOf("XDG_CONFIG_HOME='" + temp.Path("config") + "' '" + programs +
+                                  "tovi' report '" + delivery + "' '" + output + "' 2>&1");
+    EXPECT_THAT(said,
+                HasSubstr("EXCELが起動できません。インストールされていないか、正しくセットアップ"
+                          "されていない可能性があります。"));
+    EXPECT_FALSE(std::filesystem::exists(output));
+}
+} // namespace
