@@ -14,6 +14,8 @@ enum class CheckStatusOutcome
     /// The form isn't in the program's folder.
     NoForm,
     NoWorkFolder,
+    /// The output would stand in the delivery's folder, where nothing is ever written.
+    InDelivery,
     /// Another program has the output open.
     OutputOpen,
     OutputReadOnly,

@@ -9,6 +9,7 @@
 #include "platform/RunFolder.h"
 #include "reports/CheckStatusCells.h"
 #include "reports/CheckStatusPages.h"
+#include "reports/OutputPhotoFolder.h"
 #include "reports/ToviProgressDlg.h"
 
 namespace
@@ -95,6 +96,9 @@ CheckStatusOutcome ToviCheckStatusFileOut::Write(SpreadsheetApplication& applica
     const SpreadsheetFormat format = FormatOfReport(output);
     const int pages = PageSizes(data.GetCurrentPhotoCount()).GetSize();
     if (!FitsSheet(pages, format)) return CheckStatusOutcome::TooManyPhotos;
+    CString outputFolder = MibAbsolutePath(output);
+    MibParentDir(outputFolder);
+    if (IsDeliveryFolder(data, outputFolder)) return CheckStatusOutcome::InDelivery;
     if (IsOpenInOffice(output)) return CheckStatusOutcome::OutputOpen;
     if (MibIsReadOnly(output)) return CheckStatusOutcome::OutputReadOnly;
     const CString filled = folder + "/report";

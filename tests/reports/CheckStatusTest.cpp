@@ -262,6 +262,8 @@ TEST(CheckStatus, RefusesAnOutputThatIsOpenOrProtected)
     chmod(report.output.c_str(), 0444);
     EXPECT_EQ(report.Write(), Outcome::OutputReadOnly);
     EXPECT_EQ(report.temp.Read("検査 結果.xls"), "old");
+    report.output = report.sample.temp.Path("PHOTO/r.xls");
+    EXPECT_EQ(report.Write(), Outcome::InDelivery);
     EXPECT_TRUE(report.sheet.rows.empty()) << "before any photograph is written";
     report.ExpectNothingLeft();
 }
@@ -319,7 +321,7 @@ TEST(CheckStatus, AsksForTheFileAndTellsTheOutcome)
         const bool written = *c.failing == '\0';
         EXPECT_EQ(report.Writer().FileOut("報告"), written);
         std::vector<Call> expected;
-        if (c.chosen) expected.push_back({Kind::SaveFile, "検査結果", "", {}, {}, {}});
+        if (c.chosen) expected.push_back({Kind::SaveQuestion, "検査結果", "", {}, {}, {}});
         expected.push_back({Kind::Message, c.message, "報告", MessageButtons::Ok, c.icon, {}});
         if (written) expected.push_back({Kind::OpenFile, report.output, "", {}, {}, {}});
         EXPECT_EQ(user.calls, expected) << c.failing;
@@ -328,9 +330,9 @@ TEST(CheckStatus, AsksForTheFileAndTellsTheOutcome)
     Report report(1);
     EXPECT_FALSE(report.Writer().FileOut("報告"));
     EXPECT_TRUE(report.sample.services.user.Messages().IsEmpty()) << "given up without a word";
-    const SaveFileQuestion& asked = report.sample.services.user.saveFile;
-    EXPECT_EQ(asked,
-              (SaveFileQuestion{"xls", "EXCELファイル(*.xls)", "検査結果", report.temp.Path()}));
+    EXPECT_EQ(
+        report.sample.services.user.saveQuestion,
+        (SaveQuestion{report.temp.Path(), "検査結果", "xls", "EXCELファイル(*.xls)", "*.xls"}));
 }
 
 TEST(CheckStatus, RemovesWhatAKilledRunHasLeft)

@@ -58,6 +58,8 @@ CString CauseOf(CheckStatusOutcome outcome, const CString& path)
         return path + " を保存する空き容量がありません。";
     case CheckStatusOutcome::NotWritten:
         return path + " の書き込みの権限と空き容量を確かめてください。";
+    case CheckStatusOutcome::InDelivery:
+        return "納品データのフォルダには書き込みません。別のフォルダを指定してください。";
     case CheckStatusOutcome::Written:
     case CheckStatusOutcome::Cancelled:
         break;
@@ -85,13 +87,10 @@ int Run(const Arguments& arguments)
     if (MibGetExt(path).empty()) path += usualEnding;
     if (const int wrong = Examine(path); wrong != ExitDone) return wrong;
     const OpenedDelivery delivery =
-        OpenDelivery(arguments.delivery, arguments.conditions.choice.Tree());
+        OpenDelivery(arguments.delivery, arguments.conditions.choice.type);
     if (!delivery.IsLoaded()) return ExitFailed;
     if (RefuseInDelivery(path, delivery)) return ExitWrongUsage;
     ToviData& document = *delivery.document;
-    // The report names the labels and the photographs as the inspector has chosen.
-    document.GetLabelManager()->Load(nullptr);
-    document.GetVisualSetting().Load();
     const int status = MakeCurrentArray(document, arguments.conditions);
     return status == ExitDone ? Write(document, path) : status;
 }
