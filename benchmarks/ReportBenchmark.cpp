@@ -25,10 +25,24 @@ private:
     SpreadsheetApplication& office;
 };
 
+class SilentDocument : public CDocument
+{
+public:
+    void UpdateAllViews(CWnd*, int, CObject*) override {}
+};
+
+std::unique_ptr<ToviData> OpenWithHost(const CString& folder)
+{
+    static SilentDocument host;
+    ToviEnouDataFactory factory;
+    return std::unique_ptr<ToviData>(
+        factory.Create(&host, folder.c_str(), PhotoXMLMlit, nullptr, nullptr));
+}
+
 /// A delivery to report on, a work folder and a running office.
 struct Reported
 {
-    explicit Reported(int photos) : document(OpenSample(SampleFolder(photos)))
+    explicit Reported(int photos) : document(OpenWithHost(SampleFolder(photos)))
     {
         SetEnvironment({Registry(temp.Path("user.ini"), temp.Path("machine.ini")),
                         {"", temp.Path(), temp.Path(), temp.Path()},
