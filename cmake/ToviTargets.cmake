@@ -11,6 +11,15 @@ if(TOVI_SANITIZE)
     target_link_options(tovi_switches INTERFACE -fsanitize=address,undefined)
 endif()
 
+# For code that is all templates of others, in tests and around a command line: to optimize it and to watch
+# its every access takes several times as long to compile as it is worth. What it calls of ours is
+# optimized and watched all the same.
+add_library(tovi_quick_compile INTERFACE)
+target_compile_options(tovi_quick_compile INTERFACE -O0)
+if(TOVI_SANITIZE)
+    target_compile_options(tovi_quick_compile INTERFACE -fno-sanitize=undefined)
+endif()
+
 # Fails the build when an include line points against the layers.
 file(GLOB_RECURSE TOVI_CHECKED_SOURCES CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/*.h
      ${PROJECT_SOURCE_DIR}/src/*.cpp)

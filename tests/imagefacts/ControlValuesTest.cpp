@@ -228,7 +228,7 @@ private:
     }
 };
 
-#if defined(__OPTIMIZE__) && !defined(__SANITIZE_ADDRESS__)
+#ifndef __SANITIZE_ADDRESS__
 constexpr int randomTexts = 1'000'000;
 #else
 constexpr int randomTexts = 100'000;
