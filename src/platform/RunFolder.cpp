@@ -13,6 +13,8 @@
 
 namespace
 {
+constexpr std::size_t charactersThatMkdtempFills = 6;
+
 bool TakeLock(FileDescriptor& folder, const CString& path)
 {
     folder.Reset(open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
@@ -45,7 +47,7 @@ RunFolder::RunFolder(const CString& shared)
     const FolderLock lock(ParentOf(shared));
     if (!MibCreateDirectory(shared)) return;
     RemoveLeftovers(shared);
-    CString made = shared + "/XXXXXX";
+    CString made = shared + "/" + CString(charactersThatMkdtempFills, 'X');
     if (mkdtemp(made.data()) == nullptr) return;
     path = made;
     TakeLock(*opened, path);

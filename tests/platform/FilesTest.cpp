@@ -135,13 +135,13 @@ TEST(RunFolder, LeavesThoseOfOtherRunsAlone)
 {
     const TempFolder temp;
     const CString shared = temp.Path("suite/work");
-    temp.Write("suite/work/killed/left", "");
+    temp.Write("suite/work/ended/rest", "");
     {
         const RunFolder first(shared);
         const RunFolder second(shared);
         EXPECT_NE(first.Path(), second.Path());
         EXPECT_TRUE(MibIsFolderExist(first.Path()) && MibIsFolderExist(second.Path()));
-        EXPECT_FALSE(MibIsFolderExist(shared + "/killed"));
+        EXPECT_FALSE(MibIsFolderExist(shared + "/ended"));
         temp.Write(second.Path().substr(temp.Path().size() + 1) + "/part/file", "");
     }
     EXPECT_FALSE(MibIsFolderExist(shared));

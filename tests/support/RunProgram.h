@@ -13,8 +13,9 @@ struct ProgramResult
     CString errors;
 };
 
-/// Runs a program of this build, \p arguments[0] being its name, or another with its full path, with standard input closed and a
-/// configuration folder \p configFolder of its own, and waits for its end.
+/// Runs a program of this build, \p arguments[0] being its name, or another with its full path,
+/// with standard input closed and a configuration folder \p configFolder of its own, and waits for
+/// its end.
 ProgramResult RunProgram(const std::vector<CString>& arguments, const CString& configFolder);
 
 /// Starts the same and kills it after \p microseconds, if it hasn't ended by then.
