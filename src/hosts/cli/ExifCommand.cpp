@@ -1,8 +1,5 @@
 #include "hosts/cli/Commands.h"
-#include "hosts/cli/Json.h"
-#include "hosts/cli/PhotoChoice.h"
-
-#include "platform/HostServices.h"
+#include "hosts/cli/PhotoDescriptions.h"
 
 namespace
 {
@@ -36,20 +33,8 @@ Json FactsOf(ToviPhoto& photo, int index)
 
 int Run(const Arguments& arguments)
 {
-    const OpenedDelivery delivery = OpenDelivery(arguments.delivery);
-    if (!delivery.IsLoaded()) return ExitFailed;
-    ToviData& document = *delivery.document;
-    ToviPhotoRef chosen;
-    if (!FindChosen(document, arguments.choice, chosen)) return ExitWrongUsage;
-    UserInterface& user = *GetHostServices().userInterface;
-    JsonArrayWriter output;
-    int done = 0;
-    for (const int index : chosen) {
-        output.Add(FactsOf(*document.GetPhotoActualPhotoArray(index), index));
-        user.ShowProgress(Format("Exif情報の読み込み　%d / %d枚", ++done, chosen.GetSize()));
-    }
-    user.ShowProgress("");
-    return ExitDone;
+    return DescribePhotos(arguments.delivery, arguments.choice, "Exif情報の読み込み",
+                          [](ToviData&) { return FactsOf; });
 }
 } // namespace
 

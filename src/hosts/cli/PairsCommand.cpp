@@ -1,8 +1,5 @@
 #include "hosts/cli/Commands.h"
-#include "hosts/cli/Json.h"
-#include "hosts/cli/PhotoChoice.h"
-
-#include "platform/HostServices.h"
+#include "hosts/cli/PhotoDescriptions.h"
 
 #include <algorithm>
 
@@ -14,8 +11,6 @@ struct Arguments
     PhotoChoice choice;
 };
 
-constexpr int photosPerReport = 50;
-
 bool ShowsExif(const ToviItemShowSettings& items)
 {
     return std::any_of(items.begin(), items.end(), [](const ToviItemShowSetting& item) {
@@ -23,30 +18,20 @@ bool ShowsExif(const ToviItemShowSettings& items)
     });
 }
 
+PhotoDescription BeginPairs(ToviData& document)
+{
+    const ToviItemShowSettings& items = document.GetVisualSetting().GetItemShowSettings();
+    return [&document, &items, needsExif = ShowsExif(items)](ToviPhoto& photo, int index) -> Json {
+        if (needsExif) photo.LoadExif();
+        ToviTextPairArray pairs;
+        photo.GetTextPairs(document.GetItemDef(), items, pairs);
+        return {{"index", index}, {"pairs", ToJson(pairs)}};
+    };
+}
+
 int Run(const Arguments& arguments)
 {
-    const OpenedDelivery delivery = OpenDelivery(arguments.delivery);
-    if (!delivery.IsLoaded()) return ExitFailed;
-    ToviData& document = *delivery.document;
-    ToviPhotoRef chosen;
-    if (!FindChosen(document, arguments.choice, chosen)) return ExitWrongUsage;
-    const ToviItemShowSettings& items = document.GetVisualSetting().GetItemShowSettings();
-    const bool needsExif = ShowsExif(items);
-    UserInterface& user = *GetHostServices().userInterface;
-    JsonArrayWriter output;
-    ToviTextPairArray pairs;
-    int done = 0;
-    for (const int index : chosen) {
-        ToviPhoto& photo = *document.GetPhotoActualPhotoArray(index);
-        if (needsExif) photo.LoadExif();
-        photo.GetTextPairs(document.GetItemDef(), items, pairs);
-        output.Add({{"index", index}, {"pairs", ToJson(pairs)}});
-        if (done++ % photosPerReport == 0) {
-            user.ShowProgress(Format("写真情報の読み込み　%d / %d枚", done, chosen.GetSize()));
-        }
-    }
-    user.ShowProgress("");
-    return ExitDone;
+    return DescribePhotos(arguments.delivery, arguments.choice, "写真情報の読み込み", BeginPairs);
 }
 } // namespace
 

@@ -1,11 +1,9 @@
 #include "hosts/cli/Commands.h"
-#include "hosts/cli/Json.h"
-#include "hosts/cli/PhotoChoice.h"
+#include "hosts/cli/PhotoDescriptions.h"
 
 #include "imagefacts/ImageTypeChoice.h"
 #include "imagefacts/RicohVerifier.h"
 #include "imagefacts/ToviJacicImageChecker.h"
-#include "platform/HostServices.h"
 #include "platform/MibFile.h"
 
 #include <algorithm>
@@ -54,24 +52,16 @@ void SwitchOn(ToviData& document, const CString& types)
 
 int Run(const Arguments& arguments)
 {
-    const OpenedDelivery delivery = OpenDelivery(arguments.delivery);
-    if (!delivery.IsLoaded()) return ExitFailed;
-    ToviData& document = *delivery.document;
-    ToviPhotoRef chosen;
-    if (!FindChosen(document, arguments.choice, chosen)) return ExitWrongUsage;
-    SwitchOn(document, arguments.types);
-    ComplainWithoutVerifiers(ParseEditCheckTypes(document.GetVisualSetting().GetEditCheckTypes()));
-    UserInterface& user = *GetHostServices().userInterface;
-    JsonArrayWriter output;
-    int done = 0;
-    for (const int index : chosen) {
-        ToviPhoto& photo = *document.GetPhotoActualPhotoArray(index);
-        document.CheckEditJPEG(&photo);
-        output.Add({{"index", index}, {"result", resultNames[photo.GetEditChkResult()]}});
-        user.ShowProgress(Format("画像加工検知　%d / %d枚", ++done, chosen.GetSize()));
-    }
-    user.ShowProgress("");
-    return ExitDone;
+    const auto begin = [&arguments](ToviData& document) -> PhotoDescription {
+        SwitchOn(document, arguments.types);
+        ComplainWithoutVerifiers(
+            ParseEditCheckTypes(document.GetVisualSetting().GetEditCheckTypes()));
+        return [&document](ToviPhoto& photo, int index) -> Json {
+            document.CheckEditJPEG(&photo);
+            return {{"index", index}, {"result", resultNames[photo.GetEditChkResult()]}};
+        };
+    };
+    return DescribePhotos(arguments.delivery, arguments.choice, "画像加工検知", begin);
 }
 } // namespace
 
