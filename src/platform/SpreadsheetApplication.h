@@ -18,7 +18,8 @@ enum class SpreadsheetFormat
 
 /// A workbook that is open in a spreadsheet application, as far as its first sheet goes. Rows count
 /// from 1. An operation returns false when it failed or the application has died, behind which
-/// every other one fails as well. Its end closes the workbook without saving.
+/// every other one fails as well; an application that doesn't answer for 30 s is killed. Its end
+/// closes the workbook without saving.
 class SpreadsheetBook
 {
 public:

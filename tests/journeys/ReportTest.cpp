@@ -114,18 +114,26 @@ protected:
         return Json::parse(OutputOf(CString(READ_REPORT) + " '" + report + "'"));
     }
 
-    /// Starts a report over an old file and, \p delay after the office has started, sends
-    /// \p signalNumber to the process of \p program.
-    ProgramResult Disturb(const CString& program, int signalNumber, int delay) const
+    /// Starts a report over an old file and sends \p signalNumber to the process of \p program
+    /// once \p isTime, asked every 10 ms, says so.
+    ProgramResult Disturb(const CString& program, int signalNumber,
+                          const std::function<bool()>& isTime) const
     {
         temp.Write("検査 結果.xls", "old");
         auto result = std::async(std::launch::async, [this] { return Report(output); });
-        for (int i = 0; i < 600 && Processes("soffice", mark).empty(); ++i) {
+        for (int i = 0; i < 1000 && !isTime(); ++i) {
             std::this_thread::sleep_for(std::chrono::milliseconds(10));
         }
-        std::this_thread::sleep_for(std::chrono::milliseconds(delay));
         for (const pid_t process : Processes(program, mark)) kill(process, signalNumber);
         return result.get();
+    }
+
+    /// True from \p delay milliseconds after the office has started on.
+    std::function<bool()> AfterStart(int delay) const
+    {
+        return [this, rest = delay]() mutable {
+            return !Processes("soffice", mark).empty() && (rest -= 10) < 0;
+        };
     }
 
     TempFolder temp;
@@ -233,7 +241,7 @@ TEST_F(ReportJourney, KeepsTheOldFileWhenTheOfficeIsKilled)
     Inspect("0", {"--paste", "0"});
     int killed = 0;
     for (const int delay : {0, 700, 1400, 2000}) {
-        const ProgramResult result = Disturb("soffice", SIGKILL, delay);
+        const ProgramResult result = Disturb("soffice", SIGKILL, AfterStart(delay));
         // On a fast machine the report was done by then.
         if (result.status == 0) continue;
         ++killed;
@@ -249,11 +257,23 @@ TEST_F(ReportJourney, EndsTheOfficeOnAnInterrupt)
 {
     Inspect("0", {"--paste", "0"});
     for (const int delay : {0, 1000}) {
-        const ProgramResult result = Disturb("report", SIGINT, delay);
+        const ProgramResult result = Disturb("report", SIGINT, AfterStart(delay));
         EXPECT_EQ(result.status, 130) << delay << result.errors;
         EXPECT_EQ(temp.Read("検査 結果.xls"), "old") << delay;
         TearDown();
     }
+}
+
+TEST_F(ReportJourney, GivesUpAnOfficeThatNoLongerAnswers)
+{
+    Inspect("0", {"--paste", "0"});
+    const auto listens = [] {
+        return OutputOf("cat /proc/net/unix").find("_tovi-") != CString::npos;
+    };
+    const ProgramResult result = Disturb("soffice", SIGSTOP, listens);
+    EXPECT_EQ(result.status, 1);
+    EXPECT_THAT(result.errors, HasSubstr("EXCEL"));
+    EXPECT_EQ(temp.Read("検査 結果.xls"), "old");
 }
 
 TEST_F(ReportJourney, RunsTwiceAtOnce)

@@ -52,8 +52,9 @@ const char* FilterName(SpreadsheetFormat format)
 
 /// Answers whether the office did \p work, which fails as well when it has died.
 template <typename Work>
-bool Succeeds(Work work)
+bool Succeeds(const Office& office, Work work)
 {
+    const CallLimit limit = office.LimitCalls();
     try {
         work();
         return true;
@@ -77,8 +78,9 @@ Properties Rows(const uno::Reference<table::XCellRange>& range)
 }
 } // namespace
 
-CalcBook::CalcBook(Office& running, const CString& path) : office(running)
+CalcBook::CalcBook(const Office& running, const CString& path) : office(running)
 {
+    const CallLimit limit = office.LimitCalls();
     const auto how =
         SequenceOf({Value("Hidden", uno::Any(true)),
                     Value("MacroExecutionMode", uno::Any(document::MacroExecMode::NEVER_EXECUTE)),
@@ -92,7 +94,7 @@ CalcBook::CalcBook(Office& running, const CString& path) : office(running)
 
 CalcBook::~CalcBook()
 {
-    Succeeds([this] {
+    Succeeds(office, [this] {
         const uno::Reference<util::XCloseable> closeable(document, uno::UNO_QUERY_THROW);
         closeable->close(true);
     });
@@ -100,7 +102,7 @@ CalcBook::~CalcBook()
 
 bool CalcBook::RepeatRows(int rows, int columns, int times)
 {
-    return Succeeds([=, this] {
+    return Succeeds(office, [=, this] {
         const uno::Reference<sheet::XCellRangeMovement> cells(sheet, uno::UNO_QUERY_THROW);
         const uno::Reference<sheet::XCellRangeAddressable> block(
             sheet->getCellRangeByPosition(0, 0, columns - 1, rows - 1), uno::UNO_QUERY_THROW);
@@ -160,7 +162,7 @@ void CalcBook::DropImportedNames()
 
 bool CalcBook::WriteTexts(int firstRow, const std::vector<std::vector<CString>>& rows)
 {
-    return Succeeds([&] {
+    return Succeeds(office, [&] {
         const auto count = static_cast<sal_Int32>(rows.size());
         const auto columns = static_cast<sal_Int32>(rows.front().size());
         uno::Sequence<uno::Sequence<uno::Any>> texts(count);
@@ -175,7 +177,7 @@ bool CalcBook::WriteTexts(int firstRow, const std::vector<std::vector<CString>>&
 
 bool CalcBook::Save(const CString& path, SpreadsheetFormat format)
 {
-    return Succeeds([&] {
+    return Succeeds(office, [&] {
         const uno::Reference<frame::XStorable> storable(document, uno::UNO_QUERY_THROW);
         storable->storeToURL(FileUrl(path),
                              SequenceOf({Value("FilterName", uno::Any(ToUno(FilterName(format)))),

@@ -11,7 +11,7 @@ class CalcBook : public SpreadsheetBook
 {
 public:
     /// Opens \p path; throws com::sun::star::uno::Exception when that fails.
-    CalcBook(Office& running, const CString& path);
+    CalcBook(const Office& running, const CString& path);
     CalcBook(const CalcBook&) = delete;
     CalcBook& operator=(const CalcBook&) = delete;
     ~CalcBook() override;
@@ -27,7 +27,7 @@ private:
     void Print(int rows, int columns);
     void DropImportedNames();
 
-    Office& office;
+    const Office& office;
     com::sun::star::uno::Reference<com::sun::star::sheet::XSpreadsheetDocument> document;
     com::sun::star::uno::Reference<com::sun::star::sheet::XSpreadsheet> sheet;
 };

@@ -5,7 +5,6 @@
 #include <com/sun/star/bridge/BridgeFactory.hpp>
 #include <com/sun/star/bridge/XBridgeFactory2.hpp>
 #include <com/sun/star/connection/Connector.hpp>
-#include <com/sun/star/connection/NoConnectException.hpp>
 #include <com/sun/star/frame/Desktop.hpp>
 #include <com/sun/star/lang/XComponent.hpp>
 #include <cppuhelper/bootstrap.hxx>
@@ -71,6 +70,7 @@ Office::Office(std::string folder) : home(std::move(folder)), address(NewAddress
 
 Office::~Office()
 {
+    const CallLimit limit = LimitCalls();
     if (desktop.is()) Try([this] { desktop->terminate(); });
     Disconnect();
     if (remote.is()) process.WaitForEnd(endLimit);
@@ -128,6 +128,7 @@ bool Office::Connect(const std::function<bool()>& giveUp)
 
 bool Office::TryToConnect()
 {
+    const CallLimit limit = LimitCalls();
     try {
         const auto connection = connection::Connector::create(local)->connect(ToUno(address));
         const auto made =
@@ -136,7 +137,11 @@ bool Office::TryToConnect()
         remote.set(made->getInstance("StarOffice.ComponentContext"), uno::UNO_QUERY_THROW);
         desktop = frame::Desktop::create(remote);
         return true;
-    } catch (const connection::NoConnectException&) {
+    } catch (const uno::Exception&) {
+        // It doesn't listen yet, or has just ended to be started anew.
+        remote.clear();
+        Try([this] { Dispose(bridge); });
+        bridge.clear();
         return false;
     }
 }

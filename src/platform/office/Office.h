@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/office/OfficeProcess.h"
+#include "platform/office/CallLimit.h"
 
 #include <com/sun/star/frame/XDesktop2.hpp>
 #include <com/sun/star/uno/XComponentContext.hpp>
@@ -22,6 +22,8 @@ public:
 
     /// False when it can't be started, doesn't answer, or \p giveUp says so meanwhile.
     bool Start(const std::function<bool()>& giveUp);
+    /// Bounds the time of the calls that follow, as long as it is kept.
+    CallLimit LimitCalls() const { return CallLimit(process); }
     const com::sun::star::uno::Reference<com::sun::star::uno::XComponentContext>& Context() const
     {
         return remote;

@@ -65,7 +65,7 @@ OfficeProcess::~OfficeProcess()
 {
     if (IsRunning()) {
         NoteSockets();
-        kill(process, SIGKILL);
+        Kill();
         waitpid(process, nullptr, 0);
     }
     for (const std::string& socket : sockets) unlink(socket.c_str());
@@ -95,6 +95,11 @@ bool OfficeProcess::IsRunning()
     process = -1;
     if (WIFEXITED(status)) exitStatus = WEXITSTATUS(status);
     return false;
+}
+
+void OfficeProcess::Kill() const
+{
+    if (process > 0) kill(process, SIGKILL);
 }
 
 bool OfficeProcess::WaitForEnd(std::chrono::milliseconds limit)

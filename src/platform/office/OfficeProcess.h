@@ -25,6 +25,8 @@ public:
     /// itself when it is killed.
     void NoteSockets();
     bool IsRunning();
+    /// Kills it at once; its end is noted by IsRunning.
+    void Kill() const;
     /// The exit status of a process that has ended by itself, else -1.
     int ExitStatus() const { return exitStatus; }
     /// True when it has ended within \p limit.
