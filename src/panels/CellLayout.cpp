@@ -28,9 +28,14 @@ PlateLayout LayOutPlate(int width, int height, int markSide)
     constexpr int frame = 1;
     PlateLayout layout;
     constexpr int count = labelCount;
+    constexpr int smallestTitle = 80;
+    constexpr int smallestButton = 24;
     const int marksLeft = width - 2 * markSide - frame;
-    // The buttons of a narrow plate move together, so that none is cut off.
-    const int buttonWidth = std::clamp(marksLeft / count, 0, static_cast<int>(height * 1.8));
+    // The buttons of a narrow plate move together, so that none is cut off and a title has room.
+    const int fitting = marksLeft / count;
+    const int besideTitle = (marksLeft - smallestTitle) / count;
+    const int buttonWidth = std::clamp(std::max(besideTitle, std::min(smallestButton, fitting)), 0,
+                                       static_cast<int>(height * 1.8));
     const int buttonsLeft = marksLeft - count * buttonWidth;
     layout.photoMark = {marksLeft, markTop, markSide, markSide};
     layout.checkMark = {marksLeft + markSide, markTop, markSide, markSide};

@@ -30,8 +30,20 @@ void PhotoListTable::Refill()
     beginResetModel();
     rows = source.Count();
     columns = ShowsTiles() ? std::vector<CString>(1) : source.Columns();
-    tiles.clear();
+    DropTiles();
     endResetModel();
+}
+
+void PhotoListTable::DropTile(int row)
+{
+    tiles.remove(row);
+    states.erase(row);
+}
+
+void PhotoListTable::DropTiles()
+{
+    tiles.clear();
+    states.clear();
 }
 
 int PhotoListTable::rowCount(const QModelIndex& parent) const
@@ -84,8 +96,14 @@ CString PhotoListTable::Text(const QModelIndex& index) const
 QVariant PhotoListTable::Picture(const QModelIndex& index) const
 {
     if (ShowsTiles()) return Tile(index.row());
-    if (index.column() != 0) return {};
-    return stateIcons[static_cast<std::size_t>(source.StateImage(index.row()))];
+    return index.column() == 0 ? StateIcon(index.row()) : QVariant();
+}
+
+QIcon PhotoListTable::StateIcon(int row) const
+{
+    const auto [state, isNew] = states.try_emplace(row, 0);
+    if (isNew) state->second = source.StateImage(row);
+    return stateIcons[static_cast<std::size_t>(state->second)];
 }
 
 QPixmap PhotoListTable::Tile(int row) const

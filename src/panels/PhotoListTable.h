@@ -7,10 +7,12 @@
 #include <QIcon>
 #include <QPixmap>
 
+#include <unordered_map>
+
 class GaluListCtrl;
 
 /// The rows of a PhotoListSource for the view of a list. What the view asks for is asked of the
-/// source; of that, only tiles are kept, as far as there is room.
+/// source; of that, tiles are kept as far as there is room, and states, for which a file is read.
 class PhotoListTable : public QAbstractTableModel
 {
     Q_OBJECT
@@ -21,8 +23,8 @@ public:
 
     /// Takes the source's rows and columns over and drops all tiles.
     void Refill();
-    void DropTile(int row) { tiles.remove(row); }
-    void DropTiles() { tiles.clear(); }
+    void DropTile(int row);
+    void DropTiles();
 
     int rowCount(const QModelIndex& parent = QModelIndex()) const override;
     int columnCount(const QModelIndex& parent = QModelIndex()) const override;
@@ -33,6 +35,7 @@ private:
     bool ShowsTiles() const;
     CString Text(const QModelIndex& index) const;
     QVariant Picture(const QModelIndex& index) const;
+    QIcon StateIcon(int row) const;
     QPixmap Tile(int row) const;
     QVariant RowSize(int row) const;
 
@@ -43,4 +46,5 @@ private:
     std::vector<QIcon> stateIcons;
     /// By row. The view asks through const calls.
     mutable QCache<int, QPixmap> tiles;
+    mutable std::unordered_map<int, int> states;
 };

@@ -107,7 +107,8 @@ bool TreeItemDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
     const ShownItem item(index, option.rect, tree->iconSize().width());
     const QRect seen = tree->viewport()->rect();
     const bool isWhole = item.textPlace.left() >= 0 && item.countPlace.right() <= seen.right();
-    QToolTip::showText(event->globalPos(),
-                       isWhole ? QString() : Qt::convertFromPlainText(item.text), view);
+    QToolTip::showText(
+        event->globalPos(),
+        isWhole ? QString() : Qt::convertFromPlainText(item.text, Qt::WhiteSpaceNormal), view);
     return true;
 }
