@@ -155,14 +155,8 @@ void MainFrame::ConnectLabelCommands()
         {LabelOk, ::LabelOk},   {LabelNg1, ::LabelNg1},   {LabelNg2, ::LabelNg2},
         {LabelNg3, ::LabelNg3}, {LabelFree, ::LabelFree}, {LabelComment, ::LabelComment}};
     for (const auto& [command, slot] : labels) {
-        connect(actions[command], &QAction::triggered, this, [this, label = slot] {
-            const bool isComment = label == ::LabelComment;
-            if (isComment) {
-                photoPanel->PasteLabel(label);
-            } else {
-                photoPanel->ToggleLabel(label);
-            }
-        });
+        connect(actions[command], &QAction::triggered, this,
+                [this, label = slot] { photoPanel->ToggleLabel(label); });
     }
     connect(actions[RemoveLabels], &QAction::triggered, this,
             [this] { photoPanel->OnRemoveAllLabel(); });
@@ -207,9 +201,14 @@ void MainFrame::ConnectSettings()
 void MainFrame::ChangeSetting(const std::function<void(ToviPhotoCtrlVisualSetting&)>& change)
 {
     if (document.Data() == nullptr) return;
+    slideShow->End();
     ToviPhotoCtrlVisualSetting setting = document.Data()->GetVisualSetting();
     change(setting);
+    const bool otherTree =
+        setting.GetTreeType() != document.Data()->GetVisualSetting().GetTreeType();
     document.ApplySettings(setting);
+    // The photographs on show are those of the tree in view.
+    if (otherTree) SwitchTree(trees->currentIndex());
 }
 
 void MainFrame::RestoreState()
@@ -274,6 +273,8 @@ void MainFrame::ShowCentre()
     const bool isOpen = document.Data() != nullptr;
     actions.EnableForDelivery(isOpen);
     treeDock->setEnabled(isOpen);
+    // Those of a closed delivery would stay on show.
+    trees->setVisible(isOpen);
     centre->setCurrentWidget(isOpen ? static_cast<QWidget*>(photoPanel.get()) : startPage);
 }
 

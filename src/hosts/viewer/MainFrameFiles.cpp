@@ -2,7 +2,9 @@
 
 #include "hosts/viewer/FrameState.h"
 #include "hosts/viewer/MainFrame.h"
+#include "hosts/viewer/SlideShow.h"
 #include "hosts/viewer/StartPage.h"
+#include "panels/ToviFolderTreePanel.h"
 #include "platform/HostServices.h"
 #include "platform/MibFile.h"
 #include "platform/QtText.h"
@@ -42,6 +44,7 @@ QString RecordFilter()
 bool MainFrame::OpenDelivery(const CString& path, std::optional<PhotoXMLType> family)
 {
     if (!AskToSave()) return false;
+    slideShow->End();
     const CString problem = document.Open(DeliveryFolder(path), family);
     startPage->ShowProblem(problem);
     if (!problem.empty()) {
@@ -55,7 +58,8 @@ bool MainFrame::OpenDelivery(const CString& path, std::optional<PhotoXMLType> fa
     FrameState::AddRecentDelivery(folder);
     FrameState::SetLastFolder(deliveryFolderEntry, FolderOfFile(folder));
     FillRecent();
-    SwitchTree(trees->currentIndex());
+    // Of a new delivery everything is shown; a switch of the tab tells the document so.
+    trees->setCurrentIndex(trees->indexOf(folderTree.get()));
     Refresh();
     return true;
 }
@@ -135,6 +139,7 @@ bool MainFrame::SaveTo(const CString& path)
 void MainFrame::CloseDelivery()
 {
     if (!AskToSave()) return;
+    slideShow->End();
     document.Close();
     Refresh();
 }

@@ -35,7 +35,6 @@ void SlideShow::Begin()
     panel->SetVisualSetting(single, true);
     frame->showFullScreen();
     qApp->installEventFilter(this);
-    emit Switched(true);
 }
 
 void SlideShow::End()
@@ -52,7 +51,6 @@ void SlideShow::End()
     if (const ToviData* data = panel->GetData()) {
         panel->SetVisualSetting(data->GetVisualSetting(), true);
     }
-    emit Switched(false);
 }
 
 bool SlideShow::eventFilter(QObject* watched, QEvent* event)

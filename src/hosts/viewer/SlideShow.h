@@ -19,10 +19,6 @@ public:
     void Begin();
     void End();
 
-signals:
-    /// Slide mode has begun or ended.
-    void Switched(bool on);
-
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 

@@ -86,7 +86,6 @@ void ViewerDocument::ApplySettings(const ToviPhotoCtrlVisualSetting& setting)
     data->SetVisualSetting(setting, false);
     if (otherTree) data->BuildTreeNode(setting.GetTreeType());
     UpdateAllViews(nullptr, ToviData::HintSettingsChanged, nullptr);
-    if (otherTree) UpdateAllViews(nullptr, ToviData::HintSelectionChanged, nullptr);
 }
 
 void ViewerDocument::UpdateAllViews(CWnd* sender, int hint, CObject* object)
