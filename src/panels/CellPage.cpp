@@ -38,8 +38,11 @@ int CellPage::CellOf(int position) const
 
 void CellPage::Show(int first)
 {
-    // All before the first is filled: a photograph may come from one cell into another.
-    for (const auto& cell : cells) cell->ClearPhoto();
+    // All before the first is filled: a photograph may come from one cell into another. One that
+    // stays in its cell isn't read again.
+    for (int index = 0; index < Count(); ++index) {
+        if (!At(index).Shows(first + index)) At(index).ClearPhoto();
+    }
     for (int index = 0; index < Count(); ++index) {
         At(index).SetPhoto(first + index);
         At(index).LayoutChildren();

@@ -11,19 +11,21 @@ void LabelCommands::Paste(unsigned int label)
         EditComment(*photo);
     } else {
         LabelRules::Paste(*photo, label);
-        TellOfChange();
+        TellOfChange(*photo);
     }
 }
 
 void LabelCommands::EditComment(ToviPhoto& photo)
 {
+    const ToviData* const document = desk.Document();
     const std::optional<CString> answer = desk.AskComment(photo.GetComment());
-    if (desk.Photo() != &photo) return;
+    // Closed meanwhile, and the photograph is gone with it.
+    if (desk.Document() != document) return;
     if (answer) {
         LabelRules::EditComment(photo, *answer);
-        desk.ShowComment(photo.GetComment());
+        desk.ShowComment(photo);
     }
-    TellOfChange();
+    TellOfChange(photo);
 }
 
 void LabelCommands::Remove(unsigned int label)
@@ -32,8 +34,8 @@ void LabelCommands::Remove(unsigned int label)
     if (photo == nullptr || label >= labelCount) return;
     if (label == LabelComment && RefuseInSlideMode(SlideModeRefusal::EditComment)) return;
     LabelRules::Remove(*photo, label);
-    if (label == LabelComment) desk.ShowComment({});
-    TellOfChange();
+    if (label == LabelComment) desk.ShowComment(*photo);
+    TellOfChange(*photo);
 }
 
 void LabelCommands::RemoveAll()
@@ -41,8 +43,8 @@ void LabelCommands::RemoveAll()
     ToviPhoto* const photo = desk.Photo();
     if (photo == nullptr) return;
     photo->RemoveAllLabel();
-    desk.ShowComment({});
-    TellOfChange();
+    desk.ShowComment(*photo);
+    TellOfChange(*photo);
 }
 
 void LabelCommands::Toggle(unsigned int label)
@@ -59,10 +61,10 @@ void LabelCommands::Toggle(unsigned int label)
 }
 
 /// The mark first, so that whoever hears of the change finds the document changed.
-void LabelCommands::TellOfChange()
+void LabelCommands::TellOfChange(const ToviPhoto& photo)
 {
     ToviData* const document = desk.Document();
     document->SetCheckStatusChanged(true);
     document->UpdatePhotoInf(nullptr);
-    desk.ShowLabels();
+    desk.ShowLabels(photo);
 }

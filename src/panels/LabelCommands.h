@@ -16,13 +16,12 @@ public:
         /// The photograph at hand, one of Document(); null for none.
         virtual ToviPhoto* Photo() const = 0;
         virtual ToviData* Document() const = 0;
-        /// Lets the user edit \p comment; nothing when the user gives up. The photograph may be
-        /// another one afterwards.
+        /// Lets the user edit \p comment; nothing when the user gives up. The photograph and the
+        /// document may be others afterwards.
         virtual std::optional<CString> AskComment(const CString& comment) = 0;
-        /// Shows the labels of the photograph anew.
-        virtual void ShowLabels() = 0;
-        /// Shows \p comment, which is that of the photograph from now on.
-        virtual void ShowComment(const CString& comment) = 0;
+        /// Show the labels or the comment of \p photo anew, if it is on show.
+        virtual void ShowLabels(const ToviPhoto& photo) = 0;
+        virtual void ShowComment(const ToviPhoto& photo) = 0;
 
     protected:
         ~Desk() = default;
@@ -42,7 +41,7 @@ public:
 
 private:
     void EditComment(ToviPhoto& photo);
-    void TellOfChange();
+    void TellOfChange(const ToviPhoto& photo);
 
     Desk& desk;
 };

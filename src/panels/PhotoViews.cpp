@@ -74,6 +74,8 @@ void PhotoViews::CreateList()
     listContent.SetDocument(data);
     list = std::make_unique<List>(look, listContent, &parent);
     SetWindowId(list.get(), idList);
+    // Before it is filled: in another width the selected item would stand elsewhere.
+    list->setGeometry(parent.rect());
     connect(list.get(), &List::KeyPressed, this, &PhotoViews::ListKeyPressed);
     connect(list.get(), &List::Scrolled, this, &PhotoViews::PlaceStrips);
     connect(list.get(), &List::FloatyPressed, this, &PhotoViews::FloatyPressed);
@@ -181,7 +183,8 @@ void PhotoViews::PlaceStrips()
     if (data == nullptr || !setting.GetVisibleComment()) return;
     if (!list) {
         strips.PlaceOnCells(cells, *data);
-    } else if (setting.IsThumbListStyle()) {
+    } else if (setting.IsThumbListStyle() && list->GetItemCount() == data->GetCurrentPhotoCount()) {
+        // While the two differ, a refill that places them is on its way.
         strips.PlaceOnList(
             list->View()->viewport(), [this](int row) { return list->GetItemRect(row); }, *data);
     }

@@ -3,13 +3,13 @@
 #include "panels/FitText.h"
 #include "panels/Pictures.h"
 #include "platform/controls/GaluFont.h"
+#include "platform/controls/ToolTipText.h"
 #include "platform/controls/WindowId.h"
 #include "platform/QtText.h"
 #include "review/SlideMode.h"
 
 #include <QMouseEvent>
 #include <QPainter>
-#include <QTextDocument>
 
 static constexpr int marginPicture = 817;
 static constexpr QColor frameColor(176, 182, 189);
@@ -54,8 +54,7 @@ void ToviCommentWindow::Create(const CString& text, const QRect& place, QWidget*
 void ToviCommentWindow::SetComment(const CString& text)
 {
     comment = text;
-    // Escaped, so that a comment is never taken for markup; as rich text a long one is wrapped.
-    setToolTip(text.empty() ? QString() : Qt::convertFromPlainText(QtText(text)));
+    setToolTip(ToolTipText(text));
     setAccessibleDescription(QtText(text));
     Fit();
 }
@@ -78,6 +77,13 @@ void ToviCommentWindow::resizeEvent(QResizeEvent* event)
 {
     QFrame::resizeEvent(event);
     Fit();
+}
+
+/// The focus stays in the cell. Left to itself, Qt would move it on to another window.
+void ToviCommentWindow::hideEvent(QHideEvent* event)
+{
+    if (hasFocus()) parentWidget()->setFocus();
+    QFrame::hideEvent(event);
 }
 
 void ToviCommentWindow::paintEvent(QPaintEvent* event)

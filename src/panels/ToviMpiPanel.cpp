@@ -35,11 +35,10 @@ std::optional<MoveKey> MoveKeyOf(int key)
     }
 }
 
-/// The number of the child of a cell in which the focus is; 0 if it is in none.
-int FocusedChild()
+/// The number of the child of a cell that \p widget is, or lies in; 0 if it lies in none.
+int CellChildOf(const QWidget* widget)
 {
-    for (const QWidget* widget = QApplication::focusWidget(); widget != nullptr;
-         widget = widget->parentWidget()) {
+    for (; widget != nullptr; widget = widget->parentWidget()) {
         if (WindowId(widget) != 0) return WindowId(widget);
     }
     return 0;
@@ -160,7 +159,7 @@ void ToviMpiPanel::AdjustTo(const SettingChange& change)
     if (change.toggleStrips && !visualSetting.GetVisibleComment()) views.HideStrips();
     views.Cells().ForEach([&change](ToviSpiCtrl& cell) {
         if (change.refillCells) cell.FillInfo();
-        cell.LayoutChildren();
+        if (change.layOutCells || change.toggleStrips) cell.LayoutChildren();
     });
     views.PlaceStrips();
 }
@@ -176,7 +175,7 @@ void ToviMpiPanel::InitiateLayput(int top)
 {
     const bool hadFocus = isAncestorOf(QApplication::focusWidget());
     pages.SetPhotosOnPage(static_cast<int>(visualSetting.GetCountOfSet()));
-    pages.ResetPageCount(top, PhotoCount());
+    pages.ResetPageCount(pages.NormalizeTopPhotoId(top, PhotoCount()), PhotoCount());
     views.Create(*GetData());
     views.RefillList();
     OnChangePage();
@@ -238,6 +237,7 @@ void ToviMpiPanel::OnChangePage()
         views.Cells().Show(first);
     }
     if (GetSelSpiCtrl() == nullptr) OnSelect(first);
+    FollowWithFocus();
 }
 
 void ToviMpiPanel::ShowPage(int page)
@@ -256,8 +256,19 @@ bool ToviMpiPanel::OnSelect(int index)
     if (GetData() == nullptr) return false;
     if (!GetData()->PhotoSelectSetting(GetData()->GetIndexPhotoArray(index))) return false;
     InvalidateName();
+    FollowWithFocus();
     views.ShowFloaty(true);
     return true;
+}
+
+/// The focus stays in the same part of a cell while the selection moves. Left behind, it would
+/// select its own cell as soon as it comes back from a menu or a dialog.
+void ToviMpiPanel::FollowWithFocus()
+{
+    const QWidget* const focus = window()->focusWidget();
+    ToviSpiCtrl* const cell = GetSelSpiCtrl();
+    if (cell == nullptr || !isAncestorOf(focus) || cell->isAncestorOf(focus)) return;
+    cell->FocusChild(CellChildOf(focus));
 }
 
 /// Selects the photograph at \p position and turns to its page.
@@ -345,7 +356,7 @@ void ToviMpiPanel::RequestZoom(int position)
 void ToviMpiPanel::OnSpiKeyDown(int key)
 {
     if (key == 0 || views.Cells().Count() == 0) return;
-    const int focused = FocusedChild();
+    const int focused = CellChildOf(window()->focusWidget());
     const std::optional<MoveKey> moveKey = MoveKeyOf(key);
     if (moveKey) Move(MoveOnPage(*moveKey, PositionOnPage()));
     ToviSpiCtrl* const cell = GetSelSpiCtrl();
@@ -445,16 +456,26 @@ std::optional<CString> ToviMpiPanel::AskComment(const CString& comment)
     return dialog.GetComment();
 }
 
-void ToviMpiPanel::ShowLabels()
+/// The position of \p photo in the current array, or -1.
+int ToviMpiPanel::PositionOf(const ToviPhoto& photo) const
 {
-    views.ShowLabels(SelectedPosition());
+    if (Photo() == &photo) return SelectedPosition();
+    int position = PhotoCount() - 1;
+    while (position >= 0 && GetData()->GetPhoto(position) != &photo) --position;
+    return position;
 }
 
-void ToviMpiPanel::ShowComment(const CString& comment)
+void ToviMpiPanel::ShowLabels(const ToviPhoto& photo)
 {
-    const int position = SelectedPosition();
+    const int position = PositionOf(photo);
+    if (position >= 0) views.ShowLabels(position);
+}
+
+void ToviMpiPanel::ShowComment(const ToviPhoto& photo)
+{
+    const int position = PositionOf(photo);
     const int index = views.List() != nullptr ? position : views.Cells().CellOf(position);
-    if (index >= 0) UpdateComment(index, comment);
+    if (index >= 0) UpdateComment(index, photo.GetComment());
 }
 
 void ToviMpiPanel::PasteLabel(int label)

@@ -106,8 +106,9 @@ private:
     ToviPhoto* Photo() const override;
     ToviData* Document() const override { return GetData(); }
     std::optional<CString> AskComment(const CString& comment) override;
-    void ShowLabels() override;
-    void ShowComment(const CString& comment) override;
+    void ShowLabels(const ToviPhoto& photo) override;
+    void ShowComment(const ToviPhoto& photo) override;
+    int PositionOf(const ToviPhoto& photo) const;
 
     int PhotoCount() const;
     int SelectedPosition() const;
@@ -120,6 +121,7 @@ private:
     void SelectNeighbour(int step);
     void SelectCell(int index);
     void SelectListItem(int row);
+    void FollowWithFocus();
     void TellPage();
     void TellMode();
 

@@ -18,6 +18,7 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPlainTextEdit>
@@ -32,6 +33,7 @@ namespace
 {
 /// A key held down turns pages without reading a full picture.
 constexpr auto loadDelay = 100ms;
+constexpr auto loadPause = 2ms;
 constexpr int valuePaneHeight = 75;
 constexpr int smallestPaneHeight = 40;
 constexpr QColor failColor(230, 255, 230);
@@ -44,6 +46,13 @@ void ShowInPlaceOf(QWidget* hidden, QWidget* shown)
     shown->show();
     if (hadFocus) shown->setFocus();
     hidden->hide();
+}
+
+/// A menu or window that closes gives the focus back, by which nobody turns to a photograph.
+bool IsGivenBack(Qt::FocusReason reason)
+{
+    return reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason ||
+           reason == Qt::ActiveWindowFocusReason;
 }
 
 QWidget* MakePane(const QString& name, int id, std::initializer_list<QWidget*> children)
@@ -68,7 +77,6 @@ ToviSpiCtrl::ToviSpiCtrl(ToviData* theData, CDocument*, const ToviPhotoCtrlVisua
     SetWindowId(this, id);
     setFont(GaluFont::MsPGothic9pt());
     loadTimer.setSingleShot(true);
-    loadTimer.setInterval(loadDelay);
     CreatePicture();
     CreateInformation();
     ConnectChildren();
@@ -190,6 +198,11 @@ void ToviSpiCtrl::ClearPhoto()
     update();
 }
 
+bool ToviSpiCtrl::Shows(int index) const
+{
+    return actualIndex >= 0 && data->GetIndexPhotoArray(index) == actualIndex;
+}
+
 /// What keeps memory bounded while pages are turned.
 void ToviSpiCtrl::ReleasePicture()
 {
@@ -206,7 +219,9 @@ void ToviSpiCtrl::ShowPicture(ToviPhoto& photo, bool isSame)
         loadTimer.stop();
     } else {
         photo.LoadThumb();
-        loadTimer.start();
+        // From when the whole page is there, which may take longer than the delay.
+        QMetaObject::invokeMethod(
+            this, [this] { loadTimer.start(loadDelay); }, Qt::QueuedConnection);
     }
     ShowLoadedImage(photo, isSame);
 }
@@ -229,8 +244,15 @@ void ToviSpiCtrl::OnLoadTimer()
 {
     ToviPhoto* const photo = data->GetPhotoActualPhotoArray(actualIndex);
     if (photo == nullptr) return;
+    // The timers of a page run out together. Between two pictures the user is heard.
+    static QElapsedTimer sinceLastOfAll;
+    if (sinceLastOfAll.isValid() && sinceLastOfAll.elapsed() < loadPause.count()) {
+        loadTimer.start(loadPause);
+        return;
+    }
     imageOk = photo->LoadImage();
     ShowLoadedImage(*photo, true);
+    sinceLastOfAll.start();
 }
 
 void ToviSpiCtrl::FillInfo()
@@ -368,6 +390,11 @@ std::vector<LabelRequest> ToviSpiCtrl::EditComment(ToviPhoto& photo)
     ToviInputCommentDlg dialog(window());
     dialog.SetComment(photo.GetComment());
     if (!dialog.DoModal() || !alive) return {};
+    if (Photo() != &photo) {
+        // Another one took its place meanwhile; what was written is still about this one.
+        LabelRules::EditComment(photo, dialog.GetComment());
+        return {};
+    }
     photo.SetComment(LabelRules::KeptComment(dialog.GetComment()));
     UpdateLabelButtons();
     LayoutChildren();
@@ -412,7 +439,7 @@ bool ToviSpiCtrl::eventFilter(QObject* watched, QEvent* event)
     case QEvent::KeyPress:
         return ForwardPageKey(*static_cast<QKeyEvent*>(event));
     case QEvent::FocusIn:
-        OnChildFocused(watched);
+        if (!IsGivenBack(static_cast<QFocusEvent*>(event)->reason())) OnChildFocused(watched);
         return false;
     default:
         return QWidget::eventFilter(watched, event);

@@ -36,6 +36,8 @@ public:
     void ClearPhoto();
     /// The current position on show, or -1.
     int GetPhotoIndex() const { return photoIndex; }
+    /// The photograph at the current position \p index is the one on show.
+    bool Shows(int index) const;
 
     /// Fills the list and the control values anew.
     void FillInfo();

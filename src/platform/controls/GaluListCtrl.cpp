@@ -70,7 +70,21 @@ class GaluListCtrl::IconList : public Hooked<QListView>
 public:
     using Hooked::Hooked;
 
+    void doItemsLayout() override
+    {
+        Hooked::doItemsLayout();
+        if (std::exchange(keepCurrentInSight, false)) scrollTo(currentIndex());
+    }
+
 protected:
+    /// In another width the items stand elsewhere; a current one that is in sight stays there.
+    void resizeEvent(QResizeEvent* event) override
+    {
+        const QRect before({0, 0}, event->oldSize());
+        if (before.intersects(visualRect(currentIndex()))) keepCurrentInSight = true;
+        Hooked::resizeEvent(event);
+    }
+
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers) override
     {
         if (model() == nullptr) return {};
@@ -117,6 +131,8 @@ private:
         grid.lines = std::max(1, viewport()->height() / std::max(1, gridSize().height()));
         return grid;
     }
+
+    bool keepCurrentInSight = false;
 };
 
 GaluListCtrl::GaluListCtrl(Look listLook, QWidget* parent) : QWidget(parent), look(listLook)
