@@ -14,6 +14,7 @@ namespace
 QLabel* Line(const CString& text)
 {
     auto* label = new QLabel(QtText(text));
+    label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
     return label;
 }
@@ -40,9 +41,11 @@ ChoiceDialog::ChoiceDialog(const Choice& choice, QWidget* parent)
     QDialogButtonBox* buttons = MakeOkCancel();
     layout->addSpacing(8);
     layout->addWidget(buttons);
-    QPushButton* cancel = buttons->button(QDialogButtonBox::Cancel);
-    cancel->setDefault(true);
-    cancel->setFocus();
+    buttons->button(QDialogButtonBox::Ok)->setText(QtText(choice.accept));
+    QPushButton* const usual =
+        buttons->button(choice.enterAccepts ? QDialogButtonBox::Ok : QDialogButtonBox::Cancel);
+    usual->setDefault(true);
+    usual->setFocus();
     setMinimumWidth(480);
 }
 

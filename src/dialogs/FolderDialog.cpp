@@ -10,16 +10,38 @@
 #include <QListWidget>
 #include <QPushButton>
 
+#include <algorithm>
+
+namespace
+{
+constexpr QColor messageColor(0xEE, 0xFF, 0xFA);
+
+QLabel* MakeMessage(const CString& text)
+{
+    auto* message = new QLabel(QtText(text));
+    message->setTextFormat(Qt::PlainText);
+    message->setWordWrap(true);
+    message->setMargin(6);
+    message->setFrameStyle(QFrame::Panel | QFrame::Sunken);
+    QPalette colors = message->palette();
+    colors.setColor(QPalette::Window, messageColor);
+    colors.setColor(QPalette::WindowText, Qt::black);
+    message->setPalette(colors);
+    message->setAutoFillBackground(true);
+    return message;
+}
+} // namespace
+
 FolderDialog::FolderDialog(const FolderQuestion& question, const CString& folder, QWidget* parent)
     : WenDialog(parent), field(new QLineEdit(QtText(folder)))
 {
     setWindowTitle(QtText(question.title));
-    field->setMaxLength(longestFolder);
-    auto* message = new QLabel(QtText(question.message));
-    message->setWordWrap(true);
+    // A longer one that is handed in isn't cut.
+    field->setMaxLength(std::max<int>(longestFolder, static_cast<int>(field->text().size())));
     auto* prompt = new QLabel(QtText(question.prompt));
-    prompt->setBuddy(field);
-    auto* browse = new QPushButton(QStringLiteral("参照(&B)..."));
+    auto* fieldTitle = new QLabel(QStringLiteral("フォルダ："));
+    fieldTitle->setBuddy(field);
+    auto* browse = new QPushButton(QStringLiteral("参照..."));
     connect(browse, &QPushButton::clicked, this, &FolderDialog::Browse);
     auto* listTitle = new QLabel(QtText(question.listTitle));
     auto* list = new QListWidget;
@@ -28,13 +50,14 @@ FolderDialog::FolderDialog(const FolderQuestion& question, const CString& folder
     for (const CString& line : question.list) list->addItem(QtText(line));
 
     auto* layout = new QGridLayout(this);
-    layout->addWidget(message, 0, 0, 1, 2);
-    layout->addWidget(prompt, 1, 0, 1, 2);
-    layout->addWidget(field, 2, 0);
-    layout->addWidget(browse, 2, 1);
-    layout->addWidget(listTitle, 3, 0, 1, 2);
-    layout->addWidget(list, 4, 0, 1, 2);
-    layout->addWidget(MakeOkCancel(), 5, 0, 1, 2);
+    layout->addWidget(MakeMessage(question.message), 0, 0, 1, 3);
+    layout->addWidget(prompt, 1, 0, 1, 3);
+    layout->addWidget(fieldTitle, 2, 0);
+    layout->addWidget(field, 2, 1);
+    layout->addWidget(browse, 2, 2);
+    layout->addWidget(listTitle, 3, 0, 1, 3);
+    layout->addWidget(list, 4, 0, 1, 3);
+    layout->addWidget(MakeOkCancel(), 5, 0, 1, 3);
     field->setFocus();
     setMinimumWidth(480);
 }
@@ -46,6 +69,7 @@ CString FolderDialog::GetFolder() const
 
 void FolderDialog::Browse()
 {
-    const QString chosen = QFileDialog::getExistingDirectory(this, windowTitle(), field->text());
+    const QString chosen =
+        QFileDialog::getExistingDirectory(this, QStringLiteral("フォルダの選択"), field->text());
     if (!chosen.isEmpty()) field->setText(chosen);
 }

@@ -20,6 +20,7 @@ ProgressWindow::ProgressWindow(QWidget* owner)
     bar->setAccessibleName(QStringLiteral("進み具合"));
     percent->setMinimumWidth(percent->sizeHint().width());
     percent->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    message->setTextFormat(Qt::PlainText);
     auto* layout = new QGridLayout(this);
     layout->addWidget(message, 0, 0, 1, 2);
     layout->addWidget(bar, 1, 0);
@@ -62,9 +63,13 @@ bool ProgressWindowPort::eventFilter(QObject* watched, QEvent* event)
 
 void ProgressWindowPort::EnableOwner(bool enable)
 {
+    if (!owner) return;
+    // A window that is disabled loses its focus for good.
+    if (!enable) focus = owner->focusWidget();
     owner->setEnabled(enable);
     // The owner's state reaches its child windows; this one must stay usable.
     if (window) window->setEnabled(true);
+    if (enable && focus) focus->setFocus(Qt::ActiveWindowFocusReason);
 }
 
 void ProgressWindowPort::SetCancelEnabled(bool enable)

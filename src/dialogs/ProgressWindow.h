@@ -56,6 +56,8 @@ public:
 
 private:
     QPointer<QWidget> owner;
+    /// Had the focus in the owner while that is disabled.
+    QPointer<QWidget> focus;
     QPointer<ProgressWindow> window;
     bool closeRequested = false;
 };

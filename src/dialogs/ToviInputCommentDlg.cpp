@@ -52,8 +52,10 @@ void ToviInputCommentDlg::OnOK()
 bool ToviInputCommentDlg::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == edit && event->type() == QEvent::KeyPress) {
-        const int key = static_cast<QKeyEvent*>(event)->key();
-        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+        const auto& pressed = *static_cast<QKeyEvent*>(event);
+        const bool isEnter = pressed.key() == Qt::Key_Return || pressed.key() == Qt::Key_Enter;
+        // With Shift it makes a line, which reports print.
+        if (isEnter && !(pressed.modifiers() & Qt::ShiftModifier)) {
             accept();
             return true;
         }

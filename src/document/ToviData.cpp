@@ -62,6 +62,13 @@ void ToviData::RootPath(const char* path)
     MibNormalDir(rootPath);
 }
 
+CStringArray ToviData::DeliveryRoots() const
+{
+    CStringArray roots = earlierRoots;
+    roots.Add(rootPath);
+    return roots;
+}
+
 bool ToviData::IsInsideDelivery(const CString& path) const
 {
     return MibIsInside(rootPath, path) ||

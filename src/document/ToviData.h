@@ -57,6 +57,8 @@ public:
     virtual const char* RootPath() const { return rootPath.c_str(); }
     /// Stores \p path so that it ends in a path separator.
     virtual void RootPath(const char* path);
+    /// The folders of PHOTO.XML from which the delivery was read so far, the present one last.
+    CStringArray DeliveryRoots() const;
     /// True when \p path lies, symbolic links followed, in the delivery's folder or one that was
     /// its folder before a change of media.
     bool IsInsideDelivery(const CString& path) const;

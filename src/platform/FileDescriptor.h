@@ -2,6 +2,9 @@
 
 #include <unistd.h>
 
+#include <cerrno>
+#include <utility>
+
 /// A file descriptor that closes itself.
 class FileDescriptor
 {
@@ -17,6 +20,8 @@ public:
         if (IsOpen()) close(number);
         number = opened;
     }
+    /// Closes it now; 0 or an error number.
+    int Close() { return close(std::exchange(number, -1)) == 0 ? 0 : errno; }
     bool IsOpen() const { return number >= 0; }
     int Get() const { return number; }
 

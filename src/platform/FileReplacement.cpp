@@ -65,6 +65,8 @@ int FileReplacement::LookLike(const struct stat& old)
 
 int FileReplacement::Place()
 {
+    // A file system of the network tells of a full disk only now.
+    if (const int error = file.Close()) return error;
     if (rename(temporary.c_str(), target.c_str()) != 0) return errno;
     temporary.clear();
     return 0;

@@ -26,7 +26,8 @@ public:
     int Flush();
     /// Takes over owner, group and permissions.
     int LookLike(const struct stat& old);
-    /// Puts the new file in its place. A symbolic link there is replaced, never followed.
+    /// Closes the new file and puts it in its place. A symbolic link there is replaced, never
+    /// followed.
     int Place();
     /// Waits until the name of the file that was placed is on the disk, as far as that can be had.
     void FlushFolder();

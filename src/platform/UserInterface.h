@@ -53,6 +53,9 @@ struct Choice
     /// Lines above the options.
     CStringArray notes;
     CArray<Option> options;
+    /// The text of the button that accepts. Enter accepts only where the choice can do no harm.
+    CString accept = "OK";
+    bool enterAccepts = false;
 };
 
 /// Where one file is to be saved.

@@ -10,5 +10,5 @@ TOVI_EXPORT CString GetOutputPhotoFolder();
 TOVI_EXPORT void SetOutputPhotoFolderPath(const CString& folder);
 
 /// True when \p folder lies in the folder of the delivery, where nothing is ever written: that of
-/// PHOTO.XML, and the one above when the index file stands there.
+/// PHOTO.XML, and the one above when the index file stands there; of each disc that it came on.
 TOVI_EXPORT bool IsDeliveryFolder(const ToviData& document, const CString& folder);

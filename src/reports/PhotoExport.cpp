@@ -5,14 +5,21 @@
 #include "reports/OutputPhotoFolder.h"
 #include "reports/ToviProgressDlg.h"
 
+#include <algorithm>
+
 namespace
 {
+/// False for a name that is more than one, which would make another folder of the path.
+bool TakesPart(const CString& name)
+{
+    constexpr std::string_view separators("/\\\0", 3);
+    return name.find_first_of(separators) == CString::npos;
+}
+
 /// False for a name that would lead out of the folder it is put into.
 bool IsPlainName(const CString& name)
 {
-    constexpr std::string_view separators("/\\\0", 3);
-    return !name.empty() && name != "." && name != ".." &&
-           name.find_first_of(separators) == CString::npos;
+    return !name.empty() && name != "." && name != ".." && TakesPart(name);
 }
 
 CString FolderOf(const CString& path)
@@ -25,15 +32,16 @@ PhotoExport::PhotoExport(ToviData& shown) : document(shown)
 {
     const int nameIndex = document.GetItemDef()->GetIndexFromTitle("写真ファイル名");
     for (const int index : document.GetCurrentArray()) {
-        ToviPhoto& photo = *document.GetPhotoActualPhotoArray(index);
-        photos.push_back({photo.GetTitle(nameIndex), photo.ReadablePath()});
+        ToviPhoto* const photo = document.GetPhotoActualPhotoArray(index);
+        photos.push_back({photo->GetTitle(nameIndex), photo});
     }
 }
 
 bool PhotoExport::IsFree(const CString& folder)
 {
     chosenFolder = folder;
-    targetName = photos.empty() ? CString() : photos.front().name;
+    const auto first = std::ranges::find_if(photos, TakesPart, &Source::name);
+    targetName = first == photos.end() ? CString() : first->name;
     target = folder + '/' + targetName;
     for (const Source& photo : photos) {
         MoveTo(photo.name);
@@ -44,6 +52,7 @@ bool PhotoExport::IsFree(const CString& folder)
 
 void PhotoExport::MoveTo(const CString& name)
 {
+    if (!TakesPart(name)) return;
     if (!targetName.empty()) target = ReplaceAll(target, targetName, name);
     targetName = name;
 }
@@ -58,6 +67,7 @@ PhotoExport::Outcome PhotoExport::CopyAll()
         const CopyFailure failure = Copy(photo);
         if (failure == CopyFailure::None) {
             ++outcome.copied;
+            written.insert(target);
             outcome.bytes += MibFileSize(target);
         } else {
             outcome.failures.push_back({photo.name, failure});
@@ -75,8 +85,11 @@ CopyFailure PhotoExport::Copy(const Source& photo) const
     if (!IsPlainName(photo.name)) return CopyFailure::Other;
     // The names come from the delivery, and what they have made of the path may lead into it.
     const CString folder = FolderOf(target);
-    if (folder != chosenFolder && IsDeliveryFolder(document, folder)) {
-        return CopyFailure::NotWritable;
+    if (folder != chosenFolder) {
+        if (IsDeliveryFolder(document, folder)) return CopyFailure::NotWritable;
+        // The look for files in the way was in the chosen folder.
+        if (MibIsFileExist(target) && !written.contains(target)) return CopyFailure::Other;
     }
-    return photo.path.empty() ? CopyFailure::NoSource : MibCopyFileEx(photo.path, target);
+    const CString path = photo.photo->ReadablePath();
+    return path.empty() ? CopyFailure::NoSource : MibCopyFileEx(path, target);
 }

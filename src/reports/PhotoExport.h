@@ -4,15 +4,18 @@
 #include "platform/Text.h"
 
 #include <cstdint>
+#include <unordered_set>
 #include <vector>
 
 class ToviData;
+class ToviPhoto;
 
 /// The photographs of the current array of a document on their way into one folder, byte for byte.
 ///
 /// The target of a photograph is made from that of the one before, by replacing its name in the
 /// whole text of the path by the next name: a folder whose path holds a photograph's name changes
-/// on the way. IsFree() goes first and CopyAll() goes on with the path where it stopped.
+/// on the way. A name with a separator in it takes no part. IsFree() goes first and CopyAll() goes
+/// on with the path where it stopped.
 class TOVI_EXPORT PhotoExport
 {
 public:
@@ -46,8 +49,7 @@ private:
     struct Source
     {
         CString name;
-        /// Empty for a file that isn't the delivery's own.
-        CString path;
+        ToviPhoto* photo;
     };
 
     void MoveTo(const CString& name);
@@ -59,4 +61,5 @@ private:
     CString target;
     /// The photograph's name that stands in the target now.
     CString targetName;
+    std::unordered_set<CString> written;
 };

@@ -89,9 +89,11 @@ void SaveUnderChosenName(const ToviData& document, const CString& name, bool isS
                          const std::function<bool(const CString&)>& save)
 {
     UserInterface* const user = GetHostServices().userInterface;
+    // A delivered name may be a path.
+    const CString proposed = MibGetFileName(ReplaceAll(name, "\\", "/"));
     const SaveQuestion question =
-        isSvg ? SaveQuestion{GetOutputPhotoFolder(), name, "SVG", "SVG(*.SVG)", "*.SVG"}
-              : SaveQuestion{GetOutputPhotoFolder(), name, "JPG", "JPEG(*.JPG)", "*.JPG"};
+        isSvg ? SaveQuestion{GetOutputPhotoFolder(), proposed, "SVG", "SVG(*.SVG)", "*.SVG"}
+              : SaveQuestion{GetOutputPhotoFolder(), proposed, "JPG", "JPEG(*.JPG)", "*.JPG"};
     CString path;
     if (user == nullptr || !user->ChooseSaveFile(question, path)) return;
     const CString folder = FolderOf(path);

@@ -8,7 +8,9 @@ bool ToviSelectOutputPhotoDlg::DoModal()
     const Choice choice = {"写真保存",
                            {"明るさ・回転情報が変更されています。"},
                            {{"変更を反映して保存", "変更を反映する場合、Exif情報が失われます。"},
-                            {"元の写真を保存", ""}}};
+                            {"元の写真を保存", ""}},
+                           "保存",
+                           true};
     int option = 0;
     if (user == nullptr || !user->Choose(choice, option)) return false;
     workedPhoto = option == 0;

@@ -126,6 +126,9 @@ TEST(OutputAll, ReplacesNamesInTheWholePath)
         {{"A.JPG", "B.JPG", "B.JPG"}, "plain", "x", 3, "A.JPG B.JPG ", ""},
         {{"A.JPG", "out", "B.JPG"}, "out", "x", 1, "out ", ""},
         {{"A.JPG", "../x/E.JPG", "..", "B.JPG"}, "plain", "x", 2, "A.JPG B.JPG ", ""},
+        // A name with a separator would make another folder of the path.
+        {{"A.JPG", "/", "N.JPG"}, "plain", "x", 2, "A.JPG N.JPG ", ""},
+        {{"/", "A.JPG"}, "plain", "x", 1, "A.JPG ", ""},
         // A photograph without a name leaves nothing in the path to go on from.
         {{"A.JPG", "", "B.JPG"}, "plain", "x", 0, "", ""},
     };
@@ -138,6 +141,29 @@ TEST(OutputAll, ReplacesNamesInTheWholePath)
         EXPECT_EQ(Shown::NamesIn(folder), c.inFolder) << c.folder;
         EXPECT_EQ(Shown::NamesIn(also), c.inAlso) << c.folder;
     }
+}
+
+TEST(OutputAll, OverwritesNothingWhereNobodyLooked)
+{
+    Shown shown({"A.JPG", "B.JPG"});
+    shown.out.Write("of A.JPG/A.JPG", "old");
+    EXPECT_THAT(shown.Output({shown.out.MakeFolder("of B.JPG")}), ElementsAre(Summary(2, 1)));
+    EXPECT_EQ(shown.out.Read("of A.JPG/A.JPG"), "old");
+}
+
+TEST(OutputAll, KnowsTheDeliveryByEveryKindOfIndex)
+{
+    Shown shown({"A.JPG", "B.JPG"});
+    TempFolder& temp = shown.temp;
+    for (const auto& file : MibFileFind(temp.Path(), "INDEX_*.XML")) fs::remove(file);
+    temp.Write("PHOTO_MINE.XML", "not an index");
+    EXPECT_FALSE(IsDeliveryFolder(*shown.document, temp.Path()));
+    temp.Write("PHOTO_JH.XML",
+               "<?xml version=\"1.0\"?>\n<!DOCTYPE constdata SYSTEM \"PHOT_JH1.DTD\">\n");
+    EXPECT_TRUE(IsDeliveryFolder(*shown.document, temp.Path()));
+    // Read from elsewhere by now: the disc stays the delivery's.
+    shown.document->RootPath(shown.out.Path().c_str());
+    EXPECT_TRUE(IsDeliveryFolder(*shown.document, temp.Path()));
 }
 
 TEST(OutputAll, NamesCanNotLeadIntoTheDelivery)
@@ -202,6 +228,10 @@ TEST(OutputOne, AsksForTheName)
         EXPECT_THAT(Texts(user.Messages()), ElementsAre(done, "保存に失敗しました。", inDelivery));
         EXPECT_FALSE(fs::exists(shown.temp.Path("PHOTO/x")));
     }
+    Shown hostile({"../x/A.JPG"});
+    hostile.services.user.saveFiles = {CString()};
+    OutputOnePhoto(*hostile.document);
+    EXPECT_EQ(hostile.services.user.saveQuestion.name, "A.JPG");
     Shown empty({"A.JPG"});
     empty.document->SetCurPhotoArray(false, false);
     OutputOnePhoto(*empty.document);

@@ -52,9 +52,8 @@ const char* FilterName(SpreadsheetFormat format)
 
 /// Answers whether the office did \p work, which fails as well when it has died.
 template <typename Work>
-bool Succeeds(const Office& office, Work work)
+bool Succeeds(Work work)
 {
-    const CallLimit limit = office.LimitCalls();
     try {
         work();
         return true;
@@ -94,7 +93,8 @@ CalcBook::CalcBook(const Office& running, const CString& path) : office(running)
 
 CalcBook::~CalcBook()
 {
-    Succeeds(office, [this] {
+    Succeeds([this] {
+        const CallLimit limit = office.LimitCalls();
         const uno::Reference<util::XCloseable> closeable(document, uno::UNO_QUERY_THROW);
         closeable->close(true);
     });
@@ -102,12 +102,13 @@ CalcBook::~CalcBook()
 
 bool CalcBook::RepeatRows(int rows, int columns, int times)
 {
-    return Succeeds(office, [=, this] {
+    return Succeeds([=, this] {
         const uno::Reference<sheet::XCellRangeMovement> cells(sheet, uno::UNO_QUERY_THROW);
         const uno::Reference<sheet::XCellRangeAddressable> block(
             sheet->getCellRangeByPosition(0, 0, columns - 1, rows - 1), uno::UNO_QUERY_THROW);
         const table::CellRangeAddress source = block->getRangeAddress();
         for (int i = 1; i < times; ++i) {
+            const CallLimit limit = office.LimitCalls();
             cells->copyRange({source.Sheet, 0, rows * i}, source);
         }
         if (times > 1) RepeatHeights(rows, times);
@@ -127,6 +128,7 @@ void CalcBook::RepeatHeights(int rows, int times)
     for (int row = 0; row < rows; ++row) {
         const uno::Any own = rowsOf(row, 1)->getPropertyValue(height);
         for (int i = 1; own != usual && i < times; ++i) {
+            const CallLimit limit = office.LimitCalls();
             rowsOf(row + rows * i, 1)->setPropertyValue(height, own);
         }
     }
@@ -135,6 +137,7 @@ void CalcBook::RepeatHeights(int rows, int times)
 void CalcBook::BreakPages(int rows, int times)
 {
     for (int i = 1; i < times && i <= mostPageBreaks; ++i) {
+        const CallLimit limit = office.LimitCalls();
         Rows(sheet->getCellRangeByPosition(0, rows * i, 0, rows * i))
             ->setPropertyValue("IsStartOfNewPage", uno::Any(true));
     }
@@ -142,6 +145,7 @@ void CalcBook::BreakPages(int rows, int times)
 
 void CalcBook::Print(int rows, int columns)
 {
+    const CallLimit limit = office.LimitCalls();
     const uno::Reference<sheet::XPrintAreas> areas(sheet, uno::UNO_QUERY_THROW);
     const uno::Reference<sheet::XCellRangeAddressable> all(
         sheet->getCellRangeByPosition(0, 0, columns - 1, rows - 1), uno::UNO_QUERY_THROW);
@@ -162,7 +166,8 @@ void CalcBook::DropImportedNames()
 
 bool CalcBook::WriteTexts(int firstRow, const std::vector<std::vector<CString>>& rows)
 {
-    return Succeeds(office, [&] {
+    return Succeeds([&] {
+        const CallLimit limit = office.LimitCalls();
         const auto count = static_cast<sal_Int32>(rows.size());
         const auto columns = static_cast<sal_Int32>(rows.front().size());
         uno::Sequence<uno::Sequence<uno::Any>> texts(count);
@@ -177,7 +182,8 @@ bool CalcBook::WriteTexts(int firstRow, const std::vector<std::vector<CString>>&
 
 bool CalcBook::Save(const CString& path, SpreadsheetFormat format)
 {
-    return Succeeds(office, [&] {
+    return Succeeds([&] {
+        const CallLimit limit = office.LimitCalls();
         const uno::Reference<frame::XStorable> storable(document, uno::UNO_QUERY_THROW);
         storable->storeToURL(FileUrl(path),
                              SequenceOf({Value("FilterName", uno::Any(ToUno(FilterName(format)))),

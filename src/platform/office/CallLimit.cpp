@@ -2,6 +2,7 @@
 
 #include <condition_variable>
 #include <mutex>
+#include <system_error>
 
 namespace
 {
@@ -19,5 +20,11 @@ void KillBehindLimit(const std::stop_token& stop, const OfficeProcess& office)
 } // namespace
 
 CallLimit::CallLimit(const OfficeProcess& office)
-    : watch([&office](const std::stop_token& stop) { KillBehindLimit(stop, office); })
-{}
+{
+    try {
+        watch =
+            std::jthread([&office](const std::stop_token& stop) { KillBehindLimit(stop, office); });
+    } catch (const std::system_error&) {
+        // No thread is to be had: the calls go on without a bound.
+    }
+}

@@ -70,14 +70,17 @@ Office::Office(std::string folder) : home(std::move(folder)), address(NewAddress
 
 Office::~Office()
 {
-    const CallLimit limit = LimitCalls();
-    if (desktop.is()) Try([this] { desktop->terminate(); });
+    if (desktop.is()) {
+        const CallLimit limit = LimitCalls();
+        Try([this] { desktop->terminate(); });
+    }
     Disconnect();
     if (remote.is()) process.WaitForEnd(endLimit);
 }
 
 void Office::Disconnect()
 {
+    const CallLimit limit = LimitCalls();
     desktop.clear();
     Try([this] { Dispose(bridge); });
     bridge.clear();
