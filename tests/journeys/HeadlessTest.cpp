@@ -194,10 +194,15 @@ TEST_F(Headless, PreparesTheIndexInTheWorkFolder)
     EXPECT_EQ(Json::parse(made.output), Json({{"path", copies + "INDEX_C.XML"}}));
     EXPECT_THAT(temp.Read("work/QVScratch/QV-SUITE/IndexCopy/INDE_C07.XSL"),
                 HasSubstr("xsl:stylesheet"));
+    const ProgramResult page = Run({"tovi", "index", folder, "--html"});
+    EXPECT_EQ(Json::parse(page.output), Json({{"path", copies + "INDEX_C.html"}}));
+    EXPECT_THAT(temp.Read("work/QVScratch/QV-SUITE/IndexCopy/INDEX_C.html"),
+                AllOf(HasSubstr("<html lang=\"ja\">"), HasSubstr("<h1>")));
     EXPECT_EQ(Fingerprint(folder), before);
 
     const auto errorsWith = [&](const CString& index) {
         temp.Write("sample/INDEX_C.XML", index);
+        EXPECT_THAT(Run({"tovi", "index", folder, "--html"}).errors, HasSubstr("INDEX_C.XML"));
         return Run({"tovi", "index", folder}).errors;
     };
     EXPECT_THAT(errorsWith("<constdata/>"), HasSubstr("DOCTYPEの行がありません"));

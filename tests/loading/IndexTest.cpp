@@ -1,6 +1,8 @@
 #include "loading/Environment.h"
 #include "loading/IndexCopy.h"
+#include "loading/IndexPage.h"
 #include "loading/IndexStylesheets.h"
+#include "platform/Cp932.h"
 #include "platform/MibFile.h"
 #include "platform/TextEncoding.h"
 #include "support/OpenedSample.h"
@@ -287,6 +289,30 @@ TEST_F(Index, FailsQuietlyAndTriesAgain)
     EXPECT_NE(factory.GetNewIndexPath(index, MibProgramPath()), "");
     EXPECT_EQ(work.Read("precious"), "precious");
     EXPECT_THAT(Copied("INDEX_C.XML"), HasSubstr("href=\"\""));
+}
+
+TEST_F(Index, BecomesAPageUnlessItIsBrokenOrEndless)
+{
+    CString xml = "<?xml version=\"1.0\" encoding=\"Shift_JIS\"?>\n" +
+                  DoctypeOf("constdata", "INDE_C07.DTD") +
+                  "\n<constdata DTD_version=\"07\"><工事件名等><工事名称>髙橋①橋</工事名称>";
+    const CString rest = "</工事件名等></constdata>\n";
+    const auto sample = Deliver(*Cp932::Encode(xml + rest));
+    const IndexPage page = MakeIndexPage(*sample->document);
+    EXPECT_EQ(page.problem, "");
+    EXPECT_EQ(page.path, CopyPath("INDEX_C.html"));
+    EXPECT_THAT(Copied("INDEX_C.html"), HasSubstr("<h1>髙橋①橋</h1>"));
+
+    const CString small = xml;
+    constexpr std::size_t large = 4'000'000;
+    while (xml.size() < large) xml += "<住所情報><住所>静岡県</住所></住所情報>\n";
+    sample->temp.Write("INDEX_C.XML", *Cp932::Encode(xml + rest));
+    EXPECT_EQ(MakeIndexPage(*sample->document).problem, "");
+    EXPECT_GT(Copied("INDEX_C.html").size(), large);
+    for (const CString& bad : {small, xml + xml + xml + rest}) {
+        sample->temp.Write("INDEX_C.XML", *Cp932::Encode(bad));
+        EXPECT_THAT(MakeIndexPage(*sample->document).problem, HasSubstr("ページにできません"));
+    }
 }
 
 TEST_F(Index, TakesNothingFromOutsideAndLeavesTheDeliveryAlone)

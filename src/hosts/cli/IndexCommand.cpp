@@ -1,58 +1,67 @@
 #include "hosts/cli/Commands.h"
 #include "hosts/cli/Json.h"
 
-#include "loading/WorkFolder.h"
+#include "loading/IndexPage.h"
 #include "platform/MibFile.h"
 
 #include <iostream>
 
 namespace
 {
-CString WhyNotPrepared(const ToviItemDef& def, const CString& index, const CString& stylesheet)
+struct Arguments
 {
-    if (index.empty()) {
-        return def.GetParentPath() + " に工事管理ファイル INDEX_*.XML（または "
-                                     "PHOTO_*.XML）がありません。納品データの上の階層ごと"
-                                     "指定しているか確かめてください。";
-    }
-    if (stylesheet.empty()) {
-        return index + " を読めないか、工事・業務のどちらの管理ファイルかを示すDOCTYPEの行が"
-                       "ありません。読み取りの権限と納品データの作成元に確かめてください。";
-    }
-    return index + " の写しを作業フォルダ " + SuiteFolder() +
-           "IndexCopy に作れません。書き込みの権限と空き容量を確かめてください。";
-}
+    DeliveryArguments delivery;
+    bool html = false;
+};
 
-int Run(const DeliveryArguments& arguments)
+int Report(const CString& path)
 {
-    const OpenedDelivery delivery = OpenDelivery(arguments);
-    if (!delivery.IsLoaded()) return ExitFailed;
-    const CString path = delivery.document->GetIndexPath();
-    const ToviItemDef& def = *delivery.document->GetItemDef();
-    CString index;
-    CString stylesheet;
-    def.GetPathAndName(index, stylesheet);
-    if (path.empty()) {
-        Complain(WhyNotPrepared(def, index, stylesheet));
-        return ExitFailed;
-    }
-    if (!MibIsFileExist(stylesheet)) {
-        Complain(index + " のDTDに合うスタイルシートがないので、ブラウザではページとして表示されま"
-                         "せん。--family の指定とプログラムのインストールを確かめてください。");
-    }
     std::cout << ToText({{"path", path}}) << '\n';
     return ExitDone;
+}
+
+int MakePage(ToviData& document)
+{
+    const IndexPage page = MakeIndexPage(document);
+    if (page.problem.empty()) return Report(page.path);
+    Complain(page.problem);
+    return ExitFailed;
+}
+
+int MakeCopy(ToviData& document)
+{
+    const CString path = document.GetIndexPath();
+    if (path.empty()) {
+        Complain(WhyNoIndexCopy(document));
+        return ExitFailed;
+    }
+    CString index;
+    CString stylesheet;
+    document.GetItemDef()->GetPathAndName(index, stylesheet);
+    if (const CString problem = WhyNoStylesheet(index, stylesheet); !problem.empty()) {
+        Complain(problem);
+    }
+    return Report(path);
+}
+
+int Run(const Arguments& arguments)
+{
+    const OpenedDelivery delivery = OpenDelivery(arguments.delivery);
+    if (!delivery.IsLoaded()) return ExitFailed;
+    return arguments.html ? MakePage(*delivery.document) : MakeCopy(*delivery.document);
 }
 } // namespace
 
 void AddIndexCommand(CLI::App& app, int& status)
 {
-    static DeliveryArguments arguments;
+    static Arguments arguments;
     CLI::App* command =
         app.add_subcommand("index", "工事管理ファイルをブラウザで見るための写しを作る");
     command->group("コマンド");
-    AddDeliveryArguments(*command, arguments);
-    command->footer("出力: {\"path\":写しのパス}\n"
-                    "写しは作業フォルダにでき、次の納品データの写しで上書きされる");
+    AddDeliveryArguments(*command, arguments.delivery);
+    command->add_flag("--html", arguments.html,
+                      "XMLの写しの代わりに、どのブラウザでも開けるHTMLのページを作る");
+    command->footer("出力: {\"path\":写しまたはページのパス}\n"
+                    "作業フォルダにでき、次の納品データのもので上書きされる");
     command->callback([&status] { status = Run(arguments); });
 }

@@ -1,0 +1,75 @@
+#include "loading/IndexPage.h"
+
+#include "document/ToviData.h"
+#include "loading/IndexCopy.h"
+#include "loading/WorkFolder.h"
+#include "platform/AtomicFile.h"
+#include "platform/MibFile.h"
+#include "platform/XslTransform.h"
+
+namespace
+{
+/// A page takes up to a hundred times the bytes in memory while it is made, and some seconds for
+/// this many.
+constexpr std::size_t largestSource = std::size_t{4} << 20;
+
+CString WhyNotWritten(const CString& index)
+{
+    return index + " の写しを作業フォルダ " + SuiteFolder() +
+           "IndexCopy に作れません。書き込みの権限と空き容量を確かめてください。";
+}
+
+std::optional<std::string> Transform(const CString& copy, const CString& stylesheet)
+{
+    const auto xml = MibReadFile(copy, largestSource);
+    const auto sheet = MibReadFile(stylesheet, largestSource);
+    return xml && sheet ? TransformXml(*xml, *sheet) : std::nullopt;
+}
+} // namespace
+
+IndexPage MakeIndexPage(ToviData& document)
+{
+    CString index;
+    CString stylesheet;
+    document.GetItemDef()->GetPathAndName(index, stylesheet);
+    // Made anew each time: another program may have put another delivery's in its place.
+    const CString copy =
+        index.empty() || stylesheet.empty() ? "" : MakeIndexCopy(index, stylesheet);
+    if (copy.empty()) return {"", WhyNoIndexCopy(document)};
+    if (CString problem = WhyNoStylesheet(index, stylesheet); !problem.empty()) {
+        return {"", std::move(problem)};
+    }
+    const auto html = Transform(copy, stylesheet);
+    if (!html) {
+        return {"", index + " をページにできません。XMLとして正しくないか、大きすぎます。納品データ"
+                            "の作成元に確かめてください。"};
+    }
+    CString page = copy.substr(0, copy.rfind('.')) + ".html";
+    if (!WriteFileAtomically(page, *html)) return {"", WhyNotWritten(index)};
+    return {std::move(page), ""};
+}
+
+CString WhyNoIndexCopy(ToviData& document)
+{
+    const ToviItemDef& def = *document.GetItemDef();
+    CString index;
+    CString stylesheet;
+    def.GetPathAndName(index, stylesheet);
+    if (index.empty()) {
+        return def.GetParentPath() + " に工事管理ファイル INDEX_*.XML（または "
+                                     "PHOTO_*.XML）がありません。納品データの上の階層ごと"
+                                     "指定しているか確かめてください。";
+    }
+    if (stylesheet.empty()) {
+        return index + " を読めないか、工事・業務のどちらの管理ファイルかを示すDOCTYPEの行が"
+                       "ありません。読み取りの権限と納品データの作成元に確かめてください。";
+    }
+    return WhyNotWritten(index);
+}
+
+CString WhyNoStylesheet(const CString& index, const CString& stylesheet)
+{
+    if (MibIsFileExist(stylesheet)) return {};
+    return index + " のDTDに合うスタイルシートがないので、ブラウザではページとして表示されません。"
+                   "要領の系統の指定とプログラムのインストールを確かめてください。";
+}
