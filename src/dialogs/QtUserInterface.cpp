@@ -5,11 +5,14 @@
 #include "dialogs/ProgressWindow.h"
 #include "platform/controls/WindowHandle.h"
 #include "platform/QtText.h"
+#include "platform/UserFolders.h"
 
 #include <QApplication>
+#include <QDesktopServices>
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QUrl>
 
 #include <utility>
 #include <vector>
@@ -52,11 +55,33 @@ std::vector<MessageAnswer> AnswersOf(MessageButtons buttons)
 }
 
 /// The filter of a file dialog: the kind's name and its patterns in either letter case.
-QString FilterText(const CString& kind, const CString& pattern)
+QString FilterText(const FileKind& kind)
 {
-    const QString name = QtText(kind.substr(0, kind.find('(')));
+    const QString name = QtText(kind.kind.substr(0, kind.kind.find('(')));
     return QStringLiteral("%1 (%2 %3)")
-        .arg(name, QtText(pattern).toUpper(), QtText(pattern).toLower());
+        .arg(name, QtText(kind.pattern).toUpper(), QtText(kind.pattern).toLower());
+}
+
+/// Offers \p kinds in \p dialog, and has a name without an ending get that of the chosen one.
+void OfferKinds(QFileDialog& dialog, const std::vector<FileKind>& kinds)
+{
+    QStringList filters;
+    for (const FileKind& kind : kinds) filters << FilterText(kind);
+    filters << QStringLiteral("すべてのファイル (*)");
+    dialog.setNameFilters(filters);
+    dialog.setDefaultSuffix(QtText(kinds.front().extension));
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog,
+                     [&dialog, kinds, filters](const QString& filter) {
+                         const auto chosen = static_cast<std::size_t>(filters.indexOf(filter));
+                         if (chosen >= kinds.size()) return;
+                         dialog.setDefaultSuffix(QtText(kinds[chosen].extension));
+                     });
+}
+
+/// Where a dialog for files starts that was told no folder.
+QString StartFolder(const CString& folder)
+{
+    return QtText(folder.empty() ? CurrentUserFolders().documents : folder);
 }
 
 QMessageBox::Icon IconOf(MessageIcon icon)
@@ -101,7 +126,7 @@ MessageAnswer QtUserInterface::ShowMessage(const CString& text, const CString& c
 bool QtUserInterface::ChooseFolder(CString& folder, const CString& title, FolderChooserStyle)
 {
     const QString chosen =
-        QFileDialog::getExistingDirectory(Owner(), QtText(title), QtText(folder));
+        QFileDialog::getExistingDirectory(Owner(), QtText(title), StartFolder(folder));
     if (chosen.isEmpty()) return false;
     folder = FromQtText(chosen);
     return true;
@@ -125,15 +150,20 @@ bool QtUserInterface::AskFolder(const FolderQuestion& question, CString& folder)
 
 bool QtUserInterface::ChooseSaveFile(const SaveQuestion& question, CString& path)
 {
-    QFileDialog dialog(Owner(), QStringLiteral("名前を付けて保存"), QtText(question.folder),
-                       QStringLiteral("%1;;すべてのファイル (*)")
-                           .arg(FilterText(question.kind, question.pattern)));
+    QFileDialog dialog(Owner(), QStringLiteral("名前を付けて保存"), StartFolder(question.folder));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setDefaultSuffix(QtText(question.extension));
+    std::vector<FileKind> kinds = {{question.extension, question.kind, question.pattern}};
+    kinds.insert(kinds.end(), question.otherKinds.begin(), question.otherKinds.end());
+    OfferKinds(dialog, kinds);
     dialog.selectFile(QtText(question.name));
     if (dialog.exec() != QDialog::Accepted) return false;
     path = FromQtText(dialog.selectedFiles().front());
     return true;
+}
+
+bool QtUserInterface::OpenFile(const CString& path)
+{
+    return QDesktopServices::openUrl(QUrl::fromLocalFile(QtText(path)));
 }
 
 void QtUserInterface::ShowProgress(const CString& text)

@@ -22,6 +22,7 @@ public:
     bool Choose(const Choice& choice, int& option) override;
     bool AskFolder(const FolderQuestion& question, CString& folder) override;
     bool ChooseSaveFile(const SaveQuestion& question, CString& path) override;
+    bool OpenFile(const CString& path) override;
     void ShowProgress(const CString& text) override;
     std::unique_ptr<ProgressPort> CreateProgress(CWnd* parent) override;
 

@@ -248,9 +248,9 @@ bool ToviData::ReturnExam(const char* path, int* result)
     return manager.Save(photoData, result);
 }
 
-bool ToviData::FileOutCheckStatus(const CString& caption)
+bool ToviData::FileOutCheckStatus(const CString& caption, CString* place)
 {
-    return ToviCheckStatusFileOut(*this, labelManager).FileOut(caption);
+    return ToviCheckStatusFileOut(*this, labelManager).FileOut(caption, place);
 }
 
 CheckStatusOutcome ToviData::FileOutCheckStatus(const CString& caption, const CString& path)

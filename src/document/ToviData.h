@@ -166,8 +166,9 @@ public:
 
     /// Lets the user save the check report of the current array (see
     /// reports/ToviCheckStatusFileOut.h). \p caption is the title of what is shown meanwhile. True
-    /// when it was written.
-    bool FileOutCheckStatus(const CString& caption);
+    /// when it was written. \p place, if not null, is the path without an ending that is proposed,
+    /// and afterwards that of the output, or empty when none was chosen.
+    bool FileOutCheckStatus(const CString& caption, CString* place = nullptr);
     /// The same into the file \p path, without a question or message.
     CheckStatusOutcome FileOutCheckStatus(const CString& caption, const CString& path);
 

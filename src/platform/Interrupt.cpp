@@ -38,11 +38,6 @@ bool WasInterrupted()
     return interrupted.exchange(false);
 }
 
-bool IsInterrupted()
-{
-    return interrupted;
-}
-
 InterruptListener::InterruptListener()
 {
     ++listeners;

@@ -13,9 +13,6 @@ TOVI_EXPORT void InstallInterruptHandler();
 /// Tells once of an interrupt that was noted.
 TOVI_EXPORT bool WasInterrupted();
 
-/// Tells of it too, and leaves it for whoever asks next.
-TOVI_EXPORT bool IsInterrupted();
-
 /// Somebody who asks WasInterrupted() as long as it lives.
 class TOVI_EXPORT InterruptListener
 {

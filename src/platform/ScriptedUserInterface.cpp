@@ -38,6 +38,7 @@ public:
     bool Pump() override
     {
         Note("pump");
+        if (user.onPump) user.onPump();
         return user.cancelAtPumps.contains(++user.pumps);
     }
 
@@ -102,9 +103,10 @@ bool ScriptedUserInterface::Choose(const Choice& asked, int& option)
     return true;
 }
 
-void ScriptedUserInterface::OpenFile(const CString& path)
+bool ScriptedUserInterface::OpenFile(const CString& path)
 {
     calls.push_back({CallKind::OpenFile, path, {}, {}, {}, {}});
+    return opensFiles;
 }
 
 void ScriptedUserInterface::ShowProgress(const CString& text)

@@ -55,6 +55,8 @@ public:
     std::deque<int> options;
     /// The last choice that was asked for.
     Choice choice;
+    /// Whether the system has a program for a file.
+    bool opensFiles = true;
     /// What was called, in order. The text of a folder chooser or question is the folder that it
     /// starts at, that of a question for a file to save into the name that is proposed.
     std::vector<Call> calls;
@@ -69,6 +71,8 @@ public:
     int windowGoesAtPump = 0;
     int ownerGoesAtPump = 0;
     int pumps = 0;
+    /// Called in each pump; may be empty.
+    std::function<void()> onPump;
 
     /// The texts of the messages shown, in order.
     CStringArray Messages() const;
@@ -79,7 +83,7 @@ public:
     bool AskFolder(const FolderQuestion& question, CString& folder) override;
     bool ChooseSaveFile(const SaveQuestion& question, CString& path) override;
     bool Choose(const Choice& asked, int& option) override;
-    void OpenFile(const CString& path) override;
+    bool OpenFile(const CString& path) override;
     void ShowProgress(const CString& text) override;
     std::unique_ptr<ProgressPort> CreateProgress(CWnd* parent) override;
 };

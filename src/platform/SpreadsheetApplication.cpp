@@ -1,6 +1,5 @@
 #include "platform/SpreadsheetApplication.h"
 
-#include "platform/Interrupt.h"
 #include "platform/MibFile.h"
 
 #include <dlfcn.h>
@@ -25,11 +24,12 @@ bool Exists(const CString& path)
 }
 } // namespace
 
-std::unique_ptr<SpreadsheetApplication> StartSpreadsheet(const CString& folder)
+std::unique_ptr<SpreadsheetApplication> StartSpreadsheet(const CString& folder,
+                                                         const std::function<bool()>& giveUp)
 {
     StartSpreadsheetEntry* const entry = LoadEntry();
     if (entry == nullptr) return nullptr;
-    return std::unique_ptr<SpreadsheetApplication>(entry(folder, IsInterrupted));
+    return std::unique_ptr<SpreadsheetApplication>(entry(folder, giveUp));
 }
 
 bool IsOpenInOffice(const CString& path)

@@ -48,9 +48,10 @@ public:
 };
 
 /// Starts the spreadsheet application, which keeps whatever it needs in the folder \p folder. Null
-/// when it isn't installed, doesn't start, or an interrupt is noted while it starts (see
-/// platform/Interrupt.h).
-TOVI_EXPORT std::unique_ptr<SpreadsheetApplication> StartSpreadsheet(const CString& folder);
+/// when it isn't installed, doesn't start, or \p giveUp, which is asked many times a second while
+/// it starts, says so.
+TOVI_EXPORT std::unique_ptr<SpreadsheetApplication>
+StartSpreadsheet(const CString& folder, const std::function<bool()>& giveUp);
 
 /// True when an office program has the file \p path open, as it tells others by a file beside it.
 TOVI_EXPORT bool IsOpenInOffice(const CString& path);

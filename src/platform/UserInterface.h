@@ -58,6 +58,18 @@ struct Choice
     bool enterAccepts = false;
 };
 
+/// A kind of file as it is offered for saving.
+struct FileKind
+{
+    /// What a name without one gets, without its dot.
+    CString extension;
+    /// Its name, with the pattern of its names: "JPEG(*.JPG)", "*.JPG".
+    CString kind;
+    CString pattern;
+
+    bool operator==(const FileKind&) const = default;
+};
+
 /// Where one file is to be saved.
 struct SaveQuestion
 {
@@ -69,6 +81,8 @@ struct SaveQuestion
     /// The kind of file as it is offered, with the pattern of its names: "JPEG(*.JPG)", "*.JPG".
     CString kind;
     CString pattern;
+    /// The kinds that can be chosen in place of that one.
+    CArray<FileKind> otherKinds = {};
 
     bool operator==(const SaveQuestion&) const = default;
 };
@@ -119,8 +133,9 @@ public:
     /// when one was chosen, whose index then stands in \p option.
     virtual bool Choose(const Choice& choice, int& option) = 0;
 
-    /// Opens the file \p path with the program that the system has for it. Failing is no error.
-    virtual void OpenFile(const CString& /*path*/) {}
+    /// Opens the file \p path with the program that the system has for it. False when it is known
+    /// that there is none.
+    virtual bool OpenFile(const CString& /*path*/) { return false; }
 
     /// Tells how far a long work has come. An empty text takes the display away.
     virtual void ShowProgress(const CString& text) = 0;

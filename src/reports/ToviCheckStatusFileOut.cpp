@@ -11,10 +11,12 @@
 #include "reports/CheckStatusPages.h"
 #include "reports/OutputPhotoFolder.h"
 #include "reports/ToviProgressDlg.h"
+#include "review/RecordProblems.h"
 
 namespace
 {
 constexpr const char* formName = "CHKPHOTO.XLS";
+constexpr const char* proposedName = "検査結果";
 constexpr const char* workFolderName = "QV-ExcelData";
 constexpr std::size_t largestForm = std::size_t{16} << 20;
 constexpr std::size_t largestReport = std::size_t{1} << 30;
@@ -51,22 +53,25 @@ ToviCheckStatusFileOut::ToviCheckStatusFileOut(ToviData& document, const ToviLab
     : data(document), labelManager(labels), start(std::move(starter))
 {}
 
-bool ToviCheckStatusFileOut::FileOut(const CString& caption)
+bool ToviCheckStatusFileOut::FileOut(const CString& caption, CString* place)
 {
-    UserInterface& user = *GetHostServices().userInterface;
+    CString output = GetEnvironment().folders.documents + '/' + proposedName;
+    CString& chosen = place != nullptr ? *place : output;
+    const CString proposed = std::exchange(chosen, "");
     CheckStatusOutcome outcome = CheckStatusOutcome::NoWorkFolder;
-    CString output;
     if (const RunFolder folder(SharedWorkFolder()); !folder.Path().empty()) {
-        const auto application = start(folder.Path());
-        const SaveQuestion question = {GetEnvironment().folders.documents, "検査結果", "xls",
-                                       "EXCELファイル(*.xls)", "*.xls"};
-        if (application && !user.ChooseSaveFile(question, output)) return false;
-        outcome = application ? Write(*application, folder.Path(), output, caption)
-                              : CheckStatusOutcome::NotStarted;
+        bool cancelled = false;
+        const auto application = Start(folder.Path(), caption, cancelled);
+        outcome = cancelled ? CheckStatusOutcome::Cancelled : CheckStatusOutcome::NotStarted;
+        if (application) {
+            chosen = ChooseOutput(proposed, caption);
+            if (chosen.empty()) return false;
+            outcome = Write(*application, folder.Path(), chosen, caption);
+        }
     }
     Tell(outcome, caption);
     if (outcome != CheckStatusOutcome::Written) return false;
-    user.OpenFile(output);
+    GetHostServices().userInterface->OpenFile(chosen);
     return true;
 }
 
@@ -76,11 +81,43 @@ CheckStatusOutcome ToviCheckStatusFileOut::FileOut(const CString& caption, const
     const InterruptListener listener;
     const RunFolder folder(SharedWorkFolder());
     if (folder.Path().empty()) return CheckStatusOutcome::NoWorkFolder;
-    const auto application = start(folder.Path());
+    bool cancelled = false;
+    const auto application = Start(folder.Path(), caption, cancelled);
     if (!application) {
-        return WasInterrupted() ? CheckStatusOutcome::Cancelled : CheckStatusOutcome::NotStarted;
+        return cancelled ? CheckStatusOutcome::Cancelled : CheckStatusOutcome::NotStarted;
     }
     return Write(*application, folder.Path(), path, caption);
+}
+
+std::unique_ptr<SpreadsheetApplication>
+ToviCheckStatusFileOut::Start(const CString& folder, const CString& caption, bool& cancelled) const
+{
+    ToviProgressDlg progress(false);
+    progress.Create(nullptr);
+    progress.SetCaption(caption.c_str());
+    progress.SetMessage("表計算プログラムを起動しています...");
+    progress.Show();
+    return start(folder, [&] {
+        cancelled = cancelled || progress.GetCancel();
+        return cancelled;
+    });
+}
+
+CString ToviCheckStatusFileOut::ChooseOutput(const CString& proposed, const CString& caption) const
+{
+    SaveQuestion question = {proposed.substr(0, proposed.rfind('/')), MibGetFileName(proposed),
+                             "xls", "EXCELファイル(*.xls)", "*.xls"};
+    question.otherKinds = {{"xlsx", "EXCELブック(*.xlsx)", "*.xlsx"},
+                           {"ods", "OpenDocument(*.ods)", "*.ods"},
+                           {"pdf", "PDF(*.pdf)", "*.pdf"}};
+    UserInterface& user = *GetHostServices().userInterface;
+    for (CString output; user.ChooseSaveFile(question, output);) {
+        if (!IsDeliveryFolder(data, FolderOfFile(output))) return output;
+        user.ShowMessage(
+            "納品データのフォルダには保存できません。\n別のフォルダを指定してください。", caption,
+            MessageButtons::Ok, MessageIcon::Information);
+    }
+    return {};
 }
 
 CheckStatusOutcome ToviCheckStatusFileOut::Write(SpreadsheetApplication& application,
@@ -119,7 +156,9 @@ CheckStatusOutcome ToviCheckStatusFileOut::Fill(SpreadsheetApplication& applicat
     progress.SetRange(0, count);
     progress.SetStep(1);
     progress.SetPos(0);
+    progress.SetMessage("様式を準備しています...");
     progress.Show();
+    if (progress.GetCancel()) return CheckStatusOutcome::Cancelled;
     const auto book = application.Open(form);
     const int pages = PageSizes(count).GetSize();
     if (!book || !book->RepeatRows(rowsPerPage, CheckStatusCells::columns, pages)) {
@@ -127,6 +166,8 @@ CheckStatusOutcome ToviCheckStatusFileOut::Fill(SpreadsheetApplication& applicat
     }
     const CheckStatusOutcome outcome = WritePages(*book, progress);
     if (outcome != CheckStatusOutcome::Written) return outcome;
+    progress.SetMessage("保存しています...");
+    if (progress.GetCancel()) return CheckStatusOutcome::Cancelled;
     return book->Save(filled, format) ? CheckStatusOutcome::Written
                                       : CheckStatusOutcome::ApplicationFailed;
 }

@@ -15,21 +15,29 @@ class ToviProgressDlg;
 class ToviCheckStatusFileOut
 {
 public:
-    /// Starts the application with a folder for whatever it needs; null when that fails.
-    using Starter = std::function<std::unique_ptr<SpreadsheetApplication>(const CString& folder)>;
+    /// Starts the application with a folder for whatever it needs; null when that fails or \p
+    /// giveUp says so meanwhile.
+    using Starter = std::function<std::unique_ptr<SpreadsheetApplication>(
+        const CString& folder, const std::function<bool()>& giveUp)>;
 
     /// \p document and \p labels outlive it.
     ToviCheckStatusFileOut(ToviData& document, const ToviLabelManager& labels,
                            Starter starter = StartSpreadsheet);
 
     /// Asks for the output, writes it, tells how that ended in a message titled \p caption, and
-    /// opens what was written. True when it was.
-    bool FileOut(const CString& caption);
+    /// opens what was written. True when it was. \p place, if not null, is the path without an
+    /// ending that is proposed, and afterwards that of the output, or empty when none was chosen.
+    bool FileOut(const CString& caption, CString* place = nullptr);
     /// Writes the output \p path without a question or message. \p caption is the title of the
     /// progress.
     CheckStatusOutcome FileOut(const CString& caption, const CString& path);
 
 private:
+    /// \p cancelled becomes true when the user has given up waiting for it.
+    std::unique_ptr<SpreadsheetApplication> Start(const CString& folder, const CString& caption,
+                                                  bool& cancelled) const;
+    /// The path that the user chooses, never in the delivery's folder; empty when he gives up.
+    CString ChooseOutput(const CString& proposed, const CString& caption) const;
     CheckStatusOutcome Write(SpreadsheetApplication& application, const CString& folder,
                              const CString& output, const CString& caption) const;
     CheckStatusOutcome Fill(SpreadsheetApplication& application, const CString& form,

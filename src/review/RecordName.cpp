@@ -26,10 +26,20 @@ CString FileNamePart(std::string_view title)
     // A name that begins with a point would be hidden.
     return name.substr(std::min(name.find_first_not_of('.'), name.size()));
 }
+
+CString ProposedPath(const CString& folder, const CString& title, const char* what)
+{
+    const CString name = FileNamePart(title);
+    return folder + '/' + (name.empty() ? what : name + ' ' + what);
+}
 } // namespace
 
 CString ProposedRecordPath(const CString& folder, const CString& title)
 {
-    const CString name = FileNamePart(title);
-    return folder + '/' + (name.empty() ? "検査状況" : name + " 検査状況") + ".xml";
+    return ProposedPath(folder, title, "検査状況") + ".xml";
+}
+
+CString ProposedReportPath(const CString& folder, const CString& title)
+{
+    return ProposedPath(folder, ReplaceAll(title, ".", "．"), "検査結果");
 }

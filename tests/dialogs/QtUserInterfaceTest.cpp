@@ -6,12 +6,17 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QComboBox>
+#include <QDesktopServices>
+#include <QFileDialog>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <QUrl>
 
 namespace
 {
@@ -87,6 +92,55 @@ TEST(QtUserInterface, ProposesTheFirstOptionAndCancelToEnter)
     EXPECT_EQ(option, 1);
 }
 
+TEST(QtUserInterface, GivesAFileTheEndingOfTheChosenKind)
+{
+    const struct
+    {
+        int kind;
+        const char* typed;
+        const char* saved;
+    } cases[] = {{0, "検査 結果", "検査 結果.xls"},
+                 {1, "検査 結果", "検査 結果.pdf"},
+                 {1, "a.XLSX", "a.XLSX"}};
+    Host host;
+    const QTemporaryDir folder;
+    const CString place = folder.path().toStdString();
+    for (const auto& expected : cases) {
+        QTimer::singleShot(0, qApp, [&] {
+            auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+            auto* kinds = dialog->findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
+            for (int i = 0; i < expected.kind; ++i) QTest::keyClick(kinds, Qt::Key_Down);
+            dialog->selectFile(QString::fromUtf8(expected.typed));
+            QTest::keyClick(dialog, Qt::Key_Return);
+        });
+        SaveQuestion question = {place, "検査結果", "xls", "EXCELファイル(*.xls)", "*.xls"};
+        question.otherKinds = {{"pdf", "PDF(*.pdf)", "*.pdf"}};
+        CString path;
+        EXPECT_TRUE(host.user.ChooseSaveFile(question, path));
+        EXPECT_EQ(path, place + '/' + expected.saved);
+    }
+}
+
+/// Stands in for the desktop's programs.
+class Opener : public QObject
+{
+    Q_OBJECT
+
+public:
+    Opener() { QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "Open"); }
+    ~Opener() override { QDesktopServices::unsetUrlHandler(QStringLiteral("file")); }
+    Q_INVOKABLE void Open(const QUrl& url) { opened = url.toLocalFile(); }
+
+    QString opened;
+};
+
+TEST(QtUserInterface, OpensAFileOfAnyName)
+{
+    Opener opener;
+    EXPECT_TRUE(Host().user.OpenFile("/tmp/100% #1 検査?.html"));
+    EXPECT_EQ(opener.opened, QStringLiteral("/tmp/100% #1 検査?.html"));
+}
+
 TEST(ProgressWindow, CountsAndTellsOfACancelOnce)
 {
     Host host;
@@ -149,3 +203,5 @@ TEST(ProgressWindow, SurvivesItsOwner)
     InstallHostServices({});
 }
 } // namespace
+
+#include "QtUserInterfaceTest.moc"

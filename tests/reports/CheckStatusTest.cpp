@@ -135,9 +135,10 @@ struct Report
     ToviCheckStatusFileOut Writer()
     {
         return {*sample.document, *sample.document->GetLabelManager(),
-                [this](const CString& folder) -> std::unique_ptr<SpreadsheetApplication> {
+                [this](const CString& folder,
+                       const auto& giveUp) -> std::unique_ptr<SpreadsheetApplication> {
                     EXPECT_THAT(folder, HasSubstr("/QVScratch/QV-SUITE/QV-ExcelData/"));
-                    if (!sheet.Does("start")) return nullptr;
+                    if (giveUp() || !sheet.Does("start")) return nullptr;
                     return std::make_unique<FakeApplication>(sheet);
                 }};
     }
@@ -330,9 +331,39 @@ TEST(CheckStatus, AsksForTheFileAndTellsTheOutcome)
     Report report(1);
     EXPECT_FALSE(report.Writer().FileOut("報告"));
     EXPECT_TRUE(report.sample.services.user.Messages().IsEmpty()) << "given up without a word";
-    EXPECT_EQ(
-        report.sample.services.user.saveQuestion,
-        (SaveQuestion{report.temp.Path(), "検査結果", "xls", "EXCELファイル(*.xls)", "*.xls"}));
+    const SaveQuestion& question = report.sample.services.user.saveQuestion;
+    EXPECT_EQ(question.folder, report.temp.Path());
+    EXPECT_EQ(question.extension, "xls");
+    EXPECT_EQ(question.kind, "EXCELファイル(*.xls)");
+    for (const FileKind& kind : question.otherKinds) {
+        EXPECT_NE(FormatOfReport("r." + kind.extension), SpreadsheetFormat::Xls) << kind.kind;
+    }
+}
+
+TEST(CheckStatus, AsksAgainForAFolderOutsideTheDelivery)
+{
+    Report report(1);
+    ScriptedUserInterface& user = report.sample.services.user;
+    user.saveFiles = {report.sample.temp.Path("PHOTO/PIC/r.xls"), report.sample.temp.Path("r.xls"),
+                      report.output};
+    CString place = report.temp.Path("橋 検査結果");
+    EXPECT_TRUE(report.Writer().FileOut("報告", &place));
+    EXPECT_EQ(user.saveQuestion.name, "橋 検査結果");
+    EXPECT_EQ(user.Messages().GetSize(), 3) << "two refusals and the outcome";
+    EXPECT_EQ(place, report.output);
+    EXPECT_FALSE(report.Writer().FileOut("報告", &place));
+    EXPECT_EQ(place, "") << "given up";
+}
+
+TEST(CheckStatus, StopsWaitingForTheApplicationAtACancel)
+{
+    Report report(1);
+    ScriptedUserInterface& user = report.sample.services.user;
+    user.cancelAtPumps = {1};
+    EXPECT_FALSE(report.Writer().FileOut("報告"));
+    EXPECT_EQ(user.Messages()[0], "EXCELファイルへの書き込みをキャンセルしました。");
+    EXPECT_EQ(user.calls.size(), 1u) << "no question for a file";
+    report.ExpectNothingLeft();
 }
 
 TEST(CheckStatus, RemovesWhatAKilledRunHasLeft)
