@@ -12,3 +12,9 @@ int ToviGetUniversalName(const char* /*path*/, CString& /*out*/, bool /*upper*/)
 {
     return 0;
 }
+
+bool IsOnDisc(const CString& path)
+{
+    const auto drive = static_cast<DriveType>(ToviGetDriveType(path.c_str()));
+    return drive == DriveType::Removable || drive == DriveType::Optical;
+}

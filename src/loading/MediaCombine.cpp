@@ -8,6 +8,7 @@
 #include "platform/MibCopy.h"
 #include "platform/MibFile.h"
 #include "platform/MountTable.h"
+#include "reports/ToviProgressDlg.h"
 
 #include <utility>
 
@@ -97,7 +98,7 @@ bool MediaCombine::Take(const CString& path, bool rebuildPaths)
     return true;
 }
 
-bool MediaCombine::CopyDisc(const CString& source) const
+bool MediaCombine::CopyDisc(const CString& source)
 {
     return CopyFilesAbove(source) && CopyPhotographs(source);
 }
@@ -119,13 +120,19 @@ bool MediaCombine::CopyFilesAbove(const CString& source) const
     return true;
 }
 
-bool MediaCombine::CopyPhotographs(const CString& source) const
+bool MediaCombine::CopyPhotographs(const CString& source)
 {
-    const auto show = [] { ShowProgress("写真・参考図 のコピー中..."); };
-    show();
-    const bool copied = MibDeepCopyDirectory(source, area.photoFolder).Execute(show);
-    ShowProgress("");
-    if (!copied) {
+    MibDeepCopyDirectory copy(source, area.photoFolder);
+    ToviProgressDlg progress(false);
+    progress.Begin(copy.CountFiles());
+    progress.SetMessage("写真・参考図 のコピー中...");
+    const bool copied = copy.Execute([&] {
+        progress.StepIt();
+        cancelled = progress.GetCancel();
+        return !cancelled;
+    });
+    progress.DestroyWindow();
+    if (!copied && !cancelled) {
         Tell("写真データの取込（コピー）に失敗しました。\nメディア単位での閲覧を行ってください。",
              MessageIcon::Warning);
     }

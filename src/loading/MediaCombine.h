@@ -30,9 +30,10 @@ public:
 
     /// Begins with the folder \p path of a PHOTO.XML. With \p rebuildPaths the paths that the
     /// photographs have on this first disc are thrown away once the copy stands. False, after a
-    /// message, for a path on no known kind of drive and for a copy that failed; the area is then
-    /// gone.
+    /// message, for a path on no known kind of drive and for a copy that failed, and without one
+    /// for a copy that the user has cancelled; the area is then gone.
     bool Run(CString path, bool rebuildPaths);
+    bool IsCancelled() const { return cancelled; }
 
     /// The folder from which the delivery was opened in the end.
     const CString& DataFolderPath() const { return dataFolder; }
@@ -40,13 +41,14 @@ public:
 private:
     /// Takes up one disc or folder.
     bool Take(const CString& path, bool rebuildPaths);
-    bool CopyDisc(const CString& source) const;
+    bool CopyDisc(const CString& source);
     bool CopyFilesAbove(const CString& source) const;
-    bool CopyPhotographs(const CString& source) const;
+    bool CopyPhotographs(const CString& source);
     void PointDocumentAtData(bool forgetPaths);
     CStringArray MissingNames() const;
 
     ToviData& document;
     CombineArea area;
     CString dataFolder;
+    bool cancelled = false;
 };

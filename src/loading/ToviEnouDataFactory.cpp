@@ -54,6 +54,7 @@ bool ToviEnouDataFactory::StartCombineProc(CString path, ToviData* opened, bool 
     MediaCombine combine(*opened);
     const bool ended = combine.Run(std::move(path), rebuildPaths);
     dataFolderPath = combine.DataFolderPath();
+    combineCancelled = combine.IsCancelled();
     return ended;
 }
 

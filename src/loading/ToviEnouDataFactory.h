@@ -15,8 +15,10 @@ public:
 
     /// Gathers the delivery that is open as \p opened from its discs, beginning with \p path, the
     /// folder of PHOTO.XML (see MediaCombine::Run). True when the run ended normally, also when the
-    /// user gave up with files still missing; false, after a message, when it failed.
+    /// user gave up with files still missing; false, after a message, when it failed, and without
+    /// one when the user has cancelled the copying, as IsCombineCancelled() then tells.
     bool StartCombineProc(CString path, ToviData* opened, bool rebuildPaths);
+    bool IsCombineCancelled() const { return combineCancelled; }
     /// Removes what StartCombineProc has copied to the local disk, also in an earlier run of the
     /// program. A delivery that was opened from there is gone with it.
     void DeleteTempData();
@@ -30,4 +32,5 @@ protected:
 private:
     CString problem;
     CString dataFolderPath;
+    bool combineCancelled = false;
 };

@@ -111,7 +111,7 @@ bool ReadFolder(const CString& folder, Entries& entries)
     return !error;
 }
 
-bool CopyFolder(const CString& from, const CString& to, const std::function<void()>& progress)
+bool CopyFolder(const CString& from, const CString& to, const std::function<bool()>& goOn)
 {
     Entries entries;
     if (!ReadFolder(from, entries) || !MibCreateDirectory(to)) return false;
@@ -121,13 +121,22 @@ bool CopyFolder(const CString& from, const CString& to, const std::function<void
         return to + '/' + (found == known.end() ? name : found->second);
     };
     for (const CString& name : entries.files) {
-        if (progress) progress();
+        if (goOn && !goOn()) return false;
         if (MibCopyFileEx(from + '/' + name, placeOf(name)) != CopyFailure::None) return false;
     }
     for (const CString& name : entries.folders) {
-        if (!CopyFolder(from + '/' + name, placeOf(name), progress)) return false;
+        if (!CopyFolder(from + '/' + name, placeOf(name), goOn)) return false;
     }
     return true;
+}
+
+int CountIn(const CString& folder)
+{
+    Entries entries;
+    ReadFolder(folder, entries);
+    int count = static_cast<int>(entries.files.size());
+    for (const CString& name : entries.folders) count += CountIn(folder + '/' + name);
+    return count;
 }
 
 /// As MibIsInside, also for a path that isn't there yet.
@@ -203,10 +212,15 @@ MibDeepCopyDirectory::MibDeepCopyDirectory(CString from, CString to)
     : source(std::move(from)), target(std::move(to))
 {}
 
-bool MibDeepCopyDirectory::Execute(const std::function<void()>& progress)
+int MibDeepCopyDirectory::CountFiles() const
+{
+    return CountIn(WithoutTrailingSeparator(ExistingPath(source)));
+}
+
+bool MibDeepCopyDirectory::Execute(const std::function<bool()>& goOn)
 {
     const CString from = WithoutTrailingSeparator(ExistingPath(source));
     const CString to = WithoutTrailingSeparator(target);
     if (from.empty() || to.empty() || LiesInside(from, to)) return false;
-    return CopyFolder(from, to, progress);
+    return CopyFolder(from, to, goOn);
 }

@@ -47,10 +47,12 @@ class TOVI_EXPORT MibDeepCopyDirectory
 public:
     MibDeepCopyDirectory(CString from, CString to);
 
-    /// Calls \p progress (may be empty) before each file. False as soon as anything can't be
-    /// copied, with what was copied left in its place; false at once when the target lies inside
-    /// the source.
-    [[nodiscard]] bool Execute(const std::function<void()>& progress = {});
+    /// The number of files to copy, as far as they can be listed.
+    int CountFiles() const;
+    /// Asks \p goOn (may be empty) before each file. False as soon as that says no or anything
+    /// can't be copied, with what was copied left in its place; false at once when the target lies
+    /// inside the source.
+    [[nodiscard]] bool Execute(const std::function<bool()>& goOn = {});
 
 private:
     CString source;

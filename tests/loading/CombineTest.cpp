@@ -167,10 +167,10 @@ TEST_F(Combine, LeavesNothingWhenADiscIsPulledOut)
     fs::create_directories(disc);
     DiskMount mounted(disc, "tmpfs", "size=64m");
     fs::copy(aside, disc, fs::copy_options::recursive);
-    int files = 0;
-    host.user.onProgress = [&](const CString& text) {
-        const bool onSecond = !host.user.folderQuestion.title.empty() && !text.empty();
-        if (!onSecond || ++files != 3) return;
+    int pumps = 0;
+    host.user.onPump = [&] {
+        const bool onSecond = !host.user.folderQuestion.title.empty();
+        if (!onSecond || ++pumps != 3) return;
         if (mounted.IsThere()) {
             mounted.PullOut();
         } else {
@@ -179,8 +179,19 @@ TEST_F(Combine, LeavesNothingWhenADiscIsPulledOut)
     };
     EXPECT_FALSE(Run({Disc(2)}));
     EXPECT_THAT(Texts(host.user.Messages()), ElementsAre(copyFailed));
-    EXPECT_EQ(files, 3 + 1) << "the message of the removal is the last";
+    EXPECT_GE(pumps, 3);
+    EXPECT_FALSE(factory.IsCombineCancelled());
     EXPECT_FALSE(fs::exists(FindCombineArea().folder));
+}
+
+TEST_F(Combine, LeavesNothingOfWhatTheUserHasCancelled)
+{
+    host.user.cancelAtPumps = {5};
+    EXPECT_FALSE(Run({Disc(2), Disc(3)}));
+    EXPECT_TRUE(factory.IsCombineCancelled());
+    EXPECT_TRUE(host.user.Messages().IsEmpty()) << "nothing has failed";
+    EXPECT_FALSE(fs::exists(FindCombineArea().folder));
+    EXPECT_THAT(host.user.progress, testing::Contains("message 写真・参考図 のコピー中..."));
 }
 
 TEST_F(Combine, LeavesNothingWhenTheWorkVolumeIsFull)

@@ -5,7 +5,6 @@
 #include "loading/DeliveryLocation.h"
 #include "loading/DriveType.h"
 #include "loading/ToviEnouDataFactory.h"
-#include "platform/MountTable.h"
 #include "platform/TerminalUserInterface.h"
 
 #include <deque>
@@ -58,13 +57,6 @@ bool FindDiscs(const std::vector<std::string>& folders, std::deque<CString>& dis
     return true;
 }
 
-bool IsOnDisc(const CString& folder)
-{
-    const unsigned int drive = ToviGetDriveType(folder.c_str());
-    return drive == static_cast<unsigned int>(DriveType::Removable) ||
-           drive == static_cast<unsigned int>(DriveType::Optical);
-}
-
 int Report(ToviData& document, const CString& dataFolder)
 {
     int found = 0;
@@ -101,7 +93,9 @@ int Run(const Arguments& arguments)
     // What an earlier delivery has left there would pass for this one's photographs.
     if (IsOnDisc(delivery.photoFolder)) factory.DeleteTempData();
     if (!factory.StartCombineProc(delivery.photoFolder, delivery.document.get(), true)) {
-        return ExitFailed;
+        if (!factory.IsCombineCancelled()) return ExitFailed;
+        Complain("中断しました。作業フォルダにコピーしたものは消しました。");
+        return ExitInterrupted;
     }
     return Report(*delivery.document, factory.GetDataFolderPath());
 }
