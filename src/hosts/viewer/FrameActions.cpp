@@ -44,9 +44,14 @@ consteval std::optional<PictureName> Picture(const char* name)
 const Row rows[] = {
     {Open, "開く(&O)...", "Ctrl+O", Picture("open"), Plain, "開く"},
     {OpenWithFamily, "要領を指定して開く(&F)...", "Ctrl+Shift+O", {}, Plain},
+    {OpenDiscs, "複数のメディアから開く(&D)...", "", {}, Plain},
     {OpenRecord, "検査状況を開く(&R)...", "Ctrl+R", Picture("record-open"), OnDelivery},
     {Save, "上書き保存(&S)", "Ctrl+S", Picture("save"), OnDelivery, "保存"},
     {SaveAs, "名前を付けて保存(&A)...", "Ctrl+Shift+S", Picture("save-as"), OnDelivery},
+    {WriteReport, "検査結果の出力(&P)...", "Ctrl+E", {}, OnDelivery},
+    {SavePhoto, "選択中の写真を保存(&H)...", "", {}, OnDelivery},
+    {SaveShownPhotos, "表示中の写真を保存(&W)...", "", {}, OnDelivery},
+    {ShowIndex, "工事の概要をブラウザで表示(&I)", "", {}, OnDelivery},
     {CloseDelivery, "閉じる(&C)", "Ctrl+W", {}, OnDelivery},
     {Quit, "終了(&X)", "Ctrl+Q", Picture("quit"), Plain},
     {FirstPage, "最初のページ(&F)", "Ctrl+Home", Picture("page-first"), OnDelivery, "最初"},
@@ -139,10 +144,12 @@ void FrameActions::FillMenus(QMainWindow* frame, QMenu* recent,
     const auto add = [frame](const char* title) { return frame->menuBar()->addMenu(Text(title)); };
 
     QMenu* file = add("ファイル(&F)");
-    fill(file, {Open, OpenWithFamily});
+    fill(file, {Open, OpenWithFamily, OpenDiscs});
     file->addMenu(recent);
     file->addSeparator();
     fill(file, {OpenRecord, Save, SaveAs});
+    file->addSeparator();
+    fill(file, {WriteReport, SavePhoto, SaveShownPhotos, ShowIndex});
     file->addSeparator();
     fill(file, {CloseDelivery, Quit});
 

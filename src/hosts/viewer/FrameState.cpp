@@ -1,6 +1,8 @@
 #include "hosts/viewer/FrameState.h"
 
 #include "platform/HostServices.h"
+#include "platform/MibFile.h"
+#include "platform/UserFolders.h"
 
 namespace
 {
@@ -37,9 +39,10 @@ void FrameState::WriteBytes(const char* entry, const QByteArray& bytes)
     Write(section, entry, bytes.toBase64().toStdString());
 }
 
-CString FrameState::LastFolder(const char* entry)
+CString FrameState::FolderToStartIn(const char* entry)
 {
-    return Read(section, entry);
+    const CString last = Read(section, entry);
+    return MibIsFolderExist(last) ? last : CurrentUserFolders().documents;
 }
 
 void FrameState::SetLastFolder(const char* entry, const CString& folder)

@@ -55,6 +55,7 @@ MainFrame::MainFrame()
     slideShow = std::make_unique<SlideShow>(this, photoPanel.get());
     ConnectCommands();
     ConnectLabelCommands();
+    ConnectOutputs();
     ConnectSettings();
     FillRecent();
     RestoreState();

@@ -29,6 +29,9 @@ public:
     /// Opens the delivery in \p path (a folder or a PHOTO.XML), asking first about unsaved work.
     /// What is wrong with it is shown in the window. False when it isn't open.
     bool OpenDelivery(const CString& path, std::optional<PhotoXMLType> family);
+    /// Opens the delivery whose first disc or folder is \p path, and asks for the others until no
+    /// file is missing or the user gives up. As above otherwise.
+    bool OpenDiscs(const CString& path);
     /// Takes up the inspection in the file \p path. What is wrong is told in a message.
     bool OpenRecord(const CString& path);
 
@@ -49,6 +52,9 @@ private:
 
     void ChooseDelivery(std::optional<PhotoXMLType> family);
     void ChooseDeliveryWithFamily();
+    /// Shows the delivery that was opened, or the \p problem for which it wasn't. False when there
+    /// is one.
+    bool ShowOpened(const CString& problem);
     void ChooseRecord();
     bool Save();
     bool SaveAs();
@@ -56,6 +62,13 @@ private:
     void CloseDelivery();
     /// Lets the user save unsaved work. False when the user doesn't want to go on.
     bool AskToSave();
+
+    void ConnectOutputs();
+    void ChooseDiscs();
+    void WriteReport();
+    void SavePhoto();
+    void SaveShownPhotos();
+    void ShowIndex();
 
     void SwitchTree(int tab);
     void ChangeSetting(const std::function<void(ToviPhotoCtrlVisualSetting&)>& change);

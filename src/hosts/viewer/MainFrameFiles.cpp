@@ -8,7 +8,6 @@
 #include "platform/HostServices.h"
 #include "platform/MibFile.h"
 #include "platform/QtText.h"
-#include "platform/UserFolders.h"
 #include "review/RecordName.h"
 #include "review/RecordProblems.h"
 
@@ -19,20 +18,12 @@
 
 namespace
 {
-constexpr const char* deliveryFolderEntry = "DeliveryFolder";
 constexpr const char* recordFolderEntry = "RecordFolder";
 
 /// The folder that \p path means: of a PHOTO.XML the one that it stands in.
 CString DeliveryFolder(const CString& path)
 {
     return MibIsFileExist(path) ? FolderOfFile(path) : path;
-}
-
-/// \p entry's folder if it is still there, else that of the user's documents.
-CString FolderToStartIn(const char* entry)
-{
-    const CString last = FrameState::LastFolder(entry);
-    return MibIsFolderExist(last) ? last : CurrentUserFolders().documents;
 }
 
 QString RecordFilter()
@@ -45,28 +36,29 @@ bool MainFrame::OpenDelivery(const CString& path, std::optional<PhotoXMLType> fa
 {
     if (!AskToSave()) return false;
     slideShow->End();
-    const CString problem = document.Open(DeliveryFolder(path), family);
-    startPage->ShowProblem(problem);
-    if (!problem.empty()) {
-        // While another delivery stays open, the page that would tell is out of sight.
-        if (document.Data() != nullptr) Tell(problem);
-        Refresh();
-        return false;
-    }
+    if (!ShowOpened(document.Open(DeliveryFolder(path), family))) return false;
     CString folder = MibAbsolutePath(DeliveryFolder(path));
     while (folder.size() > 1 && folder.ends_with('/')) folder.pop_back();
     FrameState::AddRecentDelivery(folder);
-    FrameState::SetLastFolder(deliveryFolderEntry, FolderOfFile(folder));
+    FrameState::SetLastFolder(FrameState::deliveryFolder, FolderOfFile(folder));
     FillRecent();
-    // Of a new delivery everything is shown; a switch of the tab tells the document so.
-    trees->setCurrentIndex(trees->indexOf(folderTree.get()));
-    Refresh();
     return true;
+}
+
+bool MainFrame::ShowOpened(const CString& problem)
+{
+    startPage->ShowProblem(problem);
+    // Of a new delivery everything is shown; a switch of the tab tells the document so.
+    if (problem.empty()) trees->setCurrentIndex(trees->indexOf(folderTree.get()));
+    // While another delivery stays open, the page that would tell is out of sight.
+    if (!problem.empty() && document.Data() != nullptr) Tell(problem);
+    Refresh();
+    return problem.empty();
 }
 
 void MainFrame::ChooseDelivery(std::optional<PhotoXMLType> family)
 {
-    CString folder = FolderToStartIn(deliveryFolderEntry);
+    CString folder = FrameState::FolderToStartIn(FrameState::deliveryFolder);
     UserInterface& user = *GetHostServices().userInterface;
     if (user.ChooseFolder(folder,
                           "PHOTO.XML のあるフォルダ、またはその上のフォルダを選んでください",
@@ -99,9 +91,9 @@ bool MainFrame::OpenRecord(const CString& path)
 void MainFrame::ChooseRecord()
 {
     if (!AskToSave()) return;
-    const QString path =
-        QFileDialog::getOpenFileName(this, QStringLiteral("検査状況を開く"),
-                                     QtText(FolderToStartIn(recordFolderEntry)), RecordFilter());
+    const QString path = QFileDialog::getOpenFileName(
+        this, QStringLiteral("検査状況を開く"),
+        QtText(FrameState::FolderToStartIn(recordFolderEntry)), RecordFilter());
     if (path.isEmpty()) return;
     FrameState::SetLastFolder(recordFolderEntry, FolderOfFile(FromQtText(path)));
     OpenRecord(FromQtText(path));
@@ -116,7 +108,7 @@ bool MainFrame::SaveAs()
 {
     const CString proposed =
         document.RecordPath().empty()
-            ? ProposedRecordPath(FolderToStartIn(recordFolderEntry), document.Title())
+            ? ProposedRecordPath(FrameState::FolderToStartIn(recordFolderEntry), document.Title())
             : document.RecordPath();
     QFileDialog dialog(this, QStringLiteral("検査状況を保存"), QString(), RecordFilter());
     dialog.setAcceptMode(QFileDialog::AcceptSave);

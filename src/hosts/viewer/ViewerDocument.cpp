@@ -1,6 +1,8 @@
 #include "hosts/viewer/ViewerDocument.h"
 
 #include "loading/DeliveryOpening.h"
+#include "loading/DriveType.h"
+#include "loading/ToviEnouDataFactory.h"
 #include "loading/WorkTitle.h"
 #include "panels/ToviPanel.h"
 #include "platform/controls/WindowHandle.h"
@@ -23,6 +25,29 @@ CString ViewerDocument::Open(const CString& path, std::optional<PhotoXMLType> fa
     OpenedDelivery opened = OpenDelivery(*this, path, family, familyHint);
     if (!opened.IsLoaded()) return opened.problem;
     Close();
+    Take(std::move(opened));
+    return {};
+}
+
+CString ViewerDocument::OpenDiscs(const CString& path)
+{
+    OpenedDelivery opened = OpenDelivery(*this, path, std::nullopt, familyHint);
+    if (!opened.IsLoaded()) return opened.problem;
+    Close();
+    ToviEnouDataFactory factory;
+    // What an earlier delivery has left there would pass for this one's photographs.
+    if (IsOnDisc(opened.photoFolder)) factory.DeleteTempData();
+    if (!factory.StartCombineProc(opened.photoFolder, opened.document.get(), true)) {
+        return factory.IsCombineCancelled() ? "写真の取込を中止しました。"
+                                            : "写真を取り込めませんでした。メディアと、作業フォルダ"
+                                              "の空き容量を確かめてください。";
+    }
+    Take(std::move(opened));
+    return {};
+}
+
+void ViewerDocument::Take(OpenedDelivery opened)
+{
     data = std::move(opened.document);
     folder = opened.folder;
     workTitle = ReadWorkTitle(data->GetItemDef()->GetParentPath());
@@ -32,7 +57,6 @@ CString ViewerDocument::Open(const CString& path, std::optional<PhotoXMLType> fa
     data->BuildTreeNode(data->GetVisualSetting().GetTreeType());
     for (ToviPanel* panel : panels) panel->Attach(data.get());
     UpdateAllViews(nullptr, ToviData::HintInitialize, nullptr);
-    return {};
 }
 
 void ViewerDocument::Close()

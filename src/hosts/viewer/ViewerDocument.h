@@ -9,6 +9,7 @@
 #include <vector>
 
 class ToviPanel;
+struct OpenedDelivery;
 
 /// The open delivery, the panels that show it, and the record that its inspection is saved to.
 class ViewerDocument : public QObject, public CDocument
@@ -24,6 +25,10 @@ public:
     /// Opens the delivery in the folder \p path in place of the one before, which stays when this
     /// fails. Returns what is wrong in a sentence, empty when nothing is.
     CString Open(const CString& path, std::optional<PhotoXMLType> family);
+    /// Opens the delivery whose first disc is in the folder \p path and gathers it from all of them
+    /// (see MediaCombine). Returns as Open; what failed with the discs was told before, and the
+    /// delivery that was open is closed then.
+    CString OpenDiscs(const CString& path);
     void Close();
     /// Null while no delivery is open.
     ToviData* Data() const { return data.get(); }
@@ -51,6 +56,9 @@ signals:
     void Updated();
 
 private:
+    /// Shows \p opened, which is loaded.
+    void Take(OpenedDelivery opened);
+
     std::vector<ToviPanel*> panels;
     std::unique_ptr<ToviData> data;
     CString folder;
