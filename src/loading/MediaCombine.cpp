@@ -55,6 +55,11 @@ CombineArea FindCombineArea()
     return {folder, folder + "/PHOTO"};
 }
 
+bool StartsCombineArea(const CString& path)
+{
+    return IsOnDisc(path) && !MibIsInside(FindCombineArea().folder, path);
+}
+
 MediaCombine::MediaCombine(ToviData& opened) : document(opened), area(FindCombineArea()) {}
 
 bool MediaCombine::Run(CString path, bool rebuildPaths)
@@ -80,7 +85,8 @@ bool MediaCombine::Take(const CString& path, bool rebuildPaths)
     CString source = path;
     ToviGetUniversalName(path.c_str(), source, true);
     const DriveType drive = DriveOf(source);
-    if (IsUsedInPlace(drive)) {
+    // A work folder on a removable disk: a copy of the area would have to be copied over itself.
+    if (IsUsedInPlace(drive) || MibIsInside(area.folder, source)) {
         dataFolder = source;
         PointDocumentAtData(false);
         return true;

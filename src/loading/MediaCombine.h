@@ -19,6 +19,10 @@ struct CombineArea
 /// The area of this user.
 CombineArea FindCombineArea();
 
+/// True when a combine that begins with the folder \p path fills the area anew, so that it is to be
+/// wiped first: what an earlier delivery has left would pass for photographs of this one.
+TOVI_EXPORT bool StartsCombineArea(const CString& path);
+
 /// Gathers a delivery that is spread over several discs: each is copied into the area, and the
 /// document pointed there; what lies on a hard disk or a share is used in its place. The user is
 /// asked for the next one until no file is missing or he gives up.

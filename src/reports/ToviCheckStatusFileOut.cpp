@@ -140,6 +140,9 @@ CheckStatusOutcome ToviCheckStatusFileOut::Write(SpreadsheetApplication& applica
     if (MibIsReadOnly(output)) return CheckStatusOutcome::OutputReadOnly;
     const CString filled = folder + "/report";
     const CheckStatusOutcome outcome = Fill(application, copy, filled, format, caption);
+    // An interrupt that hit the office, or that came after the last time somebody asked: from here
+    // on the old file is gone.
+    if (WasInterrupted()) return CheckStatusOutcome::Cancelled;
     if (outcome != CheckStatusOutcome::Written) return outcome;
     return Copy(filled, output, largestReport);
 }

@@ -158,6 +158,22 @@ TEST_F(Combine, UsesAHardDiskInItsPlace)
     EXPECT_FALSE(factory.StartCombineProc(Disc(1), nullptr, true));
 }
 
+TEST_F(Combine, UsesItsOwnAreaInItsPlaceOnARemovableDiskToo)
+{
+    EXPECT_TRUE(StartsCombineArea(Disc(1)));
+    EXPECT_TRUE(Run({Disc(2)}));
+    const CString gathered = FindCombineArea().photoFolder;
+    Environment removable = GetEnvironment();
+    removable.driveTypeOf = [](const CString&) { return DriveType::Removable; };
+    SetEnvironment(removable);
+    EXPECT_FALSE(StartsCombineArea(gathered));
+    ToviEnouDataFactory creator;
+    document.reset(creator.Create(nullptr, gathered.c_str(), PhotoXMLMlit, nullptr, nullptr));
+    host.user.folders = {Disc(3)};
+    EXPECT_TRUE(creator.StartCombineProc(gathered, document.get(), true));
+    EXPECT_EQ(Found(), 6);
+}
+
 TEST_F(Combine, LeavesNothingWhenADiscIsPulledOut)
 {
     // The disc is a mount of its own where the test may make one, else its folder goes.

@@ -3,7 +3,7 @@
 #include "hosts/cli/UserInPlace.h"
 
 #include "loading/DeliveryLocation.h"
-#include "loading/DriveType.h"
+#include "loading/MediaCombine.h"
 #include "loading/ToviEnouDataFactory.h"
 #include "platform/TerminalUserInterface.h"
 
@@ -90,8 +90,7 @@ int Run(const Arguments& arguments)
     ToviEnouDataFactory factory;
     PreparedUser user(std::move(discs));
     const UserInPlace inPlace(user);
-    // What an earlier delivery has left there would pass for this one's photographs.
-    if (IsOnDisc(delivery.photoFolder)) factory.DeleteTempData();
+    if (StartsCombineArea(delivery.photoFolder)) factory.DeleteTempData();
     if (!factory.StartCombineProc(delivery.photoFolder, delivery.document.get(), true)) {
         if (!factory.IsCombineCancelled()) return ExitFailed;
         Complain("中断しました。作業フォルダにコピーしたものは消しました。");

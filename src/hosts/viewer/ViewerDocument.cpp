@@ -1,12 +1,13 @@
 #include "hosts/viewer/ViewerDocument.h"
 
 #include "loading/DeliveryOpening.h"
-#include "loading/DriveType.h"
+#include "loading/MediaCombine.h"
 #include "loading/ToviEnouDataFactory.h"
 #include "loading/WorkTitle.h"
 #include "panels/ToviPanel.h"
 #include "platform/controls/WindowHandle.h"
 #include "platform/MibFile.h"
+#include "reports/OutputPhotoFolder.h"
 #include "review/RecordProblems.h"
 
 namespace
@@ -35,8 +36,7 @@ CString ViewerDocument::OpenDiscs(const CString& path)
     if (!opened.IsLoaded()) return opened.problem;
     Close();
     ToviEnouDataFactory factory;
-    // What an earlier delivery has left there would pass for this one's photographs.
-    if (IsOnDisc(opened.photoFolder)) factory.DeleteTempData();
+    if (StartsCombineArea(opened.photoFolder)) factory.DeleteTempData();
     if (!factory.StartCombineProc(opened.photoFolder, opened.document.get(), true)) {
         return factory.IsCombineCancelled() ? "写真の取込を中止しました。"
                                             : "写真を取り込めませんでした。メディアと、作業フォルダ"
@@ -79,8 +79,7 @@ CString ViewerDocument::Title() const
 
 CString ViewerDocument::SaveRecord(const CString& path)
 {
-    if (MibIsInside(data->RootPath(), FolderOfFile(path)) ||
-        MibIsInside(folder, FolderOfFile(path))) {
+    if (IsDeliveryFolder(*data, FolderOfFile(path)) || MibIsInside(folder, FolderOfFile(path))) {
         return "納品データのフォルダには保存しません。別のフォルダを選んでください。";
     }
     int reason = noReason;
