@@ -119,7 +119,6 @@ void ToviPhotoListCtrl::SetupThumbList()
 
 void ToviPhotoListCtrl::SetupManagementList()
 {
-    const QPointer<QWidget> focus = QApplication::focusWidget();
     GaluWaitMovieDlg wait;
     wait.Create(this);
     wait.Animation(0);
@@ -130,9 +129,6 @@ void ToviPhotoListCtrl::SetupManagementList()
         SetColumnWidth(column, columnWidth);
     }
     wait.End();
-    if (!focus) return;
-    focus->activateWindow();
-    focus->setFocus();
 }
 
 void ToviPhotoListCtrl::Refill()

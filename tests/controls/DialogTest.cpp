@@ -88,7 +88,8 @@ TEST(GaluWaitMovieDlg, MovesWhileTheWorkIsDoneBeside)
     const std::thread::id here = std::this_thread::get_id();
     std::thread::id there = here;
     std::atomic<bool> ticked = false;
-    QTimer::singleShot(0, &wait, [&] {
+    QTimer::singleShot(0, &wait, [&] { EXPECT_FALSE(wait.isVisible()) << "too early"; });
+    QTimer::singleShot(GaluWaitMovieDlg::delay + std::chrono::milliseconds(100), &wait, [&] {
         EXPECT_TRUE(wait.isVisible());
         QTest::keyClick(&wait, Qt::Key_Escape);
         wait.close();
@@ -106,12 +107,26 @@ TEST(GaluWaitMovieDlg, MovesWhileTheWorkIsDoneBeside)
     EXPECT_FALSE(wait.isVisible());
 }
 
+TEST(GaluWaitMovieDlg, ComesUpOnlyOverALongWork)
+{
+    GaluWaitMovieDlg wait;
+    wait.Create(nullptr);
+    wait.Start();
+    wait.Message("数え中...");
+    EXPECT_FALSE(wait.isVisible());
+    std::this_thread::sleep_for(GaluWaitMovieDlg::delay);
+    wait.Message("数え中...", 50);
+    EXPECT_TRUE(wait.isVisible());
+    wait.End();
+    EXPECT_FALSE(QTest::qWaitFor([&wait] { return wait.isVisible(); }, 600)) << "after the end";
+}
+
 TEST(GaluWaitMovieDlg, TellsOnceOfCancel)
 {
     GaluWaitMovieDlg wait;
     wait.Create(nullptr);
     wait.Start();
-    EXPECT_TRUE(wait.isVisible());
+    EXPECT_TRUE(QTest::qWaitFor([&wait] { return wait.isVisible(); }, 5000));
     QTest::keyClick(&wait, Qt::Key_Escape);
     EXPECT_TRUE(wait.isVisible());
     EXPECT_TRUE(wait.GetCancel());

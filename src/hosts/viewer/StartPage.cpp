@@ -32,6 +32,7 @@ StartPage::StartPage(QAction* open)
     problem->setStyleSheet(
         QStringLiteral("QLabel { background: #fdecea; color: #7a1f16; border: 1px "
                        "solid #e6b3ad; border-radius: 4px; padding: 10px; }"));
+    problem->setObjectName(QStringLiteral("problem"));
     problem->hide();
     column->addWidget(problem);
     column->addWidget(Line(QStringLiteral("工事写真の電子納品データを開いてください。PHOTO.XML "

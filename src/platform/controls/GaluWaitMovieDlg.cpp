@@ -34,6 +34,9 @@ GaluWaitMovieDlg::GaluWaitMovieDlg()
     message->setTextFormat(Qt::PlainText);
     bar->hide();
     connect(cancelButton, &QPushButton::clicked, this, &WenDialog::reject);
+    appearance.setSingleShot(true);
+    appearance.setInterval(delay);
+    connect(&appearance, &QTimer::timeout, this, &GaluWaitMovieDlg::Appear);
     auto* const layout = new QVBoxLayout(this);
     layout->addWidget(movie);
     layout->addWidget(message);
@@ -62,7 +65,11 @@ void GaluWaitMovieDlg::Message(const CString& text, int pos)
     setAccessibleName(message->text());
     bar->setVisible(pos >= 0);
     bar->setValue(pos);
-    if (isVisible()) Repaint();
+    if (isVisible()) {
+        Repaint();
+    } else if (started.isValid() && started.hasExpired(delay.count())) {
+        Appear();
+    }
 }
 
 bool GaluWaitMovieDlg::GetCancel()
@@ -73,6 +80,22 @@ bool GaluWaitMovieDlg::GetCancel()
 void GaluWaitMovieDlg::Start()
 {
     cancelled = false;
+    started.start();
+    appearance.start();
+}
+
+void GaluWaitMovieDlg::End()
+{
+    appearance.stop();
+    started.invalidate();
+    hide();
+}
+
+/// Brings the window up, painted, before it returns.
+void GaluWaitMovieDlg::Appear()
+{
+    appearance.stop();
+    if (isVisible()) return;
     show();
     QElapsedTimer waited;
     waited.start();
@@ -81,25 +104,29 @@ void GaluWaitMovieDlg::Start()
     } while (!windowHandle()->isExposed() && waited.elapsed() < longestWait);
 }
 
-void GaluWaitMovieDlg::End()
-{
-    hide();
-}
-
 void GaluWaitMovieDlg::Run(const std::function<void()>& work)
 {
     Start();
     std::exception_ptr failure;
+    bool done = false;
     QEventLoop loop;
+    QTimer::singleShot(delay, &loop, &QEventLoop::quit);
     std::thread worker([&] {
         try {
             work();
         } catch (...) {
             failure = std::current_exception();
         }
-        QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            &loop,
+            [&] {
+                done = true;
+                loop.quit();
+            },
+            Qt::QueuedConnection);
     });
-    loop.exec();
+    loop.exec(QEventLoop::ExcludeUserInputEvents);
+    if (!done) loop.exec();
     worker.join();
     End();
     if (failure) std::rethrow_exception(failure);

@@ -3,7 +3,11 @@
 #include "platform/controls/WenDialog.h"
 #include "platform/Text.h"
 
+#include <QElapsedTimer>
+#include <QTimer>
+
 #include <atomic>
+#include <chrono>
 #include <functional>
 
 class QLabel;
@@ -18,6 +22,9 @@ class TOVI_EXPORT GaluWaitMovieDlg : public WenDialog
     Q_OBJECT
 
 public:
+    /// How long a work lasts that nobody is told of.
+    static constexpr std::chrono::milliseconds delay{400};
+
     GaluWaitMovieDlg();
 
     /// Chooses the window \p parent over which this one stands; null: none.
@@ -31,14 +38,15 @@ public:
     /// True once after the user has cancelled. May be asked from the thread of Run's work.
     bool GetCancel();
 
-    /// Brings the window up, painted, before it returns. Timers may fire in it; no input is
-    /// handled.
+    /// From now on the window comes up if the work still lasts after delay: at the next Message, or
+    /// by itself where the work lets events be handled. A short work shows nothing.
     void Start();
     void End();
 
     /// Starts, does \p work beside, so that the picture moves and the window answers, and ends.
     /// Returns when the work is done; what it throws is thrown here. The work touches no window and
-    /// nothing that a timer or another thread could touch meanwhile.
+    /// nothing that a timer or another thread could touch meanwhile. No input is handled before
+    /// the window is up.
     void Run(const std::function<void()>& work);
 
 protected:
@@ -47,6 +55,7 @@ protected:
     void OnCancel() override;
 
 private:
+    void Appear();
     void Repaint();
 
     WaitMovie* movie;
@@ -54,4 +63,6 @@ private:
     QProgressBar* bar;
     QPushButton* cancelButton;
     std::atomic<bool> cancelled = false;
+    QElapsedTimer started;
+    QTimer appearance;
 };

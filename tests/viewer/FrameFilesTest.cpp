@@ -1,0 +1,281 @@
+// What the main window does with deliveries and records: opening, telling what is wrong, asking
+// before work is lost.
+
+#include "hosts/viewer/FrameState.h"
+#include "support/Texts.h"
+#include "viewer/ShownFrame.h"
+
+#include <QDropEvent>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QPushButton>
+
+namespace
+{
+using testing::Contains;
+using testing::ElementsAre;
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+constexpr const char* doctype = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+                                "<!DOCTYPE photodata SYSTEM \"PHOTO05.DTD\">\n";
+
+TEST(FrameState, KeepsTheLatestDeliveriesOnce)
+{
+    const TestHost services;
+    EXPECT_THAT(Texts(FrameState::RecentDeliveries()), IsEmpty());
+    for (const char* folder : {"1", "2", "3", "1", "4", "5", "6", "7", "8", "9", "2"})
+        FrameState::AddRecentDelivery(CString("/納品/") + folder);
+    EXPECT_THAT(Texts(FrameState::RecentDeliveries()),
+                ElementsAre("/納品/2", "/納品/9", "/納品/8", "/納品/7", "/納品/6", "/納品/5",
+                            "/納品/4", "/納品/1"));
+}
+
+TEST(FrameFiles, TellWhyADeliveryCannotBeOpened)
+{
+    const CString section(doctype);
+    const struct
+    {
+        const char* what;
+        std::optional<CString> photoXml;
+        const char* told;
+    } cases[] = {
+        {"no PHOTO.XML", std::nullopt, "PHOTO.XML が見つかりません"},
+        {"an empty PHOTO.XML", "", "対応していない要領のDTD"},
+        {"no DTD's name", "<?xml version=\"1.0\"?><photodata/>", "対応していない要領のDTD"},
+        {"an unknown DTD", "<?xml version=\"1.0\"?><!DOCTYPE photodata SYSTEM \"OTHER99.DTD\">",
+         "対応していない要領のDTD"},
+        {"no photograph", section + "<photodata></photodata>", "写真情報がありません"},
+        {"a broken PHOTO.XML", section + "<photodata><写真情報><写真番号>1", "作成元に"},
+    };
+    for (const auto& test : cases) {
+        SCOPED_TRACE(test.what);
+        ShownFrame shown;
+        shown.temp.MakeFolder("wrong");
+        if (test.photoXml) shown.temp.Write("wrong/PHOTO.XML", *test.photoXml);
+        EXPECT_FALSE(shown.Open("wrong"));
+        EXPECT_THAT(shown.Problem(), HasSubstr(test.told));
+        EXPECT_THAT(shown.Problem(), HasSubstr("wrong"));
+        EXPECT_THAT(shown.Problem(), EndsWith("ください。"));
+        EXPECT_THAT(Texts(FrameState::RecentDeliveries()), IsEmpty());
+        EXPECT_TRUE(shown.Open());
+        EXPECT_EQ(shown.Problem(), "");
+    }
+    ShownFrame shown;
+    EXPECT_FALSE(shown.Open("none"));
+    EXPECT_THAT(shown.Problem(), HasSubstr("というフォルダがありません"));
+    InstallHostServices(
+        {&shown.services.user, &shown.services.profile, "Tovi", shown.temp.Path("tovi")});
+    EXPECT_FALSE(shown.Open());
+    EXPECT_THAT(shown.Problem(), HasSubstr("READITEM.XML がありません"));
+    shown.temp.Write("READITEM.XML", "<a>");
+    EXPECT_FALSE(shown.Open());
+    EXPECT_THAT(shown.Problem(), HasSubstr("READITEM.XML を読み込めません"));
+}
+
+TEST(FrameFiles, KeepTheOpenDeliveryWhenAnotherCannotBeOpened)
+{
+    ShownFrame shown;
+    ASSERT_TRUE(shown.Open());
+    const CString title = shown.Title();
+    EXPECT_THAT(title, EndsWith(" - Tovi"));
+    const ToviData* const data = &shown.Data();
+    EXPECT_FALSE(shown.Open("none"));
+    EXPECT_THAT(Texts(shown.services.user.Messages()),
+                ElementsAre(HasSubstr("というフォルダがありません")));
+    EXPECT_EQ(&shown.Data(), data);
+    EXPECT_EQ(shown.Title(), title);
+    EXPECT_THAT(shown.Status(), Contains("表示 8 枚 / 全 8 枚"));
+    EXPECT_THAT(Texts(FrameState::RecentDeliveries()), SizeIs(1));
+}
+
+TEST(FrameFiles, OfferTheDeliveriesOpenedLast)
+{
+    ShownFrame shown;
+    shown.Deliver("A&B");
+    ASSERT_TRUE(shown.Open());
+    ASSERT_TRUE(shown.Open("A&B/"));
+    ASSERT_TRUE(shown.Open("A&B/PHOTO/../../A&B"));
+    shown.Start();
+    const auto offered = [&shown] {
+        std::vector<QPushButton*> buttons;
+        for (QPushButton* button : shown.frame->findChildren<QPushButton*>())
+            if (button->isFlat()) buttons.push_back(button);
+        return buttons;
+    };
+    ASSERT_THAT(offered(), SizeIs(2));
+    std::filesystem::remove_all(shown.temp.Path("delivery"));
+    EXPECT_EQ(offered()[1]->accessibleName(), QtText(shown.temp.Path("delivery")));
+    QTest::mouseClick(offered()[1], Qt::LeftButton);
+    EXPECT_THAT(shown.Problem(), HasSubstr("というフォルダがありません"));
+    QTest::mouseClick(offered()[0], Qt::LeftButton);
+    EXPECT_TRUE(shown.IsOpen());
+    EXPECT_THAT(Texts(FrameState::RecentDeliveries()),
+                ElementsAre(EndsWith("A&B"), EndsWith("delivery")));
+}
+
+TEST(FrameFiles, OpenWhatIsDropped)
+{
+    const struct
+    {
+        const char* name;
+        bool opens;
+    } cases[] = {{"delivery", true},
+                 {"delivery/PHOTO/PHOTO.XML", true},
+                 {"delivery/PHOTO/PIC", false},
+                 {"none", false}};
+    for (const auto& test : cases) {
+        ShownFrame shown;
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(QtText(shown.temp.Path(test.name)))});
+        QDragEnterEvent enter({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QApplication::sendEvent(shown.frame.get(), &enter);
+        EXPECT_TRUE(enter.isAccepted()) << test.name;
+        QDropEvent drop({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QApplication::sendEvent(shown.frame.get(), &drop);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(shown.IsOpen(), test.opens) << test.name;
+        EXPECT_EQ(shown.Problem().empty(), test.opens) << test.name;
+    }
+    ShownFrame shown;
+    QMimeData text;
+    text.setText(QStringLiteral("delivery"));
+    QDragEnterEvent enter({10, 10}, Qt::CopyAction, &text, Qt::LeftButton, {});
+    enter.ignore();
+    QApplication::sendEvent(shown.frame.get(), &enter);
+    EXPECT_FALSE(enter.isAccepted());
+}
+
+/// Presses the button of the question about unsaved work whose text begins with \p text.
+auto Choose(const char* text)
+{
+    return [text](QWidget& dialog) {
+        auto* const box = qobject_cast<QMessageBox*>(&dialog);
+        ASSERT_NE(box, nullptr);
+        for (QAbstractButton* button : box->buttons()) {
+            if (!FromQtText(button->text()).starts_with(text)) continue;
+            button->click();
+            return;
+        }
+        FAIL() << "no button " << text;
+    };
+}
+
+/// Names the file that a record is saved to.
+auto NameFile(const CString& path)
+{
+    return [path](QWidget& dialog) {
+        ASSERT_NE(qobject_cast<QFileDialog*>(&dialog), nullptr);
+        auto* const edit = dialog.findChild<QLineEdit*>();
+        edit->setText(QtText(path));
+        QTest::keyClick(edit, Qt::Key_Return);
+    };
+}
+
+void GiveUp(QWidget& dialog)
+{
+    QTest::keyClick(&dialog, Qt::Key_Escape);
+}
+
+TEST(FrameFiles, AskBeforeWorkIsLost)
+{
+    struct Loss
+    {
+        const char* what;
+        std::function<void(ShownFrame&)> begin;
+        /// What happened unless the user held it up.
+        std::function<bool(const ShownFrame&)> happened;
+    };
+    const Loss losses[] = {
+        {"closing the window", [](ShownFrame& shown) { shown.frame->close(); },
+         [](const ShownFrame& shown) { return !shown.frame->isVisible(); }},
+        {"quitting", [](ShownFrame& shown) { shown.Press(Qt::Key_Q, Qt::ControlModifier); },
+         [](const ShownFrame& shown) { return !shown.frame->isVisible(); }},
+        {"closing the delivery",
+         [](ShownFrame& shown) { shown.Press(Qt::Key_W, Qt::ControlModifier); },
+         [](const ShownFrame& shown) { return !shown.IsOpen(); }},
+        {"opening another", [](ShownFrame& shown) { shown.Open("other"); },
+         [](const ShownFrame& shown) {
+             return shown.IsOpen() && !shown.Data().CountLabel(LabelNg1);
+         }},
+    };
+    for (const Loss& loss : losses) {
+        SCOPED_TRACE(loss.what);
+        ShownFrame shown;
+        shown.Deliver("other");
+        ASSERT_TRUE(shown.Open());
+        shown.Press(Qt::Key_2);
+        EXPECT_TRUE(shown.frame->isWindowModified());
+        EXPECT_THAT(shown.Status(), Contains("未保存の検査があります"));
+        const CString record = shown.temp.Path("record.xml");
+
+        shown.OnDialogs({GiveUp});
+        loss.begin(shown);
+        EXPECT_FALSE(loss.happened(shown)) << "cancelled";
+        shown.OnDialogs({Choose("保存する"), GiveUp});
+        loss.begin(shown);
+        EXPECT_FALSE(loss.happened(shown)) << "no file named";
+        EXPECT_EQ(shown.Data().CountLabel(LabelNg1), 1);
+        shown.OnDialogs({Choose("保存する"), NameFile(shown.temp.Path("delivery/record.xml"))});
+        loss.begin(shown);
+        EXPECT_FALSE(loss.happened(shown)) << "not saved";
+        EXPECT_THAT(Texts(shown.services.user.Messages()),
+                    ElementsAre(HasSubstr("納品データのフォルダには保存しません")));
+
+        shown.OnDialogs({Choose("保存する"), NameFile(record)});
+        loss.begin(shown);
+        EXPECT_TRUE(loss.happened(shown));
+        shown.Start();
+        ASSERT_TRUE(shown.Open());
+        EXPECT_TRUE(shown.frame->OpenRecord(record));
+        EXPECT_THAT(shown.Status(),
+                    testing::IsSupersetOf({"NG 1", "未検査 7", "検査状況は保存済み"}));
+
+        shown.Press(Qt::Key_0);
+        shown.OnDialogs({Choose("保存しない")});
+        loss.begin(shown);
+        EXPECT_TRUE(loss.happened(shown));
+        shown.Start();
+        ASSERT_TRUE(shown.Open());
+        EXPECT_TRUE(shown.frame->OpenRecord(record));
+        EXPECT_THAT(shown.Status(), Contains("NG 1")) << "as it was saved";
+    }
+}
+
+TEST(FrameFiles, SaveTheInspectionOfADeliveryThatHasVanished)
+{
+    ShownFrame shown;
+    ASSERT_TRUE(shown.Open());
+    std::filesystem::remove_all(shown.temp.Path("delivery"));
+    for (const int key : {Qt::Key_PageDown, Qt::Key_1, Qt::Key_N, Qt::Key_PageUp}) shown.Press(key);
+    for (const int mode : {Qt::Key_6, Qt::Key_7, Qt::Key_5}) {
+        shown.Press(mode, Qt::ControlModifier);
+        shown.frame->grab();
+    }
+    shown.OnDialogs({NameFile(shown.temp.Path("record"))});
+    shown.Press(Qt::Key_S, Qt::ControlModifier);
+    EXPECT_NE(shown.temp.Read("record.xml"), "");
+    EXPECT_THAT(Texts(shown.services.user.Messages()), IsEmpty());
+    EXPECT_FALSE(shown.Open());
+    EXPECT_EQ(shown.Data().CountLabel(LabelOk), 1);
+}
+
+TEST(FrameFiles, TellOfARecordOfAnotherDelivery)
+{
+    ShownFrame shown;
+    ASSERT_TRUE(shown.Open());
+    shown.Press(Qt::Key_1);
+    const CString record = shown.temp.Write("other.xml", "<検査状況/>");
+    for (const CString& wrong : {record, shown.temp.Path("none.xml")}) {
+        EXPECT_FALSE(shown.frame->OpenRecord(wrong));
+        EXPECT_EQ(shown.Data().CountLabel(LabelOk), 1);
+    }
+    EXPECT_THAT(Texts(shown.services.user.Messages()),
+                ElementsAre(HasSubstr("other.xml"), HasSubstr("none.xml")));
+    EXPECT_THAT(shown.Status(), Contains("未保存の検査があります"));
+}
+} // namespace
