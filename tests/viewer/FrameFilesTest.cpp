@@ -49,7 +49,10 @@ TEST(FrameFiles, TellWhyADeliveryCannotBeOpened)
         {"no DTD's name", "<?xml version=\"1.0\"?><photodata/>", "対応していない要領のDTD"},
         {"an unknown DTD", "<?xml version=\"1.0\"?><!DOCTYPE photodata SYSTEM \"OTHER99.DTD\">",
          "対応していない要領のDTD"},
-        {"no photograph", section + "<photodata></photodata>", "写真情報がありません"},
+        {"no photograph",
+         section + "<photodata><基礎情報><適用要領基準>土木201603-01</適用要領基準></基礎情報></"
+                   "photodata>",
+         "写真情報がありません"},
         {"a broken PHOTO.XML", section + "<photodata><写真情報><写真番号>1", "作成元に"},
     };
     for (const auto& test : cases) {

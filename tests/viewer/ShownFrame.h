@@ -23,6 +23,8 @@ struct ShownFrame
 {
     ShownFrame()
     {
+        // The test goes on behind the last window.
+        QApplication::setQuitOnLastWindowClosed(false);
         Deliver("delivery");
         Start();
     }
@@ -78,6 +80,8 @@ struct ShownFrame
     /// Presses a key where the focus is.
     void Press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const
     {
+        // A dialog may have been in front.
+        Activate();
         QWidget* const focus = QApplication::focusWidget();
         QTest::keyClick(focus != nullptr ? focus : frame.get(), static_cast<Qt::Key>(key),
                         modifiers);
@@ -85,14 +89,18 @@ struct ShownFrame
     }
 
     /// What the user does in the dialogs to come, one after the other.
-    void OnDialogs(std::deque<std::function<void(QWidget&)>> acts) const
+    void OnDialogs(std::deque<std::function<void(QWidget&)>> acts,
+                   const QWidget* before = nullptr) const
     {
-        QTimer::singleShot(0, frame.get(), [this, acts = std::move(acts)]() mutable {
+        QTimer::singleShot(1, frame.get(), [this, acts = std::move(acts), before]() mutable {
             QWidget* const dialog = QApplication::activeModalWidget();
-            ASSERT_NE(dialog, nullptr);
+            if (dialog == nullptr || dialog == before) {
+                OnDialogs(std::move(acts), before);
+                return;
+            }
             const auto act = acts.front();
             acts.pop_front();
-            if (!acts.empty()) OnDialogs(std::move(acts));
+            if (!acts.empty()) OnDialogs(std::move(acts), dialog);
             act(*dialog);
         });
     }
