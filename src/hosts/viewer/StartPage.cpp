@@ -11,12 +11,30 @@
 namespace
 {
 constexpr int contentWidth = 560;
+constexpr int buttonHeight = 40;
+constexpr int headPicture = 48;
 
 QLabel* Line(const QString& text)
 {
     auto* label = new QLabel(text);
     label->setWordWrap(true);
     return label;
+}
+
+/// The program's picture and name.
+QLayout* MakeHead()
+{
+    auto* picture = new QLabel;
+    picture->setPixmap(PictureIcon("tovi-viewer").pixmap(headPicture));
+    auto* name = new QLabel(QStringLiteral("Tovi"));
+    QFont font = name->font();
+    font.setPointSizeF(font.pointSizeF() * 2);
+    name->setFont(font);
+    auto* head = new QHBoxLayout;
+    head->setSpacing(12);
+    head->addWidget(picture);
+    head->addWidget(name, 1);
+    return head;
 }
 } // namespace
 
@@ -28,18 +46,21 @@ StartPage::StartPage(QAction* open)
     content->setMaximumWidth(contentWidth);
     auto* column = new QVBoxLayout(content);
     column->setSpacing(12);
+    column->addLayout(MakeHead());
+    problem->setObjectName(QStringLiteral("problem"));
     problem->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     problem->setStyleSheet(
         QStringLiteral("QLabel { background: #fdecea; color: #7a1f16; border: 1px "
                        "solid #e6b3ad; border-radius: 4px; padding: 10px; }"));
-    problem->setObjectName(QStringLiteral("problem"));
     problem->hide();
     column->addWidget(problem);
-    column->addWidget(Line(QStringLiteral("工事写真の電子納品データを開いてください。PHOTO.XML "
-                                          "のあるフォルダ、またはその上のフォルダを"
-                                          "選ぶか、このウィンドウにドロップします。納品データのファ"
-                                          "イルが書き換えられることはありません。")));
+    column->addWidget(Line(QStringLiteral(
+        "工事写真の電子納品データを開いてください。PHOTO.XML のあるフォルダ、またはその上の"
+        "フォルダを選ぶか、このウィンドウにドロップします。"
+        "納品データのファイルが書き換えられることはありません。")));
     auto* button = new QPushButton(PictureIcon("open"), QStringLiteral("納品データを開く..."));
+    button->setIconSize({24, 24});
+    button->setMinimumHeight(buttonHeight);
     button->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
     connect(button, &QPushButton::clicked, open, &QAction::trigger);
     column->addWidget(button);
@@ -48,15 +69,13 @@ StartPage::StartPage(QAction* open)
     column->addWidget(recentTitle);
     recent->setSpacing(2);
     column->addLayout(recent);
+    column->addStretch();
 
-    auto* row = new QHBoxLayout;
-    row->addStretch();
-    row->addWidget(content, 1);
-    row->addStretch();
-    auto* page = new QVBoxLayout(this);
+    auto* page = new QHBoxLayout(this);
+    page->setContentsMargins(24, 48, 24, 24);
     page->addStretch();
-    page->addLayout(row);
-    page->addStretch(2);
+    page->addWidget(content, 1);
+    page->addStretch();
 }
 
 void StartPage::ShowProblem(const CString& sentence)
