@@ -399,6 +399,13 @@ TEST(MpiPanel, ShowsCommentsOverThePhotographs)
 TEST(MpiPanel, OffersTheLabelsInAMenu)
 {
     ShownDelivery shown(2, Setting::DivideTwo);
+    SetSlideMode(true);
+    shown.Click(1, Qt::RightButton);
+    SetSlideMode(false);
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+    EXPECT_THAT(Texts(shown.services.user.Messages()),
+                ElementsAre("スライドモード中は右クリック操作はできません。"));
+
     shown.data->GetLabelManager()->GetLabelAttribute(LabelNg1).SetName("A&B");
     shown.Click(1, Qt::RightButton);
     EXPECT_EQ(shown.Selected(), 1);
@@ -423,12 +430,8 @@ TEST(MpiPanel, OffersTheLabelsInAMenu)
     EXPECT_EQ(remove.last()->text(), QStringLiteral("全て"));
     remove.last()->trigger();
     EXPECT_FALSE(shown.Photo(1).IsLabelPasted(LabelNg1));
-    SetSlideMode(true);
-    shown.Click(1, Qt::RightButton);
-    SetSlideMode(false);
+    shown.panel.Detach();
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
-    EXPECT_THAT(Texts(shown.services.user.Messages()),
-                ElementsAre("スライドモード中は右クリック操作はできません。"));
 }
 
 TEST(MpiPanel, WalksThroughTheThumbnails)

@@ -6,6 +6,7 @@
 #include <QAction>
 #include <QLabel>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QVBoxLayout>
 
 namespace
@@ -71,11 +72,20 @@ StartPage::StartPage(QAction* open)
     column->addLayout(recent);
     column->addStretch();
 
-    auto* page = new QHBoxLayout(this);
-    page->setContentsMargins(24, 48, 24, 24);
-    page->addStretch();
-    page->addWidget(content, 1);
-    page->addStretch();
+    auto* page = new QWidget;
+    auto* row = new QHBoxLayout(page);
+    row->setContentsMargins(24, 48, 24, 24);
+    row->addStretch();
+    row->addWidget(content, 1);
+    row->addStretch();
+    // In a small window the sentences stay whole.
+    auto* area = new QScrollArea;
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidgetResizable(true);
+    area->setWidget(page);
+    auto* whole = new QVBoxLayout(this);
+    whole->setContentsMargins({});
+    whole->addWidget(area);
 }
 
 void StartPage::ShowProblem(const CString& sentence)

@@ -67,7 +67,7 @@ void GaluWaitMovieDlg::Message(const CString& text, int pos)
     bar->setValue(pos);
     if (isVisible()) {
         Repaint();
-    } else if (started.isValid() && started.hasExpired(delay.count())) {
+    } else if (started.isValid() && started.elapsed() >= delay.count()) {
         Appear();
     }
 }
