@@ -14,6 +14,7 @@
 
 #include <gmock/gmock.h>
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QLabel>
 #include <QPlainTextEdit>
@@ -236,6 +237,71 @@ TEST(MpiPanel, KeepsTheFocusInTheSamePartOfACell)
     EXPECT_EQ(shown.Selected(), 4);
     shown.SetMode(Setting::DivideSix);
     EXPECT_TRUE(shown.panel.isAncestorOf(QApplication::focusWidget()));
+}
+
+TEST(MpiPanel, TakesTheFocusAlongWithTheSelection)
+{
+    ShownDelivery shown(13, Setting::DivideSix);
+    const std::pair<const char*, std::function<void()>> moves[] = {
+        {"next page", [&] { shown.panel.OperateNextPage(); }},
+        {"last page", [&] { shown.panel.OperateLastPage(); }},
+        {"next photograph", [&] { shown.panel.OperateNextPhoto(); }},
+        {"next unchecked", [&] { shown.panel.SelectNextUnchecked(); }}};
+    for (const auto& [name, move] : moves) {
+        SCOPED_TRACE(name);
+        shown.panel.OperateTopPage();
+        shown.Cells()[4]->FocusChild(idNamePlate);
+        ASSERT_EQ(shown.Selected(), 4);
+        move();
+        const int selected = shown.Selected();
+        const int cell = shown.panel.GetSelectIndexInPage();
+        EXPECT_NE(selected, 4);
+        EXPECT_EQ(QApplication::focusWidget(), &shown.Plate(cell));
+        // The focus that a menu or another window gives back selects nothing.
+        for (const Qt::FocusReason reason : {Qt::PopupFocusReason, Qt::ActiveWindowFocusReason}) {
+            QFocusEvent event(QEvent::FocusIn, reason);
+            QApplication::sendEvent(&shown.Plate((cell + 1) % 6), &event);
+            EXPECT_EQ(shown.Selected(), selected);
+        }
+    }
+}
+
+TEST(MpiPanel, KeepsTheFocusWhenAStripGoes)
+{
+    ShownDelivery shown(13, Setting::DivideSix);
+    const std::function<void()> ends[] = {
+        [&] { shown.panel.RemoveLabel(LabelComment); }, [&] { shown.panel.OperateNextPage(); },
+        [&] { shown.Set([](Setting& setting) { setting.SetVisibleComment(false); }); }};
+    for (const auto& end : ends) {
+        shown.panel.OperateTopPage();
+        shown.AnswerComment("確認");
+        shown.panel.PasteLabel(LabelComment);
+        auto* const strip = shown.Cells()[0]->findChild<ToviCommentWindow*>();
+        ASSERT_TRUE(strip->isVisible());
+        QTest::mouseClick(strip, Qt::LeftButton);
+        ASSERT_TRUE(strip->hasFocus());
+        end();
+        EXPECT_TRUE(shown.panel.isAncestorOf(QApplication::focusWidget()));
+    }
+}
+
+TEST(MpiPanel, ShowsTheSelectedPhotographInTheListWhateverItsWidth)
+{
+    ShownDelivery shown(200, Setting::DivideFour);
+    for (int page = 1; page < 26; ++page) shown.panel.OperateNextPage();
+    shown.Set([](Setting& setting) { setting.SetDivType(Setting::DivideThumbnails); });
+    auto* const list = shown.panel.findChild<ToviPhotoListCtrl*>();
+    const auto isInSight = [&] {
+        return list->View()->viewport()->rect().intersects(list->GetItemRect(shown.Selected()));
+    };
+    ASSERT_EQ(shown.Selected(), 100);
+    EXPECT_TRUE(isInSight());
+    for (const int width : {600, 1000, 400}) {
+        shown.panel.resize(width, 700);
+        EXPECT_TRUE(QTest::qWaitFor(isInSight, 1000)) << width;
+        QTest::qWait(150);
+        EXPECT_TRUE(isInSight()) << width;
+    }
 }
 
 TEST(MpiPanel, TellsOfPagesAndModes)

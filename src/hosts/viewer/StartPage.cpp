@@ -1,6 +1,7 @@
 #include "hosts/viewer/StartPage.h"
 
 #include "panels/Pictures.h"
+#include "platform/controls/ToolTipText.h"
 #include "platform/QtText.h"
 
 #include <QAction>
@@ -18,6 +19,7 @@ constexpr int headPicture = 48;
 QLabel* Line(const QString& text)
 {
     auto* label = new QLabel(text);
+    label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
     return label;
 }
@@ -103,10 +105,10 @@ void StartPage::ShowRecent(const CStringArray& folders)
     recentTitle->setVisible(!folders.IsEmpty());
     for (const CString& folder : folders) {
         const QString path = QtText(folder);
-        auto* button =
-            new QPushButton(fontMetrics().elidedText(path, Qt::ElideMiddle, contentWidth - 60));
+        QString text = fontMetrics().elidedText(path, Qt::ElideMiddle, contentWidth - 60);
+        auto* button = new QPushButton(text.replace(QLatin1Char('&'), QStringLiteral("&&")));
         button->setFlat(true);
-        button->setToolTip(path);
+        button->setToolTip(ToolTipText(folder));
         button->setAccessibleName(path);
         button->setStyleSheet(QStringLiteral("text-align: left; padding: 4px;"));
         connect(button, &QPushButton::clicked, this, [this, path] { emit DeliveryChosen(path); });
