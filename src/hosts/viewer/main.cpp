@@ -7,7 +7,9 @@
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QLibraryInfo>
 #include <QStatusBar>
+#include <QTranslator>
 
 #include <iostream>
 
@@ -88,6 +90,11 @@ int main(int argc, char** argv)
     QApplication::setApplicationVersion(QStringLiteral(TOVI_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("jp.tovi.Viewer"));
     QApplication::setFont(GaluFont::MsPGothic9pt());
+    QTranslator translator;
+    if (translator.load(QStringLiteral("qtbase_ja"),
+                        QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+        QApplication::installTranslator(&translator);
+    }
     QCommandLineParser parser;
     Describe(parser);
     parser.process(application);
