@@ -99,6 +99,8 @@ bool MediaCombine::Take(const CString& path, bool rebuildPaths)
         area.Delete();
         return false;
     }
+    // Known as the delivery's, too: what is saved must not land on the disc.
+    document.RootPath(source.c_str());
     dataFolder = area.photoFolder;
     PointDocumentAtData(rebuildPaths);
     return true;

@@ -129,6 +129,9 @@ TEST_F(Outputs, GatherADeliveryFromItsDiscs)
     host.user.folders = {temp.MakeFolder("all")};
     Choose(FrameCommand::SaveShownPhotos);
     EXPECT_THAT(host.user.Messages()[0], HasSubstr("コピー枚数： 3枚"));
+    host.user.saveFiles = {Disc(2) + "/copy.JPG"};
+    Choose(FrameCommand::SavePhoto);
+    EXPECT_FALSE(MibIsFileExist(Disc(2) + "/copy.JPG")) << "beside delivered files";
 
     host.user.folders = {temp.Path("documents")};
     Choose(FrameCommand::OpenDiscs);
