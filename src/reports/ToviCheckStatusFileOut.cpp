@@ -93,10 +93,9 @@ std::unique_ptr<SpreadsheetApplication>
 ToviCheckStatusFileOut::Start(const CString& folder, const CString& caption, bool& cancelled) const
 {
     ToviProgressDlg progress(false);
-    progress.Create(nullptr);
+    progress.Begin(1);
     progress.SetCaption(caption.c_str());
     progress.SetMessage("表計算プログラムを起動しています...");
-    progress.Show();
     return start(folder, [&] {
         cancelled = cancelled || progress.GetCancel();
         return cancelled;

@@ -359,7 +359,7 @@ TEST(CheckStatus, StopsWaitingForTheApplicationAtACancel)
 {
     Report report(1);
     ScriptedUserInterface& user = report.sample.services.user;
-    user.cancelAtPumps = {1};
+    user.cancelAtPumps = {2};
     EXPECT_FALSE(report.Writer().FileOut("報告"));
     EXPECT_EQ(user.Messages()[0], "EXCELファイルへの書き込みをキャンセルしました。");
     EXPECT_EQ(user.calls.size(), 1u) << "no question for a file";
