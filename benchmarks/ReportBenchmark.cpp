@@ -96,9 +96,10 @@ void CheckReport(benchmark::State& state)
 {
     Reported reported(static_cast<int>(state.range(0)));
     if (!reported.office) return state.SkipWithError("LibreOffice isn't installed");
-    ToviCheckStatusFileOut writer(
-        *reported.document, *reported.document->GetLabelManager(),
-        [&](const CString&) { return std::make_unique<SharedOffice>(*reported.office); });
+    ToviCheckStatusFileOut writer(*reported.document, *reported.document->GetLabelManager(),
+                                  [&](const CString&, const std::function<bool()>&) {
+                                      return std::make_unique<SharedOffice>(*reported.office);
+                                  });
     for (auto _ : state) {
         const auto outcome = writer.FileOut("", reported.temp.Path("report.xls"));
         if (outcome != CheckStatusOutcome::Written) state.SkipWithError("not written");
