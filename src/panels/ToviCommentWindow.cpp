@@ -82,7 +82,7 @@ void ToviCommentWindow::resizeEvent(QResizeEvent* event)
 /// The focus stays in the cell. Left to itself, Qt would move it on to another window.
 void ToviCommentWindow::hideEvent(QHideEvent* event)
 {
-    if (hasFocus()) parentWidget()->setFocus();
+    if (window()->focusWidget() == this) parentWidget()->setFocus();
     QFrame::hideEvent(event);
 }
 

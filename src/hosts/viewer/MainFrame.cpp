@@ -41,7 +41,8 @@ QString DroppedPath(const QMimeData* data)
 MainFrame::MainFrame()
     : actions(this), centre(new QStackedWidget),
       startPage(new StartPage(actions[FrameCommand::Open])), trees(new QTabWidget),
-      treeDock(new QDockWidget(QStringLiteral("ツリー"), this)), pageLabel(new QLabel),
+      treePages(new QStackedWidget), treeDock(new QDockWidget(QStringLiteral("ツリー"), this)),
+      pageLabel(new QLabel),
       recentMenu(new QMenu(QStringLiteral("最近開いた納品データ(&E)"), this)),
       photoPanel(std::make_unique<ToviMpiPanel>(&document)),
       folderTree(std::make_unique<ToviFolderTreePanel>()),
@@ -88,7 +89,10 @@ void MainFrame::CreateDock()
     trees->addTab(labelTree.get(), PictureIcon("tab-label-tree"), QStringLiteral("付箋"));
     trees->setDocumentMode(true);
     treeDock->setObjectName(QStringLiteral("trees"));
-    treeDock->setWidget(trees);
+    // The trees of a closed delivery give place to nothing.
+    treePages->addWidget(trees);
+    treePages->addWidget(new QWidget);
+    treeDock->setWidget(treePages);
     addDockWidget(Qt::LeftDockWidgetArea, treeDock);
     resizeDocks({treeDock}, {260}, Qt::Horizontal);
     connect(trees, &QTabWidget::currentChanged, this, &MainFrame::SwitchTree);
@@ -274,8 +278,7 @@ void MainFrame::ShowCentre()
     const bool isOpen = document.Data() != nullptr;
     actions.EnableForDelivery(isOpen);
     treeDock->setEnabled(isOpen);
-    // Those of a closed delivery would stay on show.
-    trees->setVisible(isOpen);
+    treePages->setCurrentIndex(isOpen ? 0 : 1);
     centre->setCurrentWidget(isOpen ? static_cast<QWidget*>(photoPanel.get()) : startPage);
 }
 

@@ -89,6 +89,7 @@ private:
     QStackedWidget* centre;
     StartPage* startPage;
     QTabWidget* trees;
+    QStackedWidget* treePages;
     QDockWidget* treeDock;
     QLabel* pageLabel;
     QMenu* recentMenu;
