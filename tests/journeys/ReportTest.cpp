@@ -13,6 +13,7 @@
 
 #include <chrono>
 #include <future>
+#include <set>
 #include <thread>
 
 namespace
@@ -115,16 +116,24 @@ protected:
     }
 
     /// Starts a report over an old file and sends \p signalNumber to the process of \p program
-    /// once \p isTime, asked every 10 ms, says so.
+    /// once \p isTime, asked every 10 ms, says so, and to those that begin in its place.
     ProgramResult Disturb(const CString& program, int signalNumber,
                           const std::function<bool()>& isTime) const
     {
         temp.Write("検査 結果.xls", "old");
         auto result = std::async(std::launch::async, [this] { return Report(output); });
-        for (int i = 0; i < 1000 && !isTime(); ++i) {
-            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        const auto hasEndedIn = [&result](int milliseconds) {
+            return result.wait_for(std::chrono::milliseconds(milliseconds)) ==
+                   std::future_status::ready;
+        };
+        while (!isTime() && !hasEndedIn(10)) {
         }
-        for (const pid_t process : Processes(program, mark)) kill(process, signalNumber);
+        std::set<pid_t> reached;
+        do {
+            for (const pid_t process : Processes(program, mark)) {
+                if (reached.insert(process).second) kill(process, signalNumber);
+            }
+        } while (!hasEndedIn(50));
         return result.get();
     }
 
