@@ -265,8 +265,10 @@ TEST_F(ReportJourney, KeepsTheOldFileWhenTheOfficeIsKilled)
 TEST_F(ReportJourney, EndsTheOfficeOnAnInterrupt)
 {
     Inspect("0", {"--paste", "0"});
-    for (const int delay : {0, 1000}) {
+    for (const int delay : {0, 300, 1000}) {
         const ProgramResult result = Disturb("report", SIGINT, AfterStart(delay));
+        // On a fast machine the report was done by then.
+        if (delay > 300 && result.status == 0) continue;
         EXPECT_EQ(result.status, 130) << delay << result.errors;
         EXPECT_EQ(temp.Read("検査 結果.xls"), "old") << delay;
         TearDown();
