@@ -9,7 +9,9 @@
 
 #include <QApplication>
 #include <QDesktopServices>
+#include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QUrl>
@@ -156,9 +158,17 @@ bool QtUserInterface::ChooseSaveFile(const SaveQuestion& question, CString& path
     kinds.insert(kinds.end(), question.otherKinds.begin(), question.otherKinds.end());
     OfferKinds(dialog, kinds);
     dialog.selectFile(QtText(question.name));
-    if (dialog.exec() != QDialog::Accepted) return false;
-    path = FromQtText(dialog.selectedFiles().front());
-    return true;
+    while (dialog.exec() == QDialog::Accepted) {
+        const QFileInfo chosen(dialog.selectedFiles().front());
+        if (chosen.dir().exists()) {
+            path = FromQtText(chosen.filePath());
+            return true;
+        }
+        ShowMessage("フォルダがありません。別の場所を指定してください。\n" +
+                        FromQtText(chosen.path()),
+                    FromQtText(dialog.windowTitle()), MessageButtons::Ok, MessageIcon::Warning);
+    }
+    return false;
 }
 
 bool QtUserInterface::OpenFile(const CString& path)
@@ -173,7 +183,7 @@ void QtUserInterface::ShowProgress(const CString& text)
 
 std::unique_ptr<ProgressPort> QtUserInterface::CreateProgress(CWnd* parent)
 {
-    QWidget* const owner = parent != nullptr ? AsWidget(parent) : mainWindow.data();
+    QWidget* const owner = parent != nullptr ? AsWidget(parent) : Owner();
     return std::make_unique<ProgressWindowPort>(owner != nullptr ? owner->window() : nullptr);
 }
 

@@ -77,7 +77,7 @@ void PhotoViews::CreateList()
     // Before it is filled: in another width the selected item would stand elsewhere.
     list->setGeometry(parent.rect());
     connect(list.get(), &List::KeyPressed, this, &PhotoViews::ListKeyPressed);
-    connect(list.get(), &List::Scrolled, this, &PhotoViews::PlaceStrips);
+    connect(list.get(), &List::Scrolled, this, &PhotoViews::ReCalcCommentWindow);
     connect(list.get(), &List::FloatyPressed, this, &PhotoViews::FloatyPressed);
     connect(list.get(), &List::ItemSelected, this, &PhotoViews::ItemSelected);
     connect(list.get(), &List::SelectionCleared, this, [this] { ShowFloaty(false); });
@@ -106,7 +106,7 @@ void PhotoViews::Place()
         cells.Place(parent.size(), static_cast<int>(setting.GetColCount()),
                     static_cast<int>(setting.GetRowCount()));
     }
-    PlaceStrips();
+    ReCalcCommentWindow();
 }
 
 void PhotoViews::Focus(int position)
@@ -173,12 +173,12 @@ void PhotoViews::ShowComment(int index, const CString& text)
     if (!list) cells.At(index).LayoutChildren();
 }
 
-void PhotoViews::ResetStrips()
+void PhotoViews::CreateCommentWindow()
 {
     strips.Reset(list && data != nullptr ? data->GetCurrentPhotoCount() : cells.CountFilled());
 }
 
-void PhotoViews::PlaceStrips()
+void PhotoViews::ReCalcCommentWindow()
 {
     if (data == nullptr || !setting.GetVisibleComment()) return;
     if (!list) {

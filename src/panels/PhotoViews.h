@@ -51,9 +51,9 @@ public:
     /// cell on a page. An index that isn't on show throws InvalidArgument.
     void ShowComment(int index, const CString& text);
     /// Takes all strips away; there is an empty slot for each photograph on show.
-    void ResetStrips();
+    void CreateCommentWindow();
     /// Makes and places the strips that are due.
-    void PlaceStrips();
+    void ReCalcCommentWindow();
     void HideStrips() { strips.HideAll(); }
 
 signals:

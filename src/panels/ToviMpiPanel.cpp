@@ -126,8 +126,8 @@ void ToviMpiPanel::TakeStep(PanelStep step)
         if (views.List() != nullptr) OnSelect(views.List()->GetSelected());
         break;
     case PanelStep::RebuildStrips:
-        views.ResetStrips();
-        views.PlaceStrips();
+        views.CreateCommentWindow();
+        views.ReCalcCommentWindow();
         break;
     case PanelStep::RefreshLabels:
         views.ShowAllLabels();
@@ -161,7 +161,7 @@ void ToviMpiPanel::AdjustTo(const SettingChange& change)
         if (change.refillCells) cell.FillInfo();
         if (change.layOutCells || change.toggleStrips) cell.LayoutChildren();
     });
-    views.PlaceStrips();
+    views.ReCalcCommentWindow();
 }
 
 // Layout
@@ -179,7 +179,7 @@ void ToviMpiPanel::InitiateLayput(int top)
     views.Create(*GetData());
     views.RefillList();
     OnChangePage();
-    views.ResetStrips();
+    views.CreateCommentWindow();
     RecalcLayout();
     if (hadFocus) views.Focus(SelectedPosition());
     TellMode();
@@ -246,8 +246,8 @@ void ToviMpiPanel::ShowPage(int page)
     if (GetData() == nullptr || page == GetCurrentPage()) return;
     pages.SetCurrentPage(page);
     OnChangePage();
-    views.ResetStrips();
-    views.PlaceStrips();
+    views.CreateCommentWindow();
+    views.ReCalcCommentWindow();
     TellPage();
 }
 
@@ -532,8 +532,8 @@ void ToviMpiPanel::UpdateComment(int index, const CString& text)
 void ToviMpiPanel::RefreshComments()
 {
     views.Cells().ForEach([](ToviSpiCtrl& cell) { cell.LayoutChildren(); });
-    views.ResetStrips();
-    views.PlaceStrips();
+    views.CreateCommentWindow();
+    views.ReCalcCommentWindow();
     GetData()->UpdateHasComment();
 }
 
@@ -571,8 +571,18 @@ void ToviMpiPanel::OnMenuCommand(unsigned int id)
     if (id == LabelMenuId::removeAll) {
         OnRemoveAllLabel();
     } else if (id >= LabelMenuId::paste) {
-        labels.Paste(id - LabelMenuId::paste);
+        OnPasteLabel(id);
     } else {
-        labels.Remove(id - LabelMenuId::remove);
+        OnRemoveLabel(id);
     }
+}
+
+void ToviMpiPanel::OnPasteLabel(unsigned int id)
+{
+    labels.Paste(id - LabelMenuId::paste);
+}
+
+void ToviMpiPanel::OnRemoveLabel(unsigned int id)
+{
+    labels.Remove(id - LabelMenuId::remove);
 }

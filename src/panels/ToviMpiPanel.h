@@ -60,6 +60,12 @@ public:
     /// Pastes \p label, or removes it where it is pasted.
     void ToggleLabel(int label);
     void OnRemoveAllLabel();
+    /// The same by the menu's numbers (see LabelMenuId).
+    void OnPasteLabel(unsigned int id);
+    void OnRemoveLabel(unsigned int id);
+    /// The button of \p label in the floating tool bar of a list: the label is pasted or removed;
+    /// the comment's always opens the dialog.
+    void OnFusen(unsigned int label);
     /// Takes all labels and comments off the photographs of the current array.
     void AllPhotoAllLabelRemove();
     /// Shows \p text as the comment of the photograph at \p index: its position in a list mode, its
@@ -137,7 +143,6 @@ private:
 
     void OnRClicked(int row);
     void OnListCtrlKeyDown(int key, int markBefore);
-    void OnFusen(unsigned int label);
     void RequestZoom(int position);
 
     void RefreshComments();

@@ -6,10 +6,12 @@
 
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 
 namespace
 {
@@ -21,6 +23,16 @@ bool TakeLock(FileDescriptor& folder, const CString& path)
     return folder.IsOpen() && flock(folder.Get(), LOCK_EX | LOCK_NB) == 0;
 }
 
+/// A program that is killed can't remove them itself.
+void RemoveSocketsOf(const std::filesystem::path& folder)
+{
+    std::ifstream list(folder / socketListName);
+    struct stat facts;
+    for (std::string path; std::getline(list, path);) {
+        if (lstat(path.c_str(), &facts) == 0 && S_ISSOCK(facts.st_mode)) unlink(path.c_str());
+    }
+}
+
 void RemoveLeftovers(const CString& shared)
 {
     std::error_code ignored;
@@ -28,7 +40,9 @@ void RemoveLeftovers(const CString& shared)
         FileDescriptor folder;
         const bool unused = !entry.is_directory(ignored) || entry.is_symlink(ignored) ||
                             TakeLock(folder, entry.path().string());
-        if (unused) std::filesystem::remove_all(entry.path(), ignored);
+        if (!unused) continue;
+        RemoveSocketsOf(entry.path());
+        std::filesystem::remove_all(entry.path(), ignored);
     }
 }
 

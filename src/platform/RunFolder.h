@@ -6,6 +6,10 @@
 
 class FileDescriptor;
 
+/// The file of a run's folder that names the sockets, outside of it, that go with it if the run is
+/// killed: full paths, a line each.
+inline constexpr const char* socketListName = "sockets";
+
 /// A folder that this run has for itself inside another that all runs share. What a run that was
 /// killed has left there is removed by the next one; several runs at once don't see each other.
 class TOVI_EXPORT RunFolder

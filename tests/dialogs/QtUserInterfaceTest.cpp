@@ -10,6 +10,7 @@
 #include <QDesktopServices>
 #include <QFileDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
@@ -90,6 +91,28 @@ TEST(QtUserInterface, ProposesTheFirstOptionAndCancelToEnter)
     });
     EXPECT_TRUE(host.user.Choose(choice, option));
     EXPECT_EQ(option, 1);
+}
+
+TEST(QtUserInterface, AsksAgainForAFolderThatIsNotThere)
+{
+    Host host;
+    const QTemporaryDir folder;
+    const auto enter = [&folder](const char* name) {
+        QWidget* const dialog = QApplication::activeModalWidget();
+        dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))
+            ->setText(folder.filePath(QString::fromUtf8(name)));
+        QTest::keyClick(dialog, Qt::Key_Return);
+    };
+    QTimer::singleShot(0, qApp, [&] {
+        PressInNextWindow(Qt::Key_Return);
+        QTimer::singleShot(50, qApp, [&] { enter("x.xls"); });
+        enter("none/x.xls");
+    });
+    const SaveQuestion question = {folder.path().toStdString(), "x", "xls", "EXCEL(*.xls)",
+                                   "*.xls"};
+    CString path;
+    EXPECT_TRUE(host.user.ChooseSaveFile(question, path));
+    EXPECT_EQ(path, folder.filePath(QStringLiteral("x.xls")).toStdString());
 }
 
 TEST(QtUserInterface, GivesAFileTheEndingOfTheChosenKind)

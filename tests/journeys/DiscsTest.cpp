@@ -1,5 +1,6 @@
 #include "sample/DeliveryBuilder.h"
 #include "support/DiskMount.h"
+#include "support/FileTree.h"
 #include "support/RunProgram.h"
 #include "support/TempFolder.h"
 
@@ -27,21 +28,6 @@ protected:
         return RunProgram(arguments, temp.Path("config"));
     }
 
-    /// The bytes and the time of all files under \p folder.
-    static std::map<CString, std::pair<CString, fs::file_time_type>> Tree(const CString& folder)
-    {
-        std::map<CString, std::pair<CString, fs::file_time_type>> files;
-        for (const auto& entry : fs::recursive_directory_iterator(folder)) {
-            CString bytes;
-            if (entry.is_regular_file()) {
-                std::ifstream file(entry.path(), std::ios::binary);
-                bytes.assign(std::istreambuf_iterator<char>(file), {});
-            }
-            files[entry.path()] = {bytes, entry.last_write_time()};
-        }
-        return files;
-    }
-
     TempFolder temp;
     CString set = temp.Path("set");
 };
@@ -49,7 +35,7 @@ protected:
 TEST_F(Discs, AreGatheredAndExportedWithoutBeingTouched)
 {
     ASSERT_EQ(Run({"tovi-sample", set, "--photos", "9", "--discs", "3"}).status, 0);
-    const auto before = Tree(set);
+    const auto before = ReadFileTree(set);
     const CString photoXml = before.at(set + "/DISK1/PHOTO/PHOTO.XML").first;
     EXPECT_TRUE(photoXml == before.at(set + "/DISK3/PHOTO/PHOTO.XML").first);
 
@@ -79,7 +65,7 @@ TEST_F(Discs, AreGatheredAndExportedWithoutBeingTouched)
     EXPECT_EQ(counts["copied"], 3);
     EXPECT_EQ(counts["missing"].size(), 6u);
     std::uintmax_t bytes = 0;
-    for (const auto& [path, file] : Tree(out)) {
+    for (const auto& [path, file] : ReadFileTree(out)) {
         const CString source = set + "/DISK1/PHOTO/PIC" + path.substr(path.rfind('/'));
         EXPECT_TRUE(file == before.at(source)) << path;
         bytes += file.first.size();
@@ -109,7 +95,7 @@ TEST_F(Discs, AreGatheredAndExportedWithoutBeingTouched)
               "{\"folder\":\"" + first +
                   "\",\"photos\":0,\"copied\":0,\"bytes\":0,\"missing\":[],\"failed\":[],"
                   "\"cancelled\":false}\n");
-    EXPECT_TRUE(Tree(set) == before);
+    EXPECT_TRUE(ReadFileTree(set) == before);
 }
 
 /// An image file on a loop device, as long as the object lives; no path where that can't be had.

@@ -1,5 +1,6 @@
 #include "platform/LumImage.h"
 #include "sample/DeliveryBuilder.h"
+#include "support/FileTree.h"
 #include "support/RunProgram.h"
 #include "support/TempFolder.h"
 
@@ -34,19 +35,6 @@ protected:
         return folder;
     }
 
-    /// Every path under \p folder with its size and time of change.
-    static std::map<CString, std::pair<off_t, long>> Fingerprint(const CString& folder)
-    {
-        std::map<CString, std::pair<off_t, long>> files;
-        for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
-            struct stat facts;
-            stat(entry.path().c_str(), &facts);
-            files[entry.path()] = {facts.st_size,
-                                   facts.st_mtim.tv_sec * 1000000000 + facts.st_mtim.tv_nsec};
-        }
-        return files;
-    }
-
     TempFolder temp;
 };
 
@@ -76,7 +64,7 @@ TEST_F(Headless, GivesBackWhatTheSampleGeneratorWrote)
 TEST_F(Headless, ShowsADeliveryWithoutTouchingIt)
 {
     const CString folder = Sample({"--photos", "9", "--drawings", "3"});
-    const auto before = Fingerprint(folder);
+    const auto before = ReadFileTree(folder);
 
     const Json info = Json::parse(Run({"tovi", "info", folder}).output);
     EXPECT_EQ(info["family"], "mlit");
@@ -110,7 +98,7 @@ TEST_F(Headless, ShowsADeliveryWithoutTouchingIt)
     EXPECT_TRUE(LumImage::GetCommentImageSize(temp.Path("sheet.png").c_str(), width, height));
     EXPECT_GT(width, 600);
     EXPECT_EQ(Run({"tovi", "sheet", folder, folder + "/PHOTO/PIC/sheet.png"}).status, 2);
-    EXPECT_EQ(Fingerprint(folder), before);
+    EXPECT_EQ(ReadFileTree(folder), before);
 }
 
 TEST_F(Headless, ReadsTheControlValues)
@@ -185,7 +173,7 @@ TEST_F(Headless, PreparesTheIndexInTheWorkFolder)
     temp.Write("config/tovi/registry.ini",
                "[SOFTWARE\\Orvane Systems\\QVHomeKey]\nQVScratch=sz:" + temp.MakeFolder("work"));
     const CString folder = Sample({"--photos", "1", "--no-images"});
-    const auto before = Fingerprint(folder);
+    const auto before = ReadFileTree(folder);
     const CString copies = temp.Path("work/QVScratch/QV-SUITE/IndexCopy/");
 
     const ProgramResult made = Run({"tovi", "index", folder});
@@ -198,7 +186,7 @@ TEST_F(Headless, PreparesTheIndexInTheWorkFolder)
     EXPECT_EQ(Json::parse(page.output), Json({{"path", copies + "INDEX_C.html"}}));
     EXPECT_THAT(temp.Read("work/QVScratch/QV-SUITE/IndexCopy/INDEX_C.html"),
                 AllOf(HasSubstr("<html lang=\"ja\">"), HasSubstr("<h1>")));
-    EXPECT_EQ(Fingerprint(folder), before);
+    EXPECT_EQ(ReadFileTree(folder), before);
 
     const auto errorsWith = [&](const CString& index) {
         temp.Write("sample/INDEX_C.XML", index);

@@ -1,6 +1,7 @@
 #include "platform/HostServices.h"
 #include "platform/MibFile.h"
 #include "sample/DeliveryBuilder.h"
+#include "support/FileTree.h"
 #include "support/RunProgram.h"
 #include "support/TempFolder.h"
 
@@ -69,6 +70,7 @@ protected:
                 .Set(i, "撮影箇所", "=1+1");
         }
         builder.Write(delivery);
+        delivered = ReadFileTree(delivery);
         temp.MakeFolder(documents);
         temp.Write("config/user-dirs.dirs", "XDG_DOCUMENTS_DIR=\"" + temp.Path(documents) + "\"\n");
     }
@@ -80,9 +82,10 @@ protected:
         }
     }
 
-    /// Whatever the ending, nothing of the office is left.
+    /// Whatever the ending, nothing of the office is left and the delivery is as it was.
     void TearDown() override
     {
+        EXPECT_TRUE(ReadFileTree(delivery) == delivered);
         EXPECT_TRUE(Processes("soffice", mark).empty());
         EXPECT_FALSE(
             std::filesystem::exists(temp.Path(documents + "/QVScratch/QV-SUITE/QV-ExcelData")));
@@ -148,6 +151,7 @@ protected:
     TempFolder temp;
     const CString documents = "書類の入ったとても長い名前のフォルダとその中の作業用のフォルダ";
     CString delivery = temp.Path("d");
+    FileTree delivered;
     CString record = temp.Path("r.xml");
     CString output = temp.Path("検査 結果.xls");
     /// What is in the command lines of all our processes.
@@ -197,6 +201,22 @@ TEST_F(ReportJourney, IsReadBackCellByCell)
 
     ASSERT_EQ(Report(output).status, 0) << "the same output again";
     EXPECT_EQ(Read(output)["rows"], rows);
+}
+
+// A block of its own, empty but for the header, stands behind a full one.
+TEST_F(ReportJourney, FillsAsManyPagesAsThePhotographsTake)
+{
+    for (const auto& [count, pages] : {std::pair{1, 1}, {31, 2}, {32, 2}, {62, 3}}) {
+        const CString folder = temp.Path(Format("d%d", count));
+        DeliveryBuilder({.photos = count, .drawings = 0, .images = false}).Write(folder);
+        ASSERT_EQ(RunProgram({"tovi", "report", folder, output}, temp.Path("config")).status, 0);
+        const Json rows = Read(output)["rows"];
+        EXPECT_EQ(rows.size(), static_cast<std::size_t>(pages) * 32) << count;
+        const auto filled = std::count_if(rows.begin(), rows.end(), [](const Json& row) {
+            return row[1] != "" && row[1] != "写真名";
+        });
+        EXPECT_EQ(filled, count);
+    }
 }
 
 TEST_F(ReportJourney, ChoosesTheFormatByTheEnding)

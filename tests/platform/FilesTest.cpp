@@ -1,3 +1,4 @@
+#include "platform/FileDescriptor.h"
 #include "platform/MibFile.h"
 #include "platform/RunFolder.h"
 #include "platform/TextFile.h"
@@ -5,7 +6,9 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/un.h>
 
 namespace
 {
@@ -131,17 +134,33 @@ TEST(TextFile, ReadsLinesOfEveryShape)
     EXPECT_EQ(line, "next");
 }
 
+void BindSocket(const CString& path)
+{
+    const FileDescriptor made(socket(AF_UNIX, SOCK_STREAM, 0));
+    sockaddr_un address = {};
+    address.sun_family = AF_UNIX;
+    path.copy(address.sun_path, sizeof address.sun_path - 1);
+    const auto* const bound = reinterpret_cast<const sockaddr*>(&address);
+    ASSERT_EQ(bind(made.Get(), bound, sizeof address), 0);
+}
+
 TEST(RunFolder, LeavesThoseOfOtherRunsAlone)
 {
     const TempFolder temp;
     const CString shared = temp.Path("suite/work");
     temp.Write("suite/work/ended/rest", "");
+    const CString kept = temp.Write("kept", "no socket");
+    const CString socketPath = temp.Path("socket");
+    BindSocket(socketPath);
+    temp.Write("suite/work/ended/sockets", socketPath + '\n' + kept + "\n/none\n");
     {
         const RunFolder first(shared);
         const RunFolder second(shared);
         EXPECT_NE(first.Path(), second.Path());
         EXPECT_TRUE(MibIsFolderExist(first.Path()) && MibIsFolderExist(second.Path()));
         EXPECT_FALSE(MibIsFolderExist(shared + "/ended"));
+        EXPECT_FALSE(std::filesystem::exists(socketPath));
+        EXPECT_TRUE(std::filesystem::exists(kept));
         temp.Write(second.Path().substr(temp.Path().size() + 1) + "/part/file", "");
     }
     EXPECT_FALSE(MibIsFolderExist(shared));

@@ -1,6 +1,7 @@
 #include "platform/office/Office.h"
 
 #include "platform/office/UnoText.h"
+#include "platform/RunFolder.h"
 
 #include <com/sun/star/bridge/BridgeFactory.hpp>
 #include <com/sun/star/bridge/XBridgeFactory2.hpp>
@@ -122,7 +123,7 @@ bool Office::Connect(const std::function<bool()>& giveUp)
     const auto end = std::chrono::steady_clock::now() + answerLimit;
     while (IsRunning() && !giveUp() && std::chrono::steady_clock::now() < end) {
         const bool connected = TryToConnect();
-        process.NoteSockets();
+        process.NoteSockets(home + '/' + socketListName);
         if (connected) return true;
         std::this_thread::sleep_for(connectPause);
     }

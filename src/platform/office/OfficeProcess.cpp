@@ -64,7 +64,7 @@ std::set<std::string> OpenFiles(pid_t process)
 OfficeProcess::~OfficeProcess()
 {
     if (IsRunning()) {
-        NoteSockets();
+        FindSockets();
         Kill();
         waitpid(process, nullptr, 0);
     }
@@ -112,7 +112,16 @@ bool OfficeProcess::WaitForEnd(std::chrono::milliseconds limit)
     return true;
 }
 
-void OfficeProcess::NoteSockets()
+void OfficeProcess::NoteSockets(const std::string& list)
+{
+    const std::size_t known = sockets.size();
+    FindSockets();
+    if (sockets.size() == known) return;
+    std::ofstream file(list);
+    for (const std::string& socket : sockets) file << socket << '\n';
+}
+
+void OfficeProcess::FindSockets()
 {
     constexpr int fieldsBeforeInode = 6;
     const std::set<std::string> open = OpenFiles(process);

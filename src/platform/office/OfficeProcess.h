@@ -22,8 +22,9 @@ public:
     /// those of this process.
     bool Start(const std::vector<std::string>& command, const std::vector<std::string>& variables);
     /// Notes the sockets that it has bound. They are removed after its end, which it doesn't do
-    /// itself when it is killed.
-    void NoteSockets();
+    /// itself when it is killed. Their paths stand in the file \p list from then on, a line each,
+    /// for whoever clears up behind this process.
+    void NoteSockets(const std::string& list);
     bool IsRunning();
     /// Kills it at once; its end is noted by IsRunning.
     void Kill() const;
@@ -33,6 +34,8 @@ public:
     bool WaitForEnd(std::chrono::milliseconds limit);
 
 private:
+    void FindSockets();
+
     pid_t process = -1;
     int exitStatus = -1;
     std::set<std::string> sockets;
