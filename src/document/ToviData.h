@@ -18,6 +18,8 @@
 #include <memory>
 #include <optional>
 
+class FolderClaim;
+
 /// One open delivery: its photographs, the items that belong to the whole, the classification tree
 /// (whose root it is itself) and the selection.
 ///
@@ -59,6 +61,9 @@ public:
     virtual void RootPath(const char* path);
     /// The folders of PHOTO.XML from which the delivery was read so far, the present one last.
     CStringArray DeliveryRoots() const;
+    /// Keeps \p claim, on the folder that the delivery is read from, as long as the document lives,
+    /// or until another one takes its place.
+    void HoldFolder(std::shared_ptr<const FolderClaim> claim) { folderClaim = std::move(claim); }
     /// True when \p path lies, symbolic links followed, in the delivery's folder or one that was
     /// its folder before a change of media.
     bool IsInsideDelivery(const CString& path) const;
@@ -248,6 +253,7 @@ private:
 
     CString rootPath;
     CStringArray earlierRoots;
+    std::shared_ptr<const FolderClaim> folderClaim;
     CDocument* hostDocument;
     ToviPhotoArray photoData;
     ToviItemArray mngItems;

@@ -4,6 +4,7 @@
 #include "loading/DriveType.h"
 #include "loading/OpenNextDataDlg.h"
 #include "loading/WorkFolder.h"
+#include "platform/FolderClaim.h"
 #include "platform/HostServices.h"
 #include "platform/MibCopy.h"
 #include "platform/MibFile.h"
@@ -41,7 +42,7 @@ bool IsUsedInPlace(DriveType drive)
 
 void CombineArea::Delete() const
 {
-    if (folder.empty() || !MibIsFolderExist(folder)) return;
+    if (folder.empty() || !MibIsFolderExist(folder) || FolderClaim(folder).IsOthers()) return;
     ShowProgress("作業領域のデータの削除中...");
     MibRemoveDirectory(folder, true);
     ShowProgress("");
@@ -95,7 +96,10 @@ bool MediaCombine::Take(const CString& path, bool rebuildPaths)
         Tell("不正なフォルダパスです。再度パスの指定を行ってください。", MessageIcon::Warning);
         return false;
     }
+    if (!ClaimArea()) return false;
     if (!CopyDisc(source)) {
+        claim.reset();
+        document.HoldFolder(nullptr);
         area.Delete();
         return false;
     }
@@ -103,6 +107,23 @@ bool MediaCombine::Take(const CString& path, bool rebuildPaths)
     document.RootPath(source.c_str());
     dataFolder = area.photoFolder;
     PointDocumentAtData(rebuildPaths);
+    return true;
+}
+
+bool MediaCombine::ClaimArea()
+{
+    if (claim) return true;
+    MibCreateDirectory(area.folder);
+    auto made = std::make_shared<FolderClaim>(area.folder);
+    if (made->IsOthers()) {
+        Tell("メディアから取り込んだ別の納品データが、ほかのプログラムで開かれています。\nそれを閉"
+             "じて"
+             "から、もう一度開いてください。",
+             MessageIcon::Warning);
+        return false;
+    }
+    claim = made;
+    document.HoldFolder(std::move(made));
     return true;
 }
 

@@ -2,6 +2,9 @@
 
 #include "platform/Text.h"
 
+#include <memory>
+
+class FolderClaim;
 class ToviData;
 
 /// The place on the local disk where the discs of one delivery are brought together.
@@ -12,7 +15,7 @@ struct CombineArea
     /// The content of the discs' folders of PHOTO.XML.
     CString photoFolder;
 
-    /// Removes the area with all that is in it.
+    /// Removes the area with all that is in it, unless a delivery is open from there.
     void Delete() const;
 };
 
@@ -34,8 +37,9 @@ public:
 
     /// Begins with the folder \p path of a PHOTO.XML. With \p rebuildPaths the paths that the
     /// photographs have on this first disc are thrown away once the copy stands. False, after a
-    /// message, for a path on no known kind of drive and for a copy that failed, and without one
-    /// for a copy that the user has cancelled; the area is then gone.
+    /// message, for a path on no known kind of drive, an area that another program has open, and a
+    /// copy that failed, and without one for a copy that the user has cancelled; what was copied is
+    /// then gone.
     bool Run(CString path, bool rebuildPaths);
     bool IsCancelled() const { return cancelled; }
 
@@ -45,6 +49,9 @@ public:
 private:
     /// Takes up one disc or folder.
     bool Take(const CString& path, bool rebuildPaths);
+    /// Keeps other combines, of other programs too, from the area as long as the document lives.
+    /// False, after a message, when another one has it.
+    bool ClaimArea();
     bool CopyDisc(const CString& source);
     bool CopyFilesAbove(const CString& source) const;
     bool CopyPhotographs(const CString& source);
@@ -53,6 +60,7 @@ private:
 
     ToviData& document;
     CombineArea area;
+    std::shared_ptr<const FolderClaim> claim;
     CString dataFolder;
     bool cancelled = false;
 };

@@ -71,6 +71,12 @@ WriteFailure FailureOf(int error)
 }
 } // namespace
 
+WriteFailure WhyNotReplaceable(const CString& path)
+{
+    Target target;
+    return FailureOf(Examine(path, target));
+}
+
 bool WriteFileAtomically(const CString& path, std::string_view bytes, WriteFailure* failure)
 {
     const int error = Replace(path, bytes);

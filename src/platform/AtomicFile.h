@@ -14,6 +14,9 @@ enum class WriteFailure
     Other
 };
 
+/// Why the file \p path could not be replaced, as far as that can be told without writing.
+TOVI_EXPORT WriteFailure WhyNotReplaceable(const CString& path);
+
 /// Makes \p bytes the whole content of the file \p path, which is created when it is missing and
 /// keeps its permissions when it is not. The bytes are written beside the file, flushed to the disk
 /// and renamed over it, so that after a crash, a kill or a full disk either the old or the new file

@@ -136,7 +136,9 @@ CheckStatusOutcome ToviCheckStatusFileOut::Write(SpreadsheetApplication& applica
     MibParentDir(outputFolder);
     if (IsDeliveryFolder(data, outputFolder)) return CheckStatusOutcome::InDelivery;
     if (IsOpenInOffice(output)) return CheckStatusOutcome::OutputOpen;
-    if (MibIsReadOnly(output)) return CheckStatusOutcome::OutputReadOnly;
+    if (WhyNotReplaceable(output) == WriteFailure::NotWritable) {
+        return CheckStatusOutcome::OutputReadOnly;
+    }
     const CString filled = folder + "/report";
     const CheckStatusOutcome outcome = Fill(application, copy, filled, format, caption);
     // An interrupt that hit the office, or that came after the last time somebody asked: from here

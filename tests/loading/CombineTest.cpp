@@ -91,6 +91,7 @@ TEST_F(Combine, GathersAllDiscsInTheWorkArea)
                 EXPECT_THAT(path, StartsWith(area));
         }
     }
+    document.reset();
     factory.DeleteTempData();
     EXPECT_FALSE(fs::exists(FindCombineArea().folder));
     EXPECT_EQ(host.user.calls.back().kind, ScriptedUserInterface::CallKind::Progress);
@@ -171,6 +172,20 @@ TEST_F(Combine, UsesItsOwnAreaInItsPlaceOnARemovableDiskToo)
     document.reset(creator.Create(nullptr, gathered.c_str(), PhotoXMLMlit, nullptr, nullptr));
     host.user.folders = {Disc(3)};
     EXPECT_TRUE(creator.StartCombineProc(gathered, document.get(), true));
+    EXPECT_EQ(Found(), 6);
+}
+
+TEST_F(Combine, LeavesAnAreaAloneThatAnotherDeliveryIsOpenFrom)
+{
+    EXPECT_TRUE(Run({Disc(2), Disc(3)}));
+    std::unique_ptr<ToviData> other = std::move(document);
+    Open(1);
+    host.user.calls.clear();
+    factory.DeleteTempData();
+    EXPECT_FALSE(Run({Disc(2), Disc(3)}));
+    EXPECT_THAT(Texts(host.user.Messages()),
+                ElementsAre(testing::HasSubstr("ほかのプログラムで開かれています")));
+    document = std::move(other);
     EXPECT_EQ(Found(), 6);
 }
 
