@@ -45,8 +45,10 @@ std::vector<pid_t> Processes(const CString& first, const CString& second)
     for (const auto& entry : std::filesystem::directory_iterator("/proc")) {
         const CString name = entry.path().filename().string();
         if (!std::isdigit(static_cast<unsigned char>(name[0]))) continue;
+        // Reading fails for one that ends meanwhile, which getline keeps to itself.
         std::ifstream file(entry.path() / "cmdline");
-        const CString line{std::istreambuf_iterator<char>(file), {}};
+        CString line;
+        for (CString word; std::getline(file, word, '\0');) line += word + ' ';
         if (line.find(first) != CString::npos && line.find(second) != CString::npos) {
             found.push_back(std::stoi(name));
         }
