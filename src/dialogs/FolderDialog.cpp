@@ -1,5 +1,6 @@
 #include "dialogs/FolderDialog.h"
 
+#include "platform/QtColor.h"
 #include "platform/QtText.h"
 
 #include <QDialogButtonBox>
@@ -14,7 +15,7 @@
 
 namespace
 {
-constexpr QColor messageColor(0xEE, 0xFF, 0xFA);
+constexpr unsigned long messageColor = 0xFAFFEE;
 
 QLabel* MakeMessage(const CString& text)
 {
@@ -24,7 +25,7 @@ QLabel* MakeMessage(const CString& text)
     message->setMargin(6);
     message->setFrameStyle(QFrame::Panel | QFrame::Sunken);
     QPalette colors = message->palette();
-    colors.setColor(QPalette::Window, messageColor);
+    colors.setColor(QPalette::Window, QtColor(messageColor));
     colors.setColor(QPalette::WindowText, Qt::black);
     message->setPalette(colors);
     message->setAutoFillBackground(true);
@@ -59,7 +60,7 @@ FolderDialog::FolderDialog(const FolderQuestion& question, const CString& folder
     layout->addWidget(list, 4, 0, 1, 3);
     layout->addWidget(MakeOkCancel(), 5, 0, 1, 3);
     field->setFocus();
-    setMinimumWidth(480);
+    setMinimumWidth(540);
 }
 
 CString FolderDialog::GetFolder() const
