@@ -87,7 +87,9 @@ bool MediaCombine::Take(const CString& path, bool rebuildPaths)
     ToviGetUniversalName(path.c_str(), source, true);
     const DriveType drive = DriveOf(source);
     // A work folder on a removable disk: a copy of the area would have to be copied over itself.
-    if (IsUsedInPlace(drive) || MibIsInside(area.folder, source)) {
+    const bool isGathered = MibIsInside(area.folder, source);
+    if (isGathered && !ClaimArea()) return false;
+    if (IsUsedInPlace(drive) || isGathered) {
         dataFolder = source;
         PointDocumentAtData(false);
         return true;
