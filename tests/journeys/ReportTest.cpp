@@ -71,6 +71,9 @@ protected:
                 .Set(i, "写真タイトル", Format("写真%d", i + 1))
                 .Set(i, "撮影箇所", "=1+1");
         }
+        // Threads of the office's libraries end while the search for leaks looks at them, which it
+        // doesn't always survive.
+        setenv("ASAN_OPTIONS", "detect_leaks=0", 1);
         builder.Write(delivery);
         delivered = ReadFileTree(delivery);
         temp.MakeFolder(documents);
