@@ -82,11 +82,15 @@ CheckStatusOutcome ToviCheckStatusFileOut::FileOut(const CString& caption, const
     const RunFolder folder(SharedWorkFolder());
     if (folder.Path().empty()) return CheckStatusOutcome::NoWorkFolder;
     bool cancelled = false;
-    const auto application = Start(folder.Path(), caption, cancelled);
+    auto application = Start(folder.Path(), caption, cancelled);
     if (!application) {
         return cancelled ? CheckStatusOutcome::Cancelled : CheckStatusOutcome::NotStarted;
     }
-    return Write(*application, folder.Path(), path, caption);
+    const CheckStatusOutcome outcome = Write(*application, folder.Path(), path, caption);
+    application.reset();
+    // The report is there: an interrupt that came since is too late.
+    if (outcome == CheckStatusOutcome::Written) WasInterrupted();
+    return outcome;
 }
 
 std::unique_ptr<SpreadsheetApplication>
