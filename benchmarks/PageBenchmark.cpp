@@ -105,16 +105,17 @@ struct PageBench
     ToviMpiPanel panel;
 };
 
-void BareScaledDecodesOfAPage(benchmark::State& state)
+void DecodePage(benchmark::State& state, int reduction)
 {
     const CString path = PhotoPath();
     for (auto _ : state) {
-        for (int photo = 0; photo < onPage; ++photo) DecodeBare(path, 4);
+        for (int photo = 0; photo < onPage; ++photo) DecodeBare(path, reduction);
     }
 }
-BENCHMARK(BareScaledDecodesOfAPage)->Unit(benchmark::kMillisecond);
 
-void TurnPageToThumbnails(benchmark::State& state)
+/// Turns a page each time; it is on screen once \p finish has returned.
+template <class Finish>
+void TurnPages(benchmark::State& state, const Finish& finish)
 {
     PageBench bench;
     for (auto _ : state) {
@@ -122,31 +123,32 @@ void TurnPageToThumbnails(benchmark::State& state)
         bench.KeepPages();
         state.ResumeTiming();
         bench.panel.OperateNextPage();
-        bench.Paint();
+        finish(bench);
     }
+}
+
+void BareScaledDecodesOfAPage(benchmark::State& state)
+{
+    DecodePage(state, 4);
+}
+BENCHMARK(BareScaledDecodesOfAPage)->Unit(benchmark::kMillisecond);
+
+void TurnPageToThumbnails(benchmark::State& state)
+{
+    TurnPages(state, [](PageBench& bench) { bench.Paint(); });
 }
 BENCHMARK(TurnPageToThumbnails)->Unit(benchmark::kMillisecond);
 
 void BareFullDecodesOfAPage(benchmark::State& state)
 {
-    const CString path = PhotoPath();
-    for (auto _ : state) {
-        for (int photo = 0; photo < onPage; ++photo) DecodeBare(path, 1);
-    }
+    DecodePage(state, 1);
 }
 BENCHMARK(BareFullDecodesOfAPage)->Unit(benchmark::kMillisecond);
 
 /// The time counts the 100 ms that a key held down gets to turn on; what is done is the CPU's time.
 void TurnPageToFullPictures(benchmark::State& state)
 {
-    PageBench bench;
-    for (auto _ : state) {
-        state.PauseTiming();
-        bench.KeepPages();
-        state.ResumeTiming();
-        bench.panel.OperateNextPage();
-        bench.WaitUntilPageIsFull();
-    }
+    TurnPages(state, [](PageBench& bench) { bench.WaitUntilPageIsFull(); });
 }
 BENCHMARK(TurnPageToFullPictures)->Unit(benchmark::kMillisecond);
 

@@ -1,26 +1,13 @@
 #include "panels/CellChild.h"
-#include "panels/ToviCommentWindow.h"
+#include "panels/ShownDelivery.h"
 #include "panels/ToviLabelButton.h"
-#include "panels/ToviMpiPanel.h"
-#include "panels/ToviNamePlate.h"
 #include "panels/ToviPhotoListCtrl.h"
-#include "panels/ToviPopUpMenu.h"
-#include "platform/controls/LumImgWnd.h"
 #include "platform/controls/WindowId.h"
-#include "platform/QtText.h"
-#include "review/SlideMode.h"
-#include "support/OpenedSample.h"
-#include "support/Texts.h"
 
 #include <gmock/gmock.h>
 
 #include <QAbstractItemView>
-#include <QApplication>
 #include <QLabel>
-#include <QPlainTextEdit>
-#include <QSignalSpy>
-#include <QTest>
-#include <QTimer>
 
 #include <filesystem>
 #include <fstream>
@@ -28,7 +15,6 @@
 namespace
 {
 using Setting = ToviPhotoCtrlVisualSetting;
-using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -36,138 +22,6 @@ constexpr Setting::DivideType pagedModes[] = {Setting::DivideOne, Setting::Divid
                                               Setting::DivideThree, Setting::DivideFour,
                                               Setting::DivideSix};
 constexpr int onPage[] = {1, 2, 3, 4, 6};
-
-/// A host with one panel, to which it forwards what is broadcast.
-class PanelHost : public CDocument
-{
-public:
-    void UpdateAllViews(CWnd* sender, int hint, CObject* object) override
-    {
-        hints.push_back(hint);
-        if (panel != nullptr)
-            panel->OnUpdate(sender, static_cast<ToviData::UpdateHint>(hint), object);
-    }
-
-    ToviMpiPanel* panel = nullptr;
-    std::vector<int> hints;
-};
-
-/// A delivery on show in a panel.
-struct ShownDelivery
-{
-    ShownDelivery(const DeliveryBuilder& delivery, Setting::DivideType mode)
-    {
-        delivery.Write(temp.Path());
-        ToviEnouDataFactory factory;
-        data.reset(
-            factory.Create(&host, temp.Path("PHOTO").c_str(), PhotoXMLMlit, nullptr, nullptr));
-        data->Load();
-        data->BuildTreeNode(Setting::TreeWorkTypeFull);
-        host.panel = &panel;
-        window.resize(1000, 700);
-        panel.Create(&window, 1);
-        panel.resize(window.size());
-        panel.Attach(data.get());
-        window.show();
-        window.activateWindow();
-        SetMode(mode);
-        host.UpdateAllViews(nullptr, ToviData::HintInitialize, nullptr);
-        panel.setFocus();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
-    }
-    ShownDelivery(int photos, Setting::DivideType mode)
-        : ShownDelivery(DeliveryBuilder({.photos = photos, .drawings = 0, .images = false}), mode)
-    {}
-    ~ShownDelivery() { panel.Detach(); }
-
-    template <class Change>
-    void Set(const Change& change)
-    {
-        Setting setting = data->GetVisualSetting();
-        change(setting);
-        data->SetVisualSetting(setting, false);
-        host.UpdateAllViews(nullptr, ToviData::HintSettingsChanged, nullptr);
-    }
-
-    void SetMode(Setting::DivideType mode)
-    {
-        Set([mode](Setting& setting) { setting.SetDivType(mode); });
-    }
-
-    /// Makes the first \p count photographs the current array.
-    void ShowFirst(int count)
-    {
-        for (int index = 0; index < data->GetTotalCountPhoto(); ++index) {
-            ToviPhoto& photo = *data->GetPhotoActualPhotoArray(index);
-            photo.RemoveLabel(LabelFree);
-            if (index < count) photo.PasteLabel(LabelFree);
-        }
-        data->SetSelected(static_cast<int>(LabelFree));
-    }
-
-    void Press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
-    {
-        // A dialog may have been in front.
-        window.activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-        ASSERT_NE(QApplication::focusWidget(), nullptr);
-        QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(key), modifiers);
-    }
-
-    std::vector<ToviSpiCtrl*> Cells()
-    {
-        const QList<ToviSpiCtrl*> found = panel.findChildren<ToviSpiCtrl*>();
-        return {found.begin(), found.end()};
-    }
-    /// What the cells show.
-    std::vector<int> Positions()
-    {
-        std::vector<int> positions;
-        for (const ToviSpiCtrl* cell : Cells()) positions.push_back(cell->GetPhotoIndex());
-        return positions;
-    }
-    ToviNamePlate& Plate(int cell)
-    {
-        return *Cells()[static_cast<std::size_t>(cell)]->findChild<ToviNamePlate*>();
-    }
-    void Click(int cell, Qt::MouseButton button = Qt::LeftButton)
-    {
-        QTest::mouseClick(&Plate(cell), button, {}, QPoint(10, 10));
-    }
-    int Selected() { return data->GetSelectCurIndex(); }
-    ToviPhoto& Photo(int position) { return *data->GetPhoto(position); }
-    /// The comment strips that are to be seen, with their whole texts.
-    std::vector<CString> Strips()
-    {
-        std::vector<CString> texts;
-        for (const auto* strip : panel.findChildren<ToviCommentWindow*>()) {
-            if (strip->isVisible()) texts.push_back(FromQtText(strip->accessibleDescription()));
-        }
-        return texts;
-    }
-
-    /// Answers the next comment dialog with \p text; null: gives it up.
-    void AnswerComment(const char* text)
-    {
-        QTimer::singleShot(0, &panel, [text] {
-            QWidget* const dialog = QApplication::activeModalWidget();
-            ASSERT_NE(dialog, nullptr);
-            auto* const edit = dialog->findChild<QPlainTextEdit*>();
-            if (text != nullptr) edit->setPlainText(QtText(text));
-            QTest::keyClick(edit, text != nullptr ? Qt::Key_Return : Qt::Key_Escape);
-        });
-    }
-
-    TestHost services;
-    TempFolder temp;
-    PanelHost host;
-    std::unique_ptr<ToviData> data;
-    QWidget window;
-    ToviMpiPanel panel{&host};
-    QSignalSpy pagesTold{&panel, &ToviMpiPanel::PageChanged};
-    QSignalSpy modesTold{&panel, &ToviMpiPanel::ModeChanged};
-    QSignalSpy zooms{&panel, &ToviMpiPanel::ZoomRequested};
-};
 
 /// The page is what the arithmetic of \p photos says, with the selected photograph on it.
 void ExpectSoundPage(ShownDelivery& shown, int mode, int photos)
@@ -378,128 +232,6 @@ TEST(MpiPanel, SelectsByMouseAndAsksForTheZoom)
     EXPECT_EQ(shown.Selected(), selected) << "an empty cell";
 }
 
-TEST(MpiPanel, PastesAndRemovesLabels)
-{
-    ShownDelivery shown(2, Setting::DivideTwo);
-    const auto pasted = [&shown] {
-        std::vector<unsigned int> found;
-        for (unsigned int slot = 0; slot < labelCount; ++slot) {
-            if (shown.Photo(0).IsLabelPasted(slot)) found.push_back(slot);
-            EXPECT_EQ(shown.Plate(0).Button(slot)->IsPressed(), shown.Photo(0).IsLabelPasted(slot));
-        }
-        return found;
-    };
-    shown.data->SetCheckStatusChanged(false);
-    shown.panel.PasteLabel(LabelNg1);
-    EXPECT_TRUE(shown.data->IsCheckStatusChanged());
-    EXPECT_THAT(shown.host.hints, Contains(ToviData::HintPhotoInfoChanged));
-    shown.panel.PasteLabel(LabelNg2);
-    shown.panel.ToggleLabel(LabelFree);
-    EXPECT_THAT(pasted(), ElementsAre(LabelNg1, LabelNg2, LabelFree));
-    shown.panel.ToggleLabel(LabelOk);
-    EXPECT_THAT(pasted(), ElementsAre(LabelOk, LabelFree));
-    shown.panel.ToggleLabel(LabelFree);
-    QTest::mouseClick(shown.Plate(0).Button(LabelNg3), Qt::LeftButton);
-    EXPECT_THAT(pasted(), ElementsAre(LabelNg3));
-    shown.panel.PasteLabel(6);
-    shown.panel.OnRemoveAllLabel();
-    EXPECT_THAT(pasted(), IsEmpty());
-
-    shown.panel.PasteLabel(LabelOk);
-    shown.data->SetCheckStatusChanged(false);
-    shown.panel.AllPhotoAllLabelRemove();
-    EXPECT_THAT(pasted(), IsEmpty());
-    EXPECT_TRUE(shown.data->IsCheckStatusChanged());
-}
-
-TEST(MpiPanel, ShowsCommentsOverThePhotographs)
-{
-    ShownDelivery shown(3, Setting::DivideTwo);
-    shown.AnswerComment("　舗装厚を確認 ");
-    shown.panel.PasteLabel(LabelComment);
-    EXPECT_EQ(shown.Photo(0).GetComment(), "　舗装厚を確認 ");
-    EXPECT_TRUE(shown.Photo(0).IsLabelPasted(LabelComment));
-    EXPECT_THAT(shown.Strips(), ElementsAre("　舗装厚を確認 "));
-    const auto* const image = shown.Cells()[0]->findChild<LumImgWnd*>();
-    const auto* const strip = shown.Cells()[0]->findChild<ToviCommentWindow*>();
-    EXPECT_EQ(strip->width(), image->width());
-    EXPECT_EQ(strip->geometry().bottom() + 1, image->y()) << "the photograph makes room";
-
-    shown.panel.OperateNextPage();
-    EXPECT_THAT(shown.Strips(), IsEmpty());
-    shown.panel.OperatePrevPage();
-    EXPECT_THAT(shown.Strips(), testing::SizeIs(1));
-    shown.Set([](Setting& setting) { setting.SetVisibleComment(false); });
-    EXPECT_THAT(shown.Strips(), IsEmpty());
-    shown.Set([](Setting& setting) { setting.SetVisibleComment(true); });
-    EXPECT_THAT(shown.Strips(), testing::SizeIs(1));
-
-    shown.AnswerComment("二枚目");
-    QTest::mouseClick(shown.Plate(1).Button(LabelComment), Qt::LeftButton);
-    EXPECT_EQ(shown.Selected(), 1);
-    shown.AnswerComment("書き直し");
-    QTest::mouseDClick(shown.Cells()[0]->findChild<ToviCommentWindow*>(), Qt::LeftButton);
-    EXPECT_EQ(shown.Selected(), 0);
-    EXPECT_THAT(shown.Strips(), ElementsAre("書き直し", "二枚目"));
-
-    shown.AnswerComment(" 　");
-    shown.panel.ToggleLabel(LabelComment);
-    EXPECT_FALSE(shown.Photo(0).IsLabelPasted(LabelComment));
-    EXPECT_EQ(shown.Photo(0).GetComment(), "");
-    EXPECT_THAT(shown.Strips(), ElementsAre("二枚目"));
-
-    shown.data->SetCheckStatusChanged(false);
-    shown.AnswerComment(nullptr);
-    shown.panel.PasteLabel(LabelComment);
-    EXPECT_TRUE(shown.data->IsCheckStatusChanged()) << "giving up counts as a change";
-    EXPECT_THROW(shown.panel.UpdateComment(2, "x"), InvalidArgument);
-
-    // The second one is corrected, with all others, in one go.
-    shown.services.user.options = {2};
-    shown.services.user.answers = {MessageAnswer::Ok};
-    EXPECT_TRUE(shown.data->AllLabelCorrection());
-    EXPECT_THAT(shown.Strips(), IsEmpty());
-    EXPECT_FALSE(shown.Plate(1).Button(LabelComment)->IsPressed());
-}
-
-TEST(MpiPanel, OffersTheLabelsInAMenu)
-{
-    ShownDelivery shown(2, Setting::DivideTwo);
-    SetSlideMode(true);
-    shown.Click(1, Qt::RightButton);
-    SetSlideMode(false);
-    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
-    EXPECT_THAT(Texts(shown.services.user.Messages()),
-                ElementsAre("スライドモード中は右クリック操作はできません。"));
-
-    shown.data->GetLabelManager()->GetLabelAttribute(LabelNg1).SetName("A&B");
-    shown.Click(1, Qt::RightButton);
-    EXPECT_EQ(shown.Selected(), 1);
-    auto* menu = qobject_cast<ToviPopUpMenu*>(QApplication::activePopupWidget());
-    ASSERT_NE(menu, nullptr);
-    // 付箋の貼り付け, and there the second.
-    QTest::keyClick(menu, Qt::Key_S);
-    QWidget* const paste = QApplication::activePopupWidget();
-    EXPECT_EQ(paste->actions()[1]->text(), QStringLiteral("A&&B"));
-    if (paste->actions()[0] == qobject_cast<QMenu*>(paste)->activeAction())
-        QTest::keyClick(paste, Qt::Key_Down);
-    QTest::keyClick(paste, Qt::Key_Return);
-    EXPECT_TRUE(shown.Photo(1).IsLabelPasted(LabelNg1));
-    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
-
-    shown.panel.ShowPopUpMenu();
-    ASSERT_NE(QApplication::activePopupWidget(), nullptr);
-    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_R);
-    const QList<QAction*> remove = QApplication::activePopupWidget()->actions();
-    EXPECT_FALSE(remove[0]->isEnabled());
-    EXPECT_TRUE(remove[1]->isEnabled());
-    EXPECT_EQ(remove.last()->text(), QStringLiteral("全て"));
-    remove.last()->trigger();
-    EXPECT_FALSE(shown.Photo(1).IsLabelPasted(LabelNg1));
-    shown.panel.Detach();
-    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
-}
-
 TEST(MpiPanel, WalksThroughTheThumbnails)
 {
     ShownDelivery shown(9, Setting::DivideThumbnails);
@@ -521,54 +253,6 @@ TEST(MpiPanel, WalksThroughTheThumbnails)
         shown.panel.OperatePrevPhoto();
         EXPECT_EQ(shown.Selected(), photos == 0 ? -1 : std::max(0, photos - 2));
     }
-}
-
-TEST(MpiPanel, LabelsAndCommentsInTheLists)
-{
-    ShownDelivery shown(40, Setting::DivideThumbnails);
-    EXPECT_EQ(shown.Selected(), 0);
-    shown.panel.ToggleLabel(LabelNg1);
-    EXPECT_TRUE(shown.Photo(0).IsLabelPasted(LabelNg1));
-    EXPECT_TRUE(shown.panel.SelectNextUnchecked());
-    EXPECT_EQ(shown.Selected(), 1);
-    shown.AnswerComment("二枚目");
-    shown.panel.ToggleLabel(LabelComment);
-    EXPECT_THAT(shown.Strips(), ElementsAre("二枚目"));
-    auto* const list = shown.panel.findChild<ToviPhotoListCtrl*>();
-    const QList<ToviCommentWindow*> strips = list->findChildren<ToviCommentWindow*>();
-    const auto strip = std::ranges::find_if(strips, &ToviCommentWindow::isVisible);
-    ASSERT_NE(strip, strips.end());
-    EXPECT_EQ((*strip)->geometry().center().x(), list->GetItemRect(1).center().x());
-    EXPECT_LT(strips.size(), 40) << "only what is in sight has one";
-
-    shown.panel.OperateNextPhoto();
-    QTest::mouseClick(*strip, Qt::LeftButton);
-    EXPECT_EQ(shown.Selected(), 1);
-    shown.AnswerComment("書き直し");
-    QTest::mouseDClick(*strip, Qt::LeftButton);
-    EXPECT_THAT(shown.Strips(), ElementsAre("書き直し"));
-    shown.Press(Qt::Key_End);
-    EXPECT_EQ(shown.Selected(), 39);
-    EXPECT_THAT(shown.Strips(), IsEmpty()) << "scrolled away";
-    shown.Press(Qt::Key_Home);
-    EXPECT_THAT(shown.Strips(), ElementsAre("書き直し"));
-
-    for (const Setting::DivideType mode : {Setting::DivideList, Setting::DivideSix,
-                                           Setting::DivideThumbnails, Setting::DivideList}) {
-        shown.SetMode(mode);
-        EXPECT_EQ(shown.panel.findChildren<ToviPhotoListCtrl*>().size(), mode > 4 ? 1 : 0);
-        EXPECT_EQ(shown.Selected(), 0) << mode;
-    }
-    shown.panel.setFocus();
-    shown.Press(Qt::Key_Down);
-    EXPECT_EQ(shown.Selected(), 1);
-    shown.panel.RemoveLabel(LabelComment);
-    EXPECT_EQ(shown.Photo(1).GetComment(), "");
-    EXPECT_THAT(shown.Strips(), IsEmpty());
-    shown.panel.ShowPopUpMenu();
-    ASSERT_NE(QApplication::activePopupWidget(), nullptr);
-    shown.panel.AllPhotoAllLabelRemove();
-    shown.panel.Detach();
 }
 
 /// The resident memory of this program, in MB.

@@ -147,12 +147,12 @@ void BindSocket(const CString& path)
 TEST(RunFolder, LeavesThoseOfOtherRunsAlone)
 {
     const TempFolder temp;
-    const CString shared = temp.Path("suite/work");
-    temp.Write("suite/work/ended/rest", "");
+    const CString shared = temp.Path("suite/runs");
+    temp.Write("suite/runs/ended/rest", "");
     const CString kept = temp.Write("kept", "no socket");
     const CString socketPath = temp.Path("socket");
     BindSocket(socketPath);
-    temp.Write("suite/work/ended/sockets", socketPath + '\n' + kept + "\n/none\n");
+    temp.Write("suite/runs/ended/sockets", socketPath + '\n' + kept + "\n/none\n");
     {
         const RunFolder first(shared);
         const RunFolder second(shared);
