@@ -1,3 +1,4 @@
+#include "platform/DeliveredFolder.h"
 #include "platform/FileDescriptor.h"
 #include "platform/MibFile.h"
 #include "platform/RunFolder.h"
@@ -72,6 +73,43 @@ TEST(MibFile, FollowsLinksToTellInsideFromOutside)
         EXPECT_EQ(MibIsInside(temp.Path("delivery"), temp.Path(c.path)), c.inside) << c.path;
     }
     EXPECT_FALSE(MibIsInside("", temp.Path("delivery/pic/a.jpg")));
+}
+
+TEST(DeliveredFolder, IsKnownByWhatStandsInItAndAbove)
+{
+    const TempFolder temp;
+    temp.Write("work/index_c.xml", "");
+    temp.Write("work/Photo/photo.xml", "");
+    temp.Write("work/OTHRS/a.txt", "");
+    temp.Write("plain/PHOTO/PHOTO.XML", "");
+    temp.Write("plain/PHOTO/PIC/P1.JPG", "");
+    temp.Write("stray/PHOTO.XML", "");
+    temp.Write("stray/records/a.xml", "");
+    temp.Write("index/INDEX_C.XML", "");
+    std::filesystem::create_directory_symlink("../plain/PHOTO/PIC", temp.Path("stray/link"));
+    std::filesystem::create_symlink("../../plain/PHOTO/new.xml", temp.Path("stray/records/link"));
+    const struct
+    {
+        const char* path;
+        bool inside;
+    } cases[] = {
+        {"work", true},
+        {"work/record.xml", true},
+        {"work/OTHRS", true},
+        {"work/OTHRS/new/new", true},
+        {"plain/PHOTO/PIC/new.jpg", true},
+        {"plain/PHOTO/new/record.xml", true},
+        {"plain/photo/", true},
+        {"plain/record.xml", false},
+        {"stray/record.xml", true},
+        {"stray/records/new.xml", false},
+        {"stray/records/link", true},
+        {"stray/link/new.jpg", true},
+        {"index/record.xml", false},
+        {"new/new", false},
+    };
+    for (const auto& c : cases) EXPECT_EQ(IsInDelivery(temp.Path(c.path)), c.inside) << c.path;
+    EXPECT_FALSE(IsInDelivery(""));
 }
 
 TEST(MibFile, TakesPathsApart)
