@@ -1,10 +1,10 @@
 #include "dialogs/FolderDialog.h"
 
+#include "dialogs/FileDialog.h"
 #include "platform/QtColor.h"
 #include "platform/QtText.h"
 
 #include <QDialogButtonBox>
-#include <QFileDialog>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -59,6 +59,7 @@ FolderDialog::FolderDialog(const FolderQuestion& question, const CString& folder
     layout->addWidget(listTitle, 3, 0, 1, 3);
     layout->addWidget(list, 4, 0, 1, 3);
     layout->addWidget(MakeOkCancel(), 5, 0, 1, 3);
+    field->setAcceptDrops(false);
     field->setFocus();
     setMinimumWidth(540);
 }
@@ -70,7 +71,8 @@ CString FolderDialog::GetFolder() const
 
 void FolderDialog::Browse()
 {
-    const QString chosen =
-        QFileDialog::getExistingDirectory(this, QStringLiteral("フォルダの選択"), field->text());
+    FileDialog dialog(FileDialog::Use::OpenFolder, QStringLiteral("フォルダの選択"), field->text(),
+                      this);
+    const QString chosen = dialog.Ask();
     if (!chosen.isEmpty()) field->setText(chosen);
 }

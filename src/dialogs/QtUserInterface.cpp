@@ -1,6 +1,7 @@
 #include "dialogs/QtUserInterface.h"
 
 #include "dialogs/ChoiceDialog.h"
+#include "dialogs/FileDialog.h"
 #include "dialogs/FolderDialog.h"
 #include "dialogs/ProgressWindow.h"
 #include "platform/controls/WindowHandle.h"
@@ -9,9 +10,6 @@
 
 #include <QApplication>
 #include <QDesktopServices>
-#include <QDir>
-#include <QFileDialog>
-#include <QFileInfo>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QUrl>
@@ -125,10 +123,11 @@ MessageAnswer QtUserInterface::ShowMessage(const CString& text, const CString& c
     return answers.back();
 }
 
-bool QtUserInterface::ChooseFolder(CString& folder, const CString& title, FolderChooserStyle)
+bool QtUserInterface::ChooseFolder(CString& folder, const CString& title, FolderChooserStyle style)
 {
-    const QString chosen =
-        QFileDialog::getExistingDirectory(Owner(), QtText(title), StartFolder(folder));
+    const auto use = style == FolderChooserStyle::WithEditField ? FileDialog::Use::SaveFolder
+                                                                : FileDialog::Use::OpenFolder;
+    const QString chosen = FileDialog(use, QtText(title), StartFolder(folder), Owner()).Ask();
     if (chosen.isEmpty()) return false;
     folder = FromQtText(chosen);
     return true;
@@ -152,23 +151,16 @@ bool QtUserInterface::AskFolder(const FolderQuestion& question, CString& folder)
 
 bool QtUserInterface::ChooseSaveFile(const SaveQuestion& question, CString& path)
 {
-    QFileDialog dialog(Owner(), QStringLiteral("名前を付けて保存"), StartFolder(question.folder));
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    FileDialog dialog(FileDialog::Use::SaveFile, QStringLiteral("名前を付けて保存"),
+                      StartFolder(question.folder), Owner());
     std::vector<FileKind> kinds = {{question.extension, question.kind, question.pattern}};
     kinds.insert(kinds.end(), question.otherKinds.begin(), question.otherKinds.end());
     OfferKinds(dialog, kinds);
     dialog.selectFile(QtText(question.name));
-    while (dialog.exec() == QDialog::Accepted) {
-        const QFileInfo chosen(dialog.selectedFiles().front());
-        if (chosen.dir().exists()) {
-            path = FromQtText(chosen.filePath());
-            return true;
-        }
-        ShowMessage("フォルダがありません。別の場所を指定してください。\n" +
-                        FromQtText(chosen.path()),
-                    FromQtText(dialog.windowTitle()), MessageButtons::Ok, MessageIcon::Warning);
-    }
-    return false;
+    const QString chosen = dialog.Ask();
+    if (chosen.isEmpty()) return false;
+    path = FromQtText(chosen);
+    return true;
 }
 
 bool QtUserInterface::OpenFile(const CString& path)

@@ -27,6 +27,7 @@ ToviInputCommentDlg::ToviInputCommentDlg(QWidget* parent)
     edit->setTabChangesFocus(true);
     edit->setAccessibleName(QStringLiteral("コメント"));
     edit->setMinimumHeight(edit->fontMetrics().lineSpacing() * 5);
+    edit->viewport()->setAcceptDrops(false);
     edit->installEventFilter(this);
     auto* const layout = new QVBoxLayout(this);
     layout->addWidget(hint);

@@ -30,7 +30,8 @@ enum class MessageAnswer
     No
 };
 
-/// The two looks of the folder chooser.
+/// The two looks of the folder chooser: one for what is read, and one for what will be written to,
+/// in which a folder can also be made.
 enum class FolderChooserStyle
 {
     Plain,

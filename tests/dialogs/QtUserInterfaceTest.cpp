@@ -1,4 +1,5 @@
 #include "dialogs/QtUserInterface.h"
+#include "dialogs/FileDialog.h"
 #include "dialogs/ProgressWindow.h"
 #include "platform/HostServices.h"
 #include "reports/ToviProgressDlg.h"
@@ -141,6 +142,46 @@ TEST(QtUserInterface, GivesAFileTheEndingOfTheChosenKind)
         CString path;
         EXPECT_TRUE(host.user.ChooseSaveFile(question, path));
         EXPECT_EQ(path, place + '/' + expected.saved);
+    }
+}
+
+TEST(FileDialog, WritesNothingIntoADelivery)
+{
+    using enum FileDialog::Use;
+    const struct
+    {
+        FileDialog::Use use;
+        const char* start;
+        bool canMakeFolder;
+        bool makesOne;
+    } cases[] = {{OpenFile, "", false, false},
+                 {OpenFolder, "", false, false},
+                 {SaveFile, "", true, true},
+                 {SaveFolder, "", true, true},
+                 {SaveFile, "/delivery/PIC", true, false},
+                 {SaveFolder, "/delivery", true, false}};
+    for (const auto& expected : cases) {
+        const QTemporaryDir folder;
+        QDir(folder.path()).mkpath(QStringLiteral("delivery/PIC"));
+        QFile(folder.filePath(QStringLiteral("delivery/PHOTO.XML"))).open(QIODevice::WriteOnly);
+        const QString start = folder.path() + QString::fromUtf8(expected.start);
+        FileDialog dialog(expected.use, QStringLiteral("選択"), start, nullptr);
+        dialog.show();
+        QPushButton* make = nullptr;
+        for (QPushButton* button : dialog.findChildren<QPushButton*>())
+            if (button->text().startsWith(QStringLiteral("新しいフォルダ"))) make = button;
+        ASSERT_EQ(make != nullptr, expected.canMakeFolder);
+        EXPECT_FALSE(dialog.findChild<QWidget*>(QStringLiteral("newFolderButton"))->isVisible());
+        if (make == nullptr) continue;
+        PressInNextWindow(Qt::Key_Return);
+        make->click();
+        EXPECT_EQ(QDir(start + QStringLiteral("/新しいフォルダ")).exists(), expected.makesOne);
+        if (expected.makesOne) continue;
+        PressInNextWindow(Qt::Key_Return);
+        dialog.selectFile(QStringLiteral("x.xml"));
+        QTest::keyClick(dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit")),
+                        Qt::Key_Return);
+        EXPECT_TRUE(dialog.isVisible()) << "a place in the delivery was taken";
     }
 }
 

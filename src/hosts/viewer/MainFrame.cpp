@@ -36,6 +36,14 @@ QString DroppedPath(const QMimeData* data)
     const QList<QUrl> urls = data->urls();
     return urls.size() == 1 && urls.front().isLocalFile() ? urls.front().toLocalFile() : QString();
 }
+
+/// Accepts what is dropped as something to look at. A program that is told that its files were
+/// moved may delete them.
+void AcceptUnmoved(QDropEvent& event)
+{
+    event.setAccepted(event.possibleActions().testFlag(Qt::CopyAction));
+    event.setDropAction(Qt::CopyAction);
+}
 } // namespace
 
 MainFrame::MainFrame()
@@ -348,12 +356,12 @@ void MainFrame::closeEvent(QCloseEvent* event)
 
 void MainFrame::dragEnterEvent(QDragEnterEvent* event)
 {
-    if (!DroppedPath(event->mimeData()).isEmpty()) event->acceptProposedAction();
+    if (!DroppedPath(event->mimeData()).isEmpty()) AcceptUnmoved(*event);
 }
 
 void MainFrame::dropEvent(QDropEvent* event)
 {
-    event->acceptProposedAction();
+    AcceptUnmoved(*event);
     // Behind the drop: a question that it raises would hold up the program that it came from.
     QTimer::singleShot(0, this, [this, path = FromQtText(DroppedPath(event->mimeData()))] {
         OpenDelivery(path, std::nullopt);

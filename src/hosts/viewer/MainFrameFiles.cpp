@@ -1,5 +1,6 @@
 // The main window's commands on files: opening deliveries and records, saving, closing.
 
+#include "dialogs/FileDialog.h"
 #include "hosts/viewer/FrameState.h"
 #include "hosts/viewer/MainFrame.h"
 #include "hosts/viewer/SlideShow.h"
@@ -11,7 +12,6 @@
 #include "review/RecordName.h"
 #include "review/RecordProblems.h"
 
-#include <QFileDialog>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTabWidget>
@@ -26,9 +26,9 @@ CString DeliveryFolder(const CString& path)
     return MibIsFileExist(path) ? FolderOfFile(path) : path;
 }
 
-QString RecordFilter()
+QStringList RecordFilters()
 {
-    return QStringLiteral("検査状況 (*.xml);;すべてのファイル (*)");
+    return {QStringLiteral("検査状況 (*.xml)"), QStringLiteral("すべてのファイル (*)")};
 }
 } // namespace
 
@@ -91,9 +91,10 @@ bool MainFrame::OpenRecord(const CString& path)
 void MainFrame::ChooseRecord()
 {
     if (!AskToSave()) return;
-    const QString path = QFileDialog::getOpenFileName(
-        this, QStringLiteral("検査状況を開く"),
-        QtText(FrameState::FolderToStartIn(recordFolderEntry)), RecordFilter());
+    FileDialog dialog(FileDialog::Use::OpenFile, QStringLiteral("検査状況を開く"),
+                      QtText(FrameState::FolderToStartIn(recordFolderEntry)), this);
+    dialog.setNameFilters(RecordFilters());
+    const QString path = dialog.Ask();
     if (path.isEmpty()) return;
     FrameState::SetLastFolder(recordFolderEntry, FolderOfFile(FromQtText(path)));
     OpenRecord(FromQtText(path));
@@ -110,12 +111,13 @@ bool MainFrame::SaveAs()
         document.RecordPath().empty()
             ? ProposedRecordPath(FrameState::FolderToStartIn(recordFolderEntry), document.Title())
             : document.RecordPath();
-    QFileDialog dialog(this, QStringLiteral("検査状況を保存"), QString(), RecordFilter());
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    FileDialog dialog(FileDialog::Use::SaveFile, QStringLiteral("検査状況を保存"),
+                      QtText(FolderOfFile(proposed)), this);
+    dialog.setNameFilters(RecordFilters());
     dialog.setDefaultSuffix(QStringLiteral("xml"));
-    dialog.selectFile(QtText(proposed));
-    if (dialog.exec() != QDialog::Accepted) return false;
-    const CString path = FromQtText(dialog.selectedFiles().front());
+    dialog.selectFile(QtText(MibGetFileName(proposed)));
+    const CString path = FromQtText(dialog.Ask());
+    if (path.empty()) return false;
     FrameState::SetLastFolder(recordFolderEntry, FolderOfFile(path));
     return SaveTo(path);
 }
