@@ -1,5 +1,8 @@
 #include "platform/MountTable.h"
 
+#include <sys/stat.h>
+#include <sys/sysmacros.h>
+
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
@@ -118,6 +121,18 @@ bool IsRemovable(const fs::path& device, int layer = 0)
         return IsRemovable(part.path(), layer + 1);
     });
 }
+
+/// The number of the device that holds what there is of \p path. A program that was given a folder
+/// as its root sees no mount of it.
+CString DeviceOf(fs::path path)
+{
+    struct stat facts;
+    while (stat(path.c_str(), &facts) != 0) {
+        if (!path.has_relative_path()) return {};
+        path = path.parent_path();
+    }
+    return Format("%u:%u", major(facts.st_dev), minor(facts.st_dev));
+}
 } // namespace
 
 MountTable::MountTable(std::string_view mountInfo, CString sysfsFolder)
@@ -135,11 +150,13 @@ MountTable::MountTable(std::string_view mountInfo, CString sysfsFolder)
     }
 }
 
-DriveType MountTable::TypeOf(const CString& path) const
+DriveType MountTable::TypeOf(const CString& path, const CString& device) const
 {
     if (!path.starts_with('/')) return DriveType::Unknown;
     const Mount* mount = MountOf(fs::path(path).lexically_normal().string());
-    if (mount == nullptr) return DriveType::NoRoot;
+    if (mount == nullptr) {
+        return device.empty() ? DriveType::NoRoot : TypeOfDevice({path, {}, {}, device});
+    }
     const auto* const known = std::find_if(
         std::begin(fileSystemClasses), std::end(fileSystemClasses),
         [mount](const FileSystemClass& entry) { return entry.name == mount->fileSystem; });
@@ -177,5 +194,5 @@ DriveType DriveTypeOf(const CString& path)
     // Read anew each time: discs are changed while the program runs.
     std::ifstream file("/proc/self/mountinfo");
     const CString mountInfo{std::istreambuf_iterator<char>(file), {}};
-    return MountTable(mountInfo).TypeOf(error ? path : real.string());
+    return MountTable(mountInfo).TypeOf(error ? path : real.string(), DeviceOf(real));
 }

@@ -25,8 +25,9 @@ public:
     explicit MountTable(std::string_view mountInfo, CString sysfs = "/sys");
 
     /// The class of the drive that holds \p path, by the names in the path alone. Unknown for a
-    /// path that isn't absolute, NoRoot when nothing is mounted above it.
-    DriveType TypeOf(const CString& path) const;
+    /// path that isn't absolute. When nothing is mounted above it the class is that of \p device
+    /// (major and minor number with a colon between), NoRoot where that is empty.
+    DriveType TypeOf(const CString& path, const CString& device = {}) const;
 
 private:
     struct Mount

@@ -88,12 +88,16 @@ TEST(MountTable, ClassOfDrive)
     };
     for (const auto& drive : cases)
         EXPECT_EQ(table.TypeOf(drive.path), drive.expected) << drive.path;
-    EXPECT_EQ(MountTable("", sysfs.Path()).TypeOf("/tmp"), DriveType::NoRoot);
+    const MountTable empty("", sysfs.Path());
+    EXPECT_EQ(empty.TypeOf("/tmp"), DriveType::NoRoot);
+    EXPECT_EQ(empty.TypeOf("/tmp", "8:17"), DriveType::Removable);
+    EXPECT_EQ(empty.TypeOf("/tmp", "8:2"), DriveType::Fixed);
+    EXPECT_EQ(table.TypeOf("/merged", "8:17"), DriveType::Fixed);
 }
 
 TEST(MountTable, LiveSystemFollowsLinksAndForgivesMissingFolders)
 {
-    if (DriveTypeOf("/") == DriveType::NoRoot) GTEST_SKIP() << "the root is no mount of its own";
+    EXPECT_NE(DriveTypeOf("/"), DriveType::NoRoot);
     const TempFolder temp;
     std::filesystem::create_directory_symlink("/proc", temp.Path("link"));
     EXPECT_EQ(DriveTypeOf(temp.Path("link/missing")), DriveTypeOf("/proc"));

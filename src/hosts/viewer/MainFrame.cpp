@@ -1,6 +1,7 @@
 #include "hosts/viewer/MainFrame.h"
 
 #include "hosts/viewer/FrameState.h"
+#include "hosts/viewer/NoticeStrip.h"
 #include "hosts/viewer/ReviewBar.h"
 #include "hosts/viewer/SlideShow.h"
 #include "hosts/viewer/StartPage.h"
@@ -22,6 +23,7 @@
 #include <QTabWidget>
 #include <QTimer>
 #include <QToolBar>
+#include <QVBoxLayout>
 
 namespace
 {
@@ -47,7 +49,7 @@ void AcceptUnmoved(QDropEvent& event)
 } // namespace
 
 MainFrame::MainFrame()
-    : actions(this), centre(new QStackedWidget),
+    : actions(this), notice(new NoticeStrip), centre(new QStackedWidget),
       startPage(new StartPage(actions[FrameCommand::Open])), trees(new QTabWidget),
       treePages(new QStackedWidget), treeDock(new QDockWidget(QStringLiteral("ツリー"), this)),
       pageLabel(new QLabel),
@@ -82,7 +84,13 @@ void MainFrame::CreatePanels()
     photoPanel->Create(centre, photoPanelId);
     centre->addWidget(startPage);
     centre->addWidget(photoPanel.get());
-    setCentralWidget(centre);
+    auto* middle = new QWidget;
+    auto* column = new QVBoxLayout(middle);
+    column->setContentsMargins({});
+    column->setSpacing(0);
+    column->addWidget(notice);
+    column->addWidget(centre, 1);
+    setCentralWidget(middle);
     for (ToviPanel* panel :
          std::initializer_list<ToviPanel*>{photoPanel.get(), folderTree.get(), labelTree.get()}) {
         document.AddPanel(panel);
@@ -341,6 +349,11 @@ void MainFrame::FillRecent()
         recentMenu->addAction(text.replace(QLatin1Char('&'), QStringLiteral("&&")), this,
                               [this, folder] { OpenDelivery(folder, std::nullopt); });
     }
+}
+
+void MainFrame::TellLacks(const CStringArray& sentences)
+{
+    notice->Tell(sentences);
 }
 
 void MainFrame::closeEvent(QCloseEvent* event)

@@ -5,6 +5,7 @@
 
 #include <QMainWindow>
 
+class NoticeStrip;
 class QDockWidget;
 class QLabel;
 class QStackedWidget;
@@ -34,6 +35,8 @@ public:
     bool OpenDiscs(const CString& path);
     /// Takes up the inspection in the file \p path. What is wrong is told in a message.
     bool OpenRecord(const CString& path);
+    /// Shows what the machine lacks (see WhatMachineLacks) in a strip.
+    void TellLacks(const CStringArray& sentences);
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -86,6 +89,7 @@ private:
 
     ViewerDocument document;
     FrameActions actions;
+    NoticeStrip* notice;
     QStackedWidget* centre;
     StartPage* startPage;
     QTabWidget* trees;

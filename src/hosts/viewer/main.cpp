@@ -3,6 +3,7 @@
 #include "platform/controls/GaluFont.h"
 #include "platform/FileProfileStore.h"
 #include "platform/HostServices.h"
+#include "platform/MachineLacks.h"
 #include "platform/QtText.h"
 
 #include <QApplication>
@@ -74,6 +75,9 @@ int Run(const Options& options)
         frame.statusBar()->showMessage(QtText(text));
         frame.statusBar()->repaint();
     });
+    const CStringArray lacks = WhatMachineLacks();
+    for (const CString& sentence : lacks) std::cerr << sentence << std::endl;
+    frame.TellLacks(lacks);
     frame.show();
     if (!options.delivery.empty() && frame.OpenDelivery(options.delivery, options.family) &&
         !options.record.empty()) {
