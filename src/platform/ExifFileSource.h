@@ -1,7 +1,6 @@
 #pragma once
 
-#include "platform/FileDescriptor.h"
-#include "platform/Text.h"
+#include "platform/RegularFile.h"
 
 #include <cstdint>
 
@@ -10,11 +9,11 @@ class ExifFileSource
 {
 public:
     /// A file that can't be read has no bytes.
-    explicit ExifFileSource(const CString& path);
+    explicit ExifFileSource(const CString& path) : file(path) {}
 
     /// The \p count bytes from \p offset on, or those of them that the file has.
     std::string Read(std::uint64_t offset, std::size_t count) const;
 
 private:
-    FileDescriptor file;
+    RegularFile file;
 };

@@ -1,9 +1,8 @@
 #include "platform/ImageFile.h"
 
-#include "platform/CaseFallback.h"
 #include "platform/Headless.h"
 #include "platform/MibFile.h"
-#include "platform/QtText.h"
+#include "platform/RegularFile.h"
 #include "platform/SvgPhoto.h"
 #include "platform/SvgRendering.h"
 
@@ -82,6 +81,16 @@ QSize Reduced(const QSize& size, const QSize& within)
     return size.scaled(within, Qt::KeepAspectRatio).expandedTo({1, 1});
 }
 
+std::optional<QSize> SizeIn(QIODevice& source)
+{
+    QImageReader reader;
+    Prepare(reader, source);
+    if (!IsLetIn(reader)) return std::nullopt;
+    const QSize size = reader.size();
+    if (size.isEmpty()) return std::nullopt;
+    return size;
+}
+
 QImage Decode(const std::string& bytes, const QSize& within)
 {
     QByteArray shared = QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()));
@@ -110,25 +119,20 @@ std::optional<QSize> ReadImageSize(const CString& path)
 {
     // The header is enough, so the file is not read whole; only an SVG photograph has to be
     // unpacked.
-    std::optional<std::string> unpacked;
-    QByteArray shared;
-    QBuffer buffer(&shared);
-    QFile file(QtText(ExistingPath(path)));
-    QImageReader reader;
     if (IsSvg(path)) {
-        unpacked = ReadMainImageOfSvg(path);
+        const std::optional<std::string> unpacked = ReadMainImageOfSvg(path);
         if (!unpacked) return std::nullopt;
-        shared =
+        QByteArray shared =
             QByteArray::fromRawData(unpacked->data(), static_cast<qsizetype>(unpacked->size()));
-        Prepare(reader, buffer);
-    } else {
-        if (!MibIsFileExist(path)) return std::nullopt;
-        Prepare(reader, file);
+        QBuffer buffer(&shared);
+        return SizeIn(buffer);
     }
-    if (!IsLetIn(reader)) return std::nullopt;
-    const QSize size = reader.size();
-    if (size.isEmpty()) return std::nullopt;
-    return size;
+    const RegularFile opened(path);
+    QFile file;
+    if (!opened.IsOpen() || !file.open(opened.Descriptor(), QIODevice::ReadOnly)) {
+        return std::nullopt;
+    }
+    return SizeIn(file);
 }
 
 QImage ReadImage(const CString& path, int longestSide)

@@ -3,8 +3,8 @@
 #include "platform/CaseFallback.h"
 #include "platform/FileReplacement.h"
 #include "platform/MibFile.h"
+#include "platform/RegularFile.h"
 
-#include <fcntl.h>
 #include <unistd.h>
 
 #include <array>
@@ -42,12 +42,11 @@ CopyFailure FailureOf(int error)
     }
 }
 
-CopyFailure CopyInBlocks(int source, FileReplacement& copy)
+CopyFailure CopyInBlocks(const RegularFile& source, FileReplacement& copy)
 {
     std::array<char, 1 << 16> block;
     for (;;) {
-        const ssize_t got = read(source, block.data(), block.size());
-        if (got < 0 && errno == EINTR) continue;
+        const ssize_t got = source.Read(block.data(), block.size());
         if (got < 0) return CopyFailure::NoSource;
         if (got == 0) return CopyFailure::None;
         const int error = copy.Append({block.data(), static_cast<std::size_t>(got)});
@@ -57,11 +56,12 @@ CopyFailure CopyInBlocks(int source, FileReplacement& copy)
 
 /// Lets the system copy, which shares or moves the blocks by itself where it can; what it has left
 /// over, for lack of room or because these two file systems don't go together, goes block by block.
-CopyFailure CopyBytes(int source, FileReplacement& copy)
+CopyFailure CopyBytes(const RegularFile& source, FileReplacement& copy)
 {
     ssize_t copied = 0;
     do {
-        copied = copy_file_range(source, nullptr, copy.Descriptor(), nullptr, largestStep, 0);
+        copied = copy_file_range(source.Descriptor(), nullptr, copy.Descriptor(), nullptr,
+                                 largestStep, 0);
     } while (copied > 0);
     return CopyInBlocks(source, copy);
 }
@@ -157,19 +157,14 @@ CString WithoutTrailingSeparator(CString folder)
 
 CopyFailure MibCopyFileEx(const CString& from, const CString& to)
 {
-    // Without O_NONBLOCK the open of a named pipe would wait for its writer.
-    const FileDescriptor source(
-        open(ExistingPath(from).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
-    struct stat facts;
-    if (!source.IsOpen() || fstat(source.Get(), &facts) != 0 || !S_ISREG(facts.st_mode)) {
-        return CopyFailure::NoSource;
-    }
-    if (IsSameFile(facts, to)) return CopyFailure::Other;
+    const RegularFile source(from);
+    if (!source.IsOpen()) return CopyFailure::NoSource;
+    if (IsSameFile(source.Facts(), to)) return CopyFailure::Other;
     FileReplacement copy(to);
     if (const int error = copy.Open(whileCopying)) return FailureOf(error);
-    const CopyFailure failure = CopyBytes(source.Get(), copy);
+    const CopyFailure failure = CopyBytes(source, copy);
     if (failure != CopyFailure::None) return failure;
-    TakeOverStatus(copy.Descriptor(), facts);
+    TakeOverStatus(copy.Descriptor(), source.Facts());
     return FailureOf(copy.Place());
 }
 

@@ -1,10 +1,9 @@
 #include "platform/MibFile.h"
 
 #include "platform/CaseFallback.h"
-#include "platform/FileDescriptor.h"
 #include "platform/HostServices.h"
+#include "platform/RegularFile.h"
 
-#include <fcntl.h>
 #include <fnmatch.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -166,14 +165,12 @@ std::optional<std::string> MibReadFile(const CString& path, std::size_t limit)
 bool MibReadBlocks(const CString& path, std::size_t limit,
                    const std::function<bool(std::string_view)>& take)
 {
-    // Without O_NONBLOCK the open of a named pipe would wait for its writer.
-    const FileDescriptor file(open(ExistingPath(path).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
-    struct stat facts;
-    if (!file.IsOpen() || fstat(file.Get(), &facts) != 0 || !S_ISREG(facts.st_mode)) return false;
+    const RegularFile file(path);
+    if (!file.IsOpen() || file.Size() > limit) return false;
     std::array<char, 1 << 16> block;
     std::size_t total = 0;
     for (;;) {
-        const ssize_t got = read(file.Get(), block.data(), block.size());
+        const ssize_t got = file.Read(block.data(), block.size());
         if (got <= 0) return got == 0;
         total += static_cast<std::size_t>(got);
         if (total > limit || !take({block.data(), static_cast<std::size_t>(got)})) return false;

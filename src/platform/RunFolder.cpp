@@ -11,11 +11,12 @@
 
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
+#include <sstream>
 
 namespace
 {
 constexpr std::size_t charactersThatMkdtempFills = 6;
+constexpr std::size_t largestSocketList = std::size_t{1} << 20;
 
 bool TakeLock(FileDescriptor& folder, const CString& path)
 {
@@ -26,7 +27,8 @@ bool TakeLock(FileDescriptor& folder, const CString& path)
 /// A program that is killed can't remove them itself.
 void RemoveSocketsOf(const std::filesystem::path& folder)
 {
-    std::ifstream list(folder / socketListName);
+    std::istringstream list(
+        MibReadFile((folder / socketListName).string(), largestSocketList).value_or(""));
     struct stat facts;
     for (std::string path; std::getline(list, path);) {
         if (lstat(path.c_str(), &facts) == 0 && S_ISSOCK(facts.st_mode)) unlink(path.c_str());

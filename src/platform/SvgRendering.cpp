@@ -1,8 +1,7 @@
 #include "platform/SvgRendering.h"
 
-#include "platform/CaseFallback.h"
-#include "platform/FileDescriptor.h"
 #include "platform/MibFile.h"
+#include "platform/RegularFile.h"
 
 #include <QImage>
 
@@ -33,12 +32,12 @@ class Drawing
 public:
     Drawing(const CString& svgPath, const QSize& within)
     {
-        const FileDescriptor input(open(svgPath.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+        const RegularFile input(svgPath);
         int ends[2];
         if (!input.IsOpen() || pipe2(ends, O_CLOEXEC) != 0) return;
         output.Reset(ends[0]);
         const FileDescriptor writeEnd(ends[1]);
-        Start(input.Get(), writeEnd.Get(), within);
+        Start(input.Descriptor(), writeEnd.Get(), within);
     }
     Drawing(const Drawing&) = delete;
     Drawing& operator=(const Drawing&) = delete;
@@ -106,8 +105,7 @@ bool IsPossible(const std::int32_t (&size)[2])
 
 QImage RenderSvg(const CString& path, const QSize& within)
 {
-    if (!MibIsFileExist(path)) return {};
-    Drawing drawing(ExistingPath(path), within.isEmpty() ? QSize(0, 0) : within);
+    Drawing drawing(path, within.isEmpty() ? QSize(0, 0) : within);
     std::int32_t size[2];
     if (!drawing.Read(size, sizeof size) || !IsPossible(size)) return {};
     QImage image(size[0], size[1], QImage::Format_RGB32);
