@@ -1,6 +1,6 @@
 #include "loading/DeliveryKinds.h"
 
-#include "platform/TextFile.h"
+#include "platform/TextHead.h"
 
 #include <algorithm>
 #include <span>
@@ -50,13 +50,7 @@ const DeliveryKind* FindDeliveryKind(PhotoXMLType family, const CString& doctype
     return found == kinds.end() ? nullptr : &*found;
 }
 
-CString ReadDoctypeLine(const CString& xmlPath, bool& opened)
+std::optional<CString> ReadDoctypeLine(const CString& xmlPath)
 {
-    TextFile file(xmlPath);
-    opened = file.IsOpen();
-    CString line;
-    while (file.ReadLine(line)) {
-        if (line.find("photodata SYSTEM") != CString::npos) return line;
-    }
-    return {};
+    return FindHeadLine(xmlPath, {"photodata SYSTEM"});
 }

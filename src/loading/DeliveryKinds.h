@@ -3,6 +3,8 @@
 #include "loading/PhotoXMLType.h"
 #include "platform/Text.h"
 
+#include <optional>
+
 /// One generation of a family's standard.
 struct DeliveryKind
 {
@@ -17,6 +19,6 @@ struct DeliveryKind
 /// The kind that the DOCTYPE line of a PHOTO.XML tells for \p family, or null.
 TOVI_EXPORT const DeliveryKind* FindDeliveryKind(PhotoXMLType family, const CString& doctypeLine);
 
-/// The line of the file \p xmlPath that holds "photodata SYSTEM", or empty when no line does or the
-/// file can't be read. \p opened tells whether the file could be opened.
-CString ReadDoctypeLine(const CString& xmlPath, bool& opened);
+/// The line at the front of the file \p xmlPath (see FindHeadLine) that holds "photodata SYSTEM",
+/// or empty when none does. Nothing when the file can't be read.
+std::optional<CString> ReadDoctypeLine(const CString& xmlPath);

@@ -3,7 +3,7 @@
 #include "loading/DeliveryKinds.h"
 #include "loading/IndexStylesheets.h"
 #include "platform/MibFile.h"
-#include "platform/TextFile.h"
+#include "platform/TextHead.h"
 
 #include <algorithm>
 #include <optional>
@@ -89,8 +89,7 @@ PhotoXMLType GuessFamily(const CString& photoFolder)
     CString xmlPath = photoFolder;
     MibNormalDir(xmlPath);
     xmlPath += "PHOTO.XML";
-    bool opened = false;
-    const CString line = ReadDoctypeLine(xmlPath, opened);
+    const CString line = ReadDoctypeLine(xmlPath).value_or("");
     std::vector<PhotoXMLType> candidates;
     std::copy_if(
         std::begin(families), std::end(families), std::back_inserter(candidates),

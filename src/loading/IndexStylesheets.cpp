@@ -1,7 +1,7 @@
 #include "loading/IndexStylesheets.h"
 
 #include "platform/MibFile.h"
-#include "platform/TextFile.h"
+#include "platform/TextHead.h"
 
 #include <algorithm>
 #include <span>
@@ -81,12 +81,7 @@ CString FindIndexFile(const CString& folder)
 CString ReadIndexDoctypeLine(const CString& indexPath)
 {
     if (MibFileSize(indexPath) > largestIndexFile) return {};
-    TextFile file(indexPath);
-    CString line;
-    while (file.ReadLine(line)) {
-        if (!RowsFor(line).empty()) return line;
-    }
-    return {};
+    return FindHeadLine(indexPath, {consultingWord, workWord}).value_or("");
 }
 
 CString FindIndexStylesheet(PhotoXMLType family, const CString& doctypeLine)

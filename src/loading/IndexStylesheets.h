@@ -13,8 +13,9 @@ constexpr std::size_t largestIndexFile = std::size_t{64} << 20;
 /// The delivery's index file in \p folder: the last that is named as one, or empty.
 CString FindIndexFile(const CString& folder);
 
-/// The line of the index file \p indexPath that tells its kind: the first one that names the
-/// DOCTYPE of a 工事 or a 業務. Empty when no line does or the file can't be read.
+/// The line at the front of the index file \p indexPath (see FindHeadLine) that tells its kind: the
+/// first one that names the DOCTYPE of a 工事 or a 業務. Empty when none does or the file can't be
+/// read.
 CString ReadIndexDoctypeLine(const CString& indexPath);
 
 /// The stylesheet that shows an index file with \p doctypeLine in \p family, as a path below

@@ -56,11 +56,10 @@ CString ToviItemDef::GetRootTagNamePhoto(const char* dataPath)
     if (*dataPath == '\0') return {};
     CString xmlPath = dataPath;
     MibNormalDir(xmlPath);
-    bool opened = false;
-    const CString line = ReadDoctypeLine(xmlPath + "PHOTO.XML", opened);
-    if (!opened) return {};
+    const auto line = ReadDoctypeLine(xmlPath + "PHOTO.XML");
+    if (!line) return {};
     Load();
-    const DeliveryKind* kind = FindDeliveryKind(type, line);
+    const DeliveryKind* kind = FindDeliveryKind(type, *line);
     hasKeyPhoto = kind != nullptr && kind->hasKeyPhoto;
     // What was not recognised is remembered too: the next delivery then counts as one of a new
     // kind.

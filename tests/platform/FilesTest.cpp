@@ -2,7 +2,7 @@
 #include "platform/FileDescriptor.h"
 #include "platform/MibFile.h"
 #include "platform/RunFolder.h"
-#include "platform/TextFile.h"
+#include "platform/TextHead.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
@@ -45,7 +45,7 @@ TEST(MibFile, ReadsNoPipeAndNothingTooLarge)
     const TempFolder temp;
     mkfifo(temp.Path("pipe").c_str(), 0600);
     EXPECT_FALSE(MibReadFile(temp.Path("pipe"), 100));
-    EXPECT_FALSE(TextFile(temp.Path("pipe")).IsOpen());
+    EXPECT_FALSE(FindHeadLine(temp.Path("pipe"), {"a"}));
     EXPECT_FALSE(MibReadFile(temp.Write("large", CString(101, 'a')), 100));
     EXPECT_FALSE(MibReadFile(temp.Path(), 100));
     EXPECT_FALSE(MibReadFile("", 100));
@@ -140,36 +140,32 @@ TEST(MibFile, FindsByPatternInTheOrderOfNames)
     EXPECT_TRUE(MibFileFind(temp.Path("missing"), "*").IsEmpty());
 }
 
-TEST(TextFile, ReadsLinesOfEveryShape)
+TEST(TextHead, FindsALineOfEveryShapeAtTheFrontAlone)
 {
+    using namespace std::string_literals;
     const TempFolder temp;
+    const std::string far(headLineRange, '\n');
     const struct
     {
         const char* what;
         std::string bytes;
-        CStringArray lines;
+        const char* line;
     } cases[] = {
-        {"empty", "", {}},
-        {"both line ends and none", "a\r\n\nb", {"a", "", "b"}},
-        {"a line end at the end", "a\n", {"a"}},
-        {"UTF-16",
-         std::string("\xFF\xFE"
-                     "a\0\n\0b\0",
-                     8),
-         {"a", "b"}},
+        {"empty", "", ""},
+        {"no such line", "a\nb", ""},
+        {"CR and LF", "a\r\n<x\r\nb", "<x"},
+        {"the last line", "a\n\n<x", "<x"},
+        {"the first of the words in the order of the file", "a\n<y\n<x", "<y"},
+        {"bytes in no encoding", "a\n<x\xFF\n", "<x\xFF"},
+        {"UTF-16", "\xFF\xFE\r\0\n\0<\0x\0"s, "<x"},
+        {"UTF-16 cut off in a character", "\xFF\xFE<\0x\0\n\0\x3D\xD8\x00"s, "<x"},
+        {"a line behind the front", far + "<x", ""},
+        {"a line that ends behind it", far.substr(4) + "<x" + std::string(100, 'z'), "<xzz"},
     };
     for (const auto& c : cases) {
-        TextFile file(temp.Write("text", c.bytes));
-        CStringArray lines;
-        for (CString line; file.ReadLine(line);) lines.Add(line);
-        EXPECT_EQ(lines, c.lines) << c.what;
+        EXPECT_EQ(FindHeadLine(temp.Write("text", c.bytes), {"<x", "<y"}), c.line) << c.what;
     }
-    TextFile huge(temp.Write("text", CString(TextFile::longestLine + 5, 'x') + "\nnext"));
-    CString line;
-    EXPECT_TRUE(huge.ReadLine(line));
-    EXPECT_EQ(line.size(), TextFile::longestLine);
-    EXPECT_TRUE(huge.ReadLine(line));
-    EXPECT_EQ(line, "next");
+    EXPECT_EQ(FindHeadLine(temp.Path("missing"), {"<x"}), std::nullopt);
 }
 
 void BindSocket(const CString& path)
