@@ -16,11 +16,14 @@ public:
     /// Makes an empty document ready for Load. Always true.
     bool Initiate();
 
-    /// Reads the file \p path. False when it is missing, no regular file, not in its declared
-    /// encoding or not well formed; Problem() then says why. What misleads nobody is let pass, such
-    /// as a bare "&" or an entity that isn't known, which stay as they are written. Nothing outside
-    /// the file is read: entities and the DTD are left alone. \p validate must be false; \p errors
-    /// may be null, else a failure's reason is appended to it.
+    /// Has Load refuse files of more than \p bytes at once.
+    void LimitSize(std::size_t bytes) { largestFile = bytes; }
+
+    /// Reads the file \p path. False when it is missing, no regular file, too large, not in its
+    /// declared encoding or not well formed; Problem() then says why. What misleads nobody is let
+    /// pass, such as a bare "&" or an entity that isn't known, which stay as they are written.
+    /// Nothing outside the file is read: entities and the DTD are left alone. \p validate must be
+    /// false; \p errors may be null, else a failure's reason is appended to it.
     [[nodiscard]] bool Load(const CString& path, bool validate, CStringArray* errors);
 
     /// Reads \p bytes by way of the file \p path, which is gone afterwards. Another program that
@@ -51,7 +54,11 @@ private:
 
     bool Fail(const CString& reason, CStringArray* errors);
 
+    /// More than any delivery or record holds, and little enough for the tree to stay in memory.
+    static constexpr std::size_t usualLimit = std::size_t{256} << 20;
+
     std::unique_ptr<Tree> tree;
+    std::size_t largestFile = usualLimit;
     CString indentation;
     CString problem;
 };

@@ -30,8 +30,16 @@ TEST(DoxDocument, RefusesWhatIsNotWellFormed)
         {"cut off between tags", "<a><b></b>", false},
         {"crossing tags", "<a><b></a></b>", false},
         {"two roots", "<a/><b/>", false},
-        {"a comment behind the root", "<a/><!-- b -->", true},
+        {"a comment and an instruction around the root", "<!-- a --><?a?><a/><?b?><!-- b -->",
+         true},
+        {"text behind the root", "<a/>b", false},
+        {"text in front of the root", "<!-- a -->b<a/>", false},
+        {"CDATA behind the root", "<a/><![CDATA[b]]>", false},
+        {"blanks around the root", " \r\n\t<a/>\n ", true},
         {"a raw NUL", std::string("<a>\0</a>", 8), false},
+        {"a raw escape far from the front", "<a>" + Repeated("あ\t\r\n", 100) + "\x1b</a>", false},
+        {"a raw unit separator at the front of a block", Repeated(" ", 256) + "\x1f<a/>", false},
+        {"DEL and C1, which XML allows", "<a>\x7f\xc2\x85</a>", true},
         {"a reference to NUL", "<a>P&#0;.JPG</a>", false},
         {"a hexadecimal reference to NUL", "<a>P&#x00;.JPG</a>", false},
         {"a reference to half a surrogate pair", "<a>&#xD800;</a>", false},
@@ -56,6 +64,13 @@ TEST(DoxDocument, RefusesWhatIsNotWellFormed)
     }
     DoxDocument document;
     EXPECT_FALSE(document.Load(temp.Path("missing.xml"), false, nullptr));
+    document.LimitSize(40);
+    EXPECT_TRUE(document.Load(temp.Write("small.xml", "<a/>"), false, nullptr));
+    EXPECT_FALSE(
+        document.Load(temp.Write("large.xml", "<a/>" + Repeated(" ", 37)), false, nullptr));
+    temp.Write("lines.xml", "<a>\r\n<b>1</b>\r\n</a>\r\n\r\n x");
+    EXPECT_FALSE(document.Load(temp.Path("lines.xml"), false, nullptr));
+    EXPECT_EQ(document.Problem(), "5行目で最上位の要素の外に文字があります");
 }
 
 TEST(DoxDocument, ExpandsNoEntitiesAndFetchesNothing)
