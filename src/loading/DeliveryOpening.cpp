@@ -4,6 +4,7 @@
 #include "loading/ToviEnouDataFactory.h"
 #include "platform/HostServices.h"
 #include "platform/MibFile.h"
+#include "settings/ReadingLimit.h"
 
 namespace
 {
@@ -23,6 +24,19 @@ CString WhyNotFound(const CString& path)
     }
     return path + " に PHOTO.XML が見つかりません。PHOTO.XML "
                   "のあるフォルダか、その上のフォルダを指定してください。";
+}
+
+/// Asked before anything else: of a file that is far too large not even the kind is of interest.
+CString WhyTooLarge(const CString& photoFolder)
+{
+    const CString xmlPath = photoFolder + "PHOTO.XML";
+    const std::size_t size = MibFileSize(xmlPath);
+    if (size <= ReadingLimit::LoadInBytes()) return {};
+    return Format("%s は %zuMB あり、読み込む上限の %dMB を超えています。壊れていないか納品データの"
+                  "作成元に確かめ、正しければ tovi settings --set reading-limit=%d "
+                  "までの値で上限を上げてください。",
+                  xmlPath.c_str(), ((size - 1) >> 20) + 1, ReadingLimit::Load(),
+                  ReadingLimit::largest);
 }
 
 CString WhyNotUsable(const OpenedDelivery& delivery, const CString& familyHint)
@@ -78,6 +92,8 @@ OpenedDelivery OpenDelivery(CDocument& host, const CString& path,
         delivery.problem = WhyNotFound(path);
         return delivery;
     }
+    delivery.problem = WhyTooLarge(delivery.photoFolder);
+    if (!delivery.problem.empty()) return delivery;
     delivery.family = family ? *family : GuessFamily(delivery.photoFolder);
     Load(host, delivery, familyHint);
     GetHostServices().userInterface->ShowProgress("");

@@ -6,6 +6,7 @@
 #include "loading/PhotoXmlReader.h"
 #include "platform/DoxDocument.h"
 #include "platform/MibFile.h"
+#include "settings/ReadingLimit.h"
 
 #include <utility>
 
@@ -27,6 +28,7 @@ bool ToviEnouDataFactory::OnLoad(ToviLoadCallback callback, void* arg)
     target->GetMngItemPhoto()->RemoveAll();
 
     DoxDocument xml;
+    xml.LimitSize(ReadingLimit::LoadInBytes());
     if (!MibIsFileExist(xmlPath) || !xml.Initiate() || !xml.Load(xmlPath, false, nullptr)) {
         problem = xml.Problem().empty() ? "ファイルがありません" : xml.Problem();
         return false;

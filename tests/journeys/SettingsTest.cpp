@@ -70,13 +70,27 @@ TEST_F(Settings, AreObeyedByTheNextCommand)
     EXPECT_THAT(pairs, Not(HasSubstr("撮影箇所")));
 }
 
+TEST_F(Settings, BoundWhatIsRead)
+{
+    std::filesystem::resize_file(temp.Path("d/PHOTO/PHOTO.XML"), std::uintmax_t{8} << 30);
+    const ProgramResult refused = Run({"info", delivery});
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_THAT(refused.errors, HasSubstr("8192MB あり、読み込む上限の 256MB"));
+    std::filesystem::resize_file(temp.Path("d/PHOTO/PHOTO.XML"), std::uintmax_t{300} << 20);
+    EXPECT_THAT(Run({"info", delivery}).errors, HasSubstr("256MB"));
+    EXPECT_EQ(Answer({"settings", "--set", "reading-limit=300"})["settings"]["reading-limit"],
+              "300");
+    EXPECT_THAT(Run({"info", delivery}).errors, HasSubstr("制御文字"));
+}
+
 TEST_F(Settings, RefuseWhatIsNoneAndChangeNothingThen)
 {
     const Json before = Answer({"settings"});
     for (const char* wrong :
          {"mode", "mode=7", "mode=", "Mode=6", "label1=12345678901234567890123456789012x",
           "edit-check-types=0,,1", "edit-check-types=3",
-          "edit-check-types=", "sort-order=descending", "item:工種=hide"}) {
+          "edit-check-types=", "sort-order=descending", "reading-limit=0", "reading-limit=1025",
+          "reading-limit=9x", "item:工種=hide"}) {
         const ProgramResult result = Run({"settings", "--set", "tree=work", "--set", wrong});
         EXPECT_EQ(result.status, 2) << wrong;
         EXPECT_NE(result.errors, "") << wrong;

@@ -5,6 +5,7 @@
 #include "platform/Cp932.h"
 
 #include <algorithm>
+#include <charconv>
 
 namespace
 {
@@ -111,6 +112,17 @@ bool SetSortKey(UserSettings& settings, const SettingKey&, const CString& value)
     return true;
 }
 
+bool SetReadingLimit(UserSettings& settings, const SettingKey&, const CString& value)
+{
+    int limit = 0;
+    const char* const end = value.data() + value.size();
+    const auto [last, error] = std::from_chars(value.data(), end, limit);
+    const bool inRange = limit >= ReadingLimit::smallest && limit <= ReadingLimit::largest;
+    if (error != std::errc() || last != end || !inRange) return false;
+    settings.readingLimit = limit;
+    return true;
+}
+
 std::vector<SettingKey> MakeKeys()
 {
     std::vector<SettingKey> keys = {
@@ -143,7 +155,13 @@ std::vector<SettingKey> MakeKeys()
          [](const UserSettings& settings, const SettingKey&) {
              return CString(settings.sort.IsAscending() ? "ascending" : "descending");
          },
-         &SetSortOrder}};
+         &SetSortOrder},
+        {"reading-limit", "読み込む PHOTO.XML の大きさの上限（MB）",
+         Format("%d～%d", ReadingLimit::smallest, ReadingLimit::largest),
+         [](const UserSettings& settings, const SettingKey&) {
+             return std::to_string(settings.readingLimit);
+         },
+         &SetReadingLimit}};
     for (unsigned int slot = 0; slot < labelCount; ++slot) keys.push_back(Label(slot));
     return keys;
 }

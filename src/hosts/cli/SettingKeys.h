@@ -1,6 +1,7 @@
 #pragma once
 
 #include "document/ToviData.h"
+#include "settings/ReadingLimit.h"
 
 /// The user's settings, apart from whatever keeps them.
 struct UserSettings
@@ -8,6 +9,8 @@ struct UserSettings
     ToviPhotoCtrlVisualSetting visual;
     ToviLabelManager labels;
     ToviSortCondition sort;
+    /// In MiB, see ReadingLimit.
+    int readingLimit = ReadingLimit::usual;
     /// Empty as long as no delivery says which items there are.
     ToviItemManager items;
 };

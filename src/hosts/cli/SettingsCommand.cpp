@@ -20,6 +20,7 @@ UserSettings LoadSettings()
     settings.visual.Load();
     settings.labels.Load(nullptr);
     settings.sort.Load();
+    settings.readingLimit = ReadingLimit::Load();
     // A copy, since what was loaded saves itself in the end: also changes that are given up.
     return UserSettings(settings);
 }
@@ -27,7 +28,7 @@ UserSettings LoadSettings()
 UserSettings SettingsOf(ToviData& document)
 {
     return {document.GetVisualSetting(), *document.GetLabelManager(), document.GetSortCondition(),
-            *document.GetItemManager()};
+            ReadingLimit::Load(), *document.GetItemManager()};
 }
 
 /// False, with a sentence on standard error, when one of the assignments can't be.
@@ -47,6 +48,7 @@ bool Save(UserSettings& settings)
 {
     settings.labels.Save(nullptr);
     return settings.visual.Save() && settings.sort.Save() &&
+           ReadingLimit::Save(settings.readingLimit) &&
            (settings.items.GetItemShowSettings().IsEmpty() || settings.items.Save());
 }
 
