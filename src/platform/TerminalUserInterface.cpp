@@ -1,6 +1,7 @@
 #include "platform/TerminalUserInterface.h"
 
 #include "platform/Interrupt.h"
+#include "platform/TerminalText.h"
 
 #include <sys/ioctl.h>
 #include <unistd.h>
@@ -13,23 +14,6 @@ namespace
 constexpr auto progressPause = std::chrono::milliseconds(100);
 constexpr int usualColumns = 80;
 constexpr std::string_view clearLine = "\r\x1b[K";
-
-bool IsControl(char32_t codePoint)
-{
-    return codePoint < 0x20 || (codePoint >= 0x7F && codePoint < 0xA0);
-}
-
-/// \p text with a blank in place of whatever would steer the terminal, but for line ends: file
-/// names and texts of a delivery may hold anything.
-CString Harmless(std::string_view text)
-{
-    CString harmless;
-    while (!text.empty()) {
-        const char32_t codePoint = TakeCodePoint(text);
-        AppendUtf8(harmless, IsControl(codePoint) && codePoint != '\n' ? U' ' : codePoint);
-    }
-    return harmless;
-}
 
 struct WideRange
 {
@@ -58,7 +42,7 @@ CString OneLine(std::string_view text, int columns)
     CString line;
     while (!text.empty()) {
         char32_t codePoint = TakeCodePoint(text);
-        if (IsControl(codePoint)) codePoint = U' ';
+        if (SteersTerminal(codePoint)) codePoint = U' ';
         columns -= ColumnsOf(codePoint);
         if (columns < 0) break;
         AppendUtf8(line, codePoint);
@@ -141,7 +125,7 @@ MessageAnswer TerminalUserInterface::ShowMessage(const CString& text, const CStr
                                                  MessageButtons buttons, MessageIcon /*icon*/)
 {
     ClearProgress();
-    Write(Harmless(caption.empty() ? text : caption + ": " + text) + '\n');
+    Write(HarmlessText(caption.empty() ? text : caption + ": " + text) + '\n');
     return SafeAnswer(buttons);
 }
 

@@ -168,6 +168,25 @@ TEST_F(Headless, SaysWhatIsWrongAndWhatToDo)
     }
 }
 
+TEST_F(Headless, GivesTheTerminalNoOrders)
+{
+    const CString steering = "\x1b]0;a\a\n\xC2\x9B\u202E";
+    for (const std::vector<CString>& wrong :
+         {std::vector<CString>{"tovi", "info", temp.Path(steering)},
+          {"tovi", "info", "d", steering}}) {
+        const ProgramResult told = Run(wrong);
+        EXPECT_NE(told.status, 0);
+        EXPECT_EQ(told.errors.find_first_of(steering.substr(0, 1)), CString::npos);
+        EXPECT_EQ(told.errors.find('\n'), told.errors.size() - 1);
+        EXPECT_EQ(told.errors.find("\xC2\x9B"), CString::npos);
+        EXPECT_EQ(told.errors.find("\u202E"), CString::npos);
+    }
+    DeliveryBuilder({.photos = 1, .drawings = 0, .encoding = SampleEncoding::Utf8, .images = false})
+        .Set(0, "写真タイトル", "x\u202E\x7f")
+        .Write(temp.Path("d"));
+    EXPECT_THAT(Run({"tovi", "photos", temp.Path("d")}).output, HasSubstr("x\\u202e\\u007f"));
+}
+
 TEST_F(Headless, PreparesTheIndexInTheWorkFolder)
 {
     temp.Write("config/tovi/registry.ini",

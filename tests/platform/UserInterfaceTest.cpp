@@ -1,4 +1,5 @@
 #include "platform/ScriptedUserInterface.h"
+#include "platform/TerminalText.h"
 #include "platform/TerminalUserInterface.h"
 #include "support/TempFolder.h"
 
@@ -94,6 +95,27 @@ TEST(TerminalUserInterface, TextsCannotSteerTheTerminal)
     EXPECT_EQ(terminal.Written(), "a [2J \nb x\n");
     user.ShowProgress("1\x1b[2J\n2");
     EXPECT_EQ(terminal.Written(), "\r\x1b[K1 [2J 2");
+}
+
+TEST(TerminalText, LosesWhatSteersATerminalAndJsonLosesNothing)
+{
+    const struct
+    {
+        const char* text;
+        const char* line;
+        const char* json;
+    } cases[] = {
+        {"工事.xml", "工事.xml", "工事.xml"},
+        {"a\x7f", "a ", "a\\u007f"},
+        {"\xC2\x80\xC2\x9F\xC2\xA0", "  \xC2\xA0", "\\u0080\\u009f\xC2\xA0"},
+        {"\u202Agpj.exe\u202E…", " gpj.exe …", "\\u202agpj.exe\\u202e…"},
+        {"\u2066\u2069\u2065", "  \u2065", "\\u2066\\u2069\u2065"},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(HarmlessLine(c.text), c.line);
+        EXPECT_EQ(HarmlessJson(c.text), c.json);
+    }
+    EXPECT_EQ(HarmlessLine("a\x1b[2J\nb\r"), "a [2J b ");
 }
 
 TEST(TerminalUserInterface, ProgressIsOneLineThatGoesAway)

@@ -3,6 +3,7 @@
 #include "platform/CDocument.h"
 #include "platform/HostServices.h"
 #include "platform/MemoryProfileStore.h"
+#include "platform/TerminalText.h"
 
 #include <algorithm>
 #include <iostream>
@@ -60,7 +61,7 @@ ToviNode* FindChild(ToviNode& node, const CString& title)
 void Complain(const CString& sentence)
 {
     GetHostServices().userInterface->ShowProgress("");
-    std::cerr << sentence << std::endl;
+    std::cerr << HarmlessLine(sentence) << std::endl;
 }
 
 const char* FamilyName(PhotoXMLType family)

@@ -1,10 +1,12 @@
 #include "hosts/cli/Json.h"
 
+#include "platform/TerminalText.h"
+
 #include <iostream>
 
 std::string ToText(const Json& value)
 {
-    return value.dump(-1, ' ', false, Json::error_handler_t::replace);
+    return HarmlessJson(value.dump(-1, ' ', false, Json::error_handler_t::replace));
 }
 
 Json ToJson(const ToviItemArray& items, const ToviItemDef& def)

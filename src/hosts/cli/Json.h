@@ -10,7 +10,8 @@
 
 using Json = nlohmann::ordered_json;
 
-/// \p value as one line of UTF-8; bytes that are no UTF-8 become U+FFFD.
+/// \p value as one line of UTF-8 that no terminal takes orders from; bytes that are no UTF-8 become
+/// U+FFFD.
 std::string ToText(const Json& value);
 
 /// \p items as an array of {"title","value"}, in their order.

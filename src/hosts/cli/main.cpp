@@ -6,7 +6,6 @@
 #include "platform/MibFile.h"
 #include "platform/TerminalUserInterface.h"
 
-#include <iostream>
 #include <new>
 #include <optional>
 
@@ -54,8 +53,8 @@ int Parse(CLI::App& app, int argc, char** argv)
         app.exit(help);
         return ExitDone;
     } catch (const CLI::ParseError& error) {
-        std::cerr << "使い方が正しくありません（" << error.what()
-                  << "）。tovi --help か tovi COMMAND --help で確かめてください。" << std::endl;
+        Complain(CString("使い方が正しくありません（") + error.what() +
+                 "）。tovi --help か tovi COMMAND --help で確かめてください。");
         return ExitWrongUsage;
     }
 }
