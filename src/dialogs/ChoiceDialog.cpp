@@ -28,7 +28,8 @@ ChoiceDialog::ChoiceDialog(const Choice& choice, QWidget* parent)
     for (const CString& note : choice.notes) layout->addWidget(Line(note));
     for (int index = 0; index < choice.options.GetSize(); ++index) {
         const Choice::Option& option = choice.options[index];
-        auto* button = new QRadioButton(QtText(option.text));
+        QString text = QtText(option.text);
+        auto* button = new QRadioButton(text.replace(QLatin1Char('&'), QStringLiteral("&&")));
         options->addButton(button, index);
         layout->addWidget(button);
         if (option.explanation.empty()) continue;

@@ -2,12 +2,17 @@
 
 #include "loading/DeliveryKinds.h"
 #include "loading/IndexStylesheets.h"
+#include "platform/CaseFallback.h"
 #include "platform/MibFile.h"
 #include "platform/TextHead.h"
+#include "settings/ReadingLimit.h"
 
 #include <algorithm>
+#include <charconv>
+#include <map>
 #include <optional>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace
@@ -49,6 +54,79 @@ std::string_view ElementText(std::string_view xml, const CString& tag)
     return rest.substr(0, rest.find('<'));
 }
 
+bool HoldsPhotoXml(const CString& folder)
+{
+    return MibIsFileExist(folder + "PHOTO.XML");
+}
+
+/// The number of the disc whose folder has the path \p wrapper: 2 for DISK2; 0 when it is none.
+int DiscNumber(const CString& wrapper)
+{
+    constexpr std::string_view word = "disk";
+    const CString name = FoldCase(MibGetFileName(wrapper));
+    const char* const end = name.data() + name.size();
+    int number = 0;
+    if (!name.starts_with(word)) return 0;
+    const auto [last, error] = std::from_chars(name.data() + word.size(), end, number);
+    return error == std::errc() && last == end ? number : 0;
+}
+
+bool IsOfOneDelivery(const CString& photoFolder, const CString& other)
+{
+    return MibHaveSameBytes(photoFolder + "PHOTO.XML", other + "PHOTO.XML",
+                            ReadingLimit::LoadInBytes());
+}
+
+/// The folders of PHOTO.XML in the wrapper folders of \p folder, one for each delivery.
+CStringArray FoldersInWrappers(const CString& folder)
+{
+    std::map<int, CString> discs;
+    CStringArray found;
+    for (const CString& wrapper : MibFileFind(folder, "*")) {
+        CString photoFolder = wrapper + "/PHOTO/";
+        if (!HoldsPhotoXml(photoFolder)) continue;
+        const int number = DiscNumber(wrapper);
+        const bool isDisc = number > 0 && discs.try_emplace(number, photoFolder).second;
+        if (!isDisc) found.Add(std::move(photoFolder));
+    }
+    CStringArray deliveries;
+    for (const auto& [number, photoFolder] : discs) {
+        const bool isKnown =
+            std::any_of(deliveries.begin(), deliveries.end(),
+                        [&](const CString& first) { return IsOfOneDelivery(first, photoFolder); });
+        if (!isKnown) deliveries.Add(photoFolder);
+    }
+    for (CString& photoFolder : found) deliveries.Add(std::move(photoFolder));
+    return deliveries;
+}
+
+CStringArray FoldersInFolder(CString folder)
+{
+    MibNormalDir(folder);
+    for (const CString& near : {folder, folder + "PHOTO/"}) {
+        if (HoldsPhotoXml(near)) return {near};
+    }
+    return FoldersInWrappers(folder);
+}
+
+CStringArray FoldersOfFile(const CString& path)
+{
+    CString folder = path;
+    MibParentDir(folder);
+    const CString name = FoldCase(MibGetFileName(path));
+    if (name == "photo.xml") {
+        // Beside another one, whose name differs in letter case only, it would not be the one read.
+        const bool isRead = ExistingPath(folder + "PHOTO.XML") == ExistingPath(path);
+        return isRead ? CStringArray{folder} : CStringArray();
+    }
+    const bool isIndex = name.starts_with("index_") || name.starts_with("photo_");
+    if (!isIndex || !name.ends_with(".xml")) return {};
+    for (const CString& near : {folder + "PHOTO/", folder}) {
+        if (HoldsPhotoXml(near)) return {near};
+    }
+    return {};
+}
+
 /// The head of the last index file above \p photoFolder, or empty.
 CString ReadIndexHead(const CString& photoFolder)
 {
@@ -68,20 +146,11 @@ std::optional<PhotoXMLType> FamilyToldBy(const CString& photoXml, const CString&
 }
 } // namespace
 
-CString FindPhotoFolder(const CString& path)
+CStringArray FindPhotoFolders(const CString& path)
 {
-    const auto holdsPhotoXml = [](const CString& folder) {
-        return MibIsFileExist(folder + "PHOTO.XML");
-    };
     // The index file is looked for above the folder, which a relative path may not tell.
     CString folder = MibAbsolutePath(path);
-    MibNormalDir(folder);
-    if (holdsPhotoXml(folder)) return folder;
-    if (holdsPhotoXml(folder + "PHOTO/")) return folder + "PHOTO/";
-    for (const CString& wrapper : MibFileFind(folder, "*")) {
-        if (holdsPhotoXml(wrapper + "/PHOTO/")) return wrapper + "/PHOTO/";
-    }
-    return {};
+    return MibIsFileExist(folder) ? FoldersOfFile(folder) : FoldersInFolder(std::move(folder));
 }
 
 PhotoXMLType GuessFamily(const CString& photoFolder)

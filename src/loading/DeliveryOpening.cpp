@@ -6,24 +6,14 @@
 #include "platform/MibFile.h"
 #include "settings/ReadingLimit.h"
 
+#include <algorithm>
+
 namespace
 {
 bool ShowProgress(const ToviDataFactory*, const ToviData*, const char* text, void*)
 {
     GetHostServices().userInterface->ShowProgress(text);
     return true;
-}
-
-CString WhyNotFound(const CString& path)
-{
-    if (MibIsFileExist(path)) {
-        return path + " はフォルダではありません。PHOTO.XML のあるフォルダを指定してください。";
-    }
-    if (!MibIsFolderExist(path)) {
-        return path + " というフォルダがありません。フォルダの場所と名前を確かめてください。";
-    }
-    return path + " に PHOTO.XML が見つかりません。PHOTO.XML "
-                  "のあるフォルダか、その上のフォルダを指定してください。";
 }
 
 /// Asked before anything else: of a file that is far too large not even the kind is of interest.
@@ -60,6 +50,37 @@ CString WhyNotUsable(const OpenedDelivery& delivery, const CString& familyHint)
     return {};
 }
 
+/// The folder that stands for \p path, which can be a file: opened later it leads to the same
+/// \p photoFolder.
+CString FolderThatLeadsTo(const CString& photoFolder, const CString& path)
+{
+    if (!MibIsFileExist(path)) return path;
+    CString folder = MibAbsolutePath(path);
+    MibParentDir(folder);
+    return FindPhotoFolders(folder) == CStringArray{photoFolder} ? folder : photoFolder;
+}
+
+CString WhyNotThisFile(const CString& path)
+{
+    if (EqualNoCase(MibGetFileName(path), "PHOTO.XML")) {
+        return path +
+               " のほかに、名前の大文字と小文字だけが違う PHOTO.XML が同じフォルダにあります。"
+               "正しい方だけを残した写しを開いてください。";
+    }
+    return path + " からは納品データを開けません。PHOTO.XML、PHOTO フォルダと並ぶ INDEX_*.XML、"
+                  "またはそのフォルダを指定してください。";
+}
+
+CString Listed(const CStringArray& photoFolders)
+{
+    constexpr int mostNames = 10;
+    CString names;
+    for (int i = 0; i < std::min(photoFolders.GetSize(), mostNames); ++i) {
+        names += (i == 0 ? "" : "、") + DeliveryFolderName(photoFolders[i]);
+    }
+    return photoFolders.GetSize() > mostNames ? names + " ほか" : names;
+}
+
 void Load(CDocument& host, OpenedDelivery& delivery, const CString& familyHint)
 {
     ToviEnouDataFactory factory;
@@ -82,16 +103,41 @@ void Load(CDocument& host, OpenedDelivery& delivery, const CString& familyHint)
 }
 } // namespace
 
+CString DeliveryFolderName(const CString& photoFolder)
+{
+    CString above = photoFolder;
+    MibParentDir(above);
+    above.pop_back();
+    return MibGetFileName(above);
+}
+
+CString WhyNoDelivery(const CString& path, const CStringArray& photoFolders)
+{
+    if (!photoFolders.IsEmpty()) {
+        return Format(
+            "%s には納品データが%dつあります（%s）。どれか1つのフォルダを指定してください。",
+            path.c_str(), photoFolders.GetSize(), Listed(photoFolders).c_str());
+    }
+    if (MibIsFileExist(path)) return WhyNotThisFile(path);
+    if (!MibIsFolderExist(path)) {
+        return path + " というフォルダがありません。フォルダの場所と名前を確かめてください。";
+    }
+    return path + " に PHOTO.XML が見つかりません。PHOTO.XML "
+                  "のあるフォルダか、その上のフォルダを指定してください。";
+}
+
 OpenedDelivery OpenDelivery(CDocument& host, const CString& path,
                             std::optional<PhotoXMLType> family, const CString& familyHint)
 {
     OpenedDelivery delivery;
-    delivery.folder = path;
-    delivery.photoFolder = FindPhotoFolder(path);
-    if (delivery.photoFolder.empty()) {
-        delivery.problem = WhyNotFound(path);
+    const CStringArray found = FindPhotoFolders(path);
+    if (found.GetSize() != 1) {
+        delivery.folder = path;
+        delivery.problem = WhyNoDelivery(path, found);
         return delivery;
     }
+    delivery.photoFolder = found[0];
+    delivery.folder = FolderThatLeadsTo(delivery.photoFolder, path);
     delivery.problem = WhyTooLarge(delivery.photoFolder);
     if (!delivery.problem.empty()) return delivery;
     delivery.family = family ? *family : GuessFamily(delivery.photoFolder);

@@ -176,3 +176,15 @@ bool MibReadBlocks(const CString& path, std::size_t limit,
         if (total > limit || !take({block.data(), static_cast<std::size_t>(got)})) return false;
     }
 }
+
+bool MibHaveSameBytes(const CString& left, const CString& right, std::size_t limit)
+{
+    const RegularFile other(right);
+    std::array<char, 1 << 16> bytes;
+    return other.IsOpen() && MibFileSize(left) == other.Size() &&
+           MibReadBlocks(left, limit, [&](std::string_view block) {
+               const ssize_t got = other.Read(bytes.data(), block.size());
+               return got >= 0 &&
+                      block == std::string_view(bytes.data(), static_cast<std::size_t>(got));
+           });
+}

@@ -64,6 +64,10 @@ TOVI_EXPORT bool MibDeleteFile(const CString& path);
 /// bytes.
 TOVI_EXPORT std::optional<std::string> MibReadFile(const CString& path, std::size_t limit);
 
+/// True when both regular files have the same bytes, at most \p limit of them. False too when one
+/// can't be read.
+bool MibHaveSameBytes(const CString& left, const CString& right, std::size_t limit);
+
 /// Hands the bytes of the regular file \p path to \p take in blocks, from the front, until it
 /// returns false. False when that happened, when the file can't be read or has more than \p limit
 /// bytes.

@@ -14,9 +14,12 @@ RegularFile::RegularFile(const CString& path)
 
 ssize_t RegularFile::Read(char* to, std::size_t size) const
 {
-    ssize_t got = -1;
-    do {
-        got = read(file.Get(), to, size);
-    } while (got < 0 && errno == EINTR);
-    return got;
+    std::size_t have = 0;
+    while (have < size) {
+        const ssize_t got = read(file.Get(), to + have, size - have);
+        if (got < 0 && errno != EINTR) return got;
+        if (got == 0) break;
+        if (got > 0) have += static_cast<std::size_t>(got);
+    }
+    return static_cast<ssize_t>(have);
 }

@@ -23,8 +23,8 @@ public:
     const struct stat& Facts() const { return facts; }
     std::uint64_t Size() const { return static_cast<std::uint64_t>(facts.st_size); }
 
-    /// Reads up to \p size bytes to \p to. Returns their number, 0 at the end of the file, below 0
-    /// when it can't be read.
+    /// Reads the next \p size bytes to \p to. Returns their number, less than that only at the end
+    /// of the file, below 0 when it can't be read.
     ssize_t Read(char* to, std::size_t size) const;
 
 private:

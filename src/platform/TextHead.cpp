@@ -12,13 +12,9 @@ std::optional<std::string> ReadHead(const CString& path, std::size_t limit)
     const RegularFile file(path);
     if (!file.IsOpen()) return std::nullopt;
     std::string bytes(std::min<std::uint64_t>(limit, file.Size()), '\0');
-    std::size_t have = 0;
-    while (have < bytes.size()) {
-        const ssize_t got = file.Read(bytes.data() + have, bytes.size() - have);
-        if (got <= 0) break;
-        have += static_cast<std::size_t>(got);
-    }
-    bytes.resize(have);
+    const ssize_t got = file.Read(bytes.data(), bytes.size());
+    if (got < 0) return std::nullopt;
+    bytes.resize(static_cast<std::size_t>(got));
     return bytes;
 }
 

@@ -131,6 +131,8 @@ TEST_F(Headless, SaysWhatIsWrongAndWhatToDo)
     temp.Write("none/PHOTO.XML",
                "<!DOCTYPE photodata SYSTEM \"PHOTO05.DTD\">\n<photodata><基礎情報/></photodata>");
     temp.Write("file", "");
+    for (const char* name : {"two/b/PHOTO/PHOTO.XML", "two/a/PHOTO/PHOTO.XML"})
+        temp.Write(name, "");
     const struct
     {
         std::vector<CString> arguments;
@@ -139,8 +141,11 @@ TEST_F(Headless, SaysWhatIsWrongAndWhatToDo)
         const char* sentence;
     } cases[] = {
         {{"photos", temp.Path("missing")}, 1, "[]\n", "というフォルダがありません。"},
-        {{"photos", temp.Path("file")}, 1, "[]\n", "はフォルダではありません。"},
+        {{"photos", temp.Path("file")}, 1, "[]\n", "からは納品データを開けません。"},
         {{"photos", temp.MakeFolder("bare")}, 1, "[]\n", "PHOTO.XML が見つかりません。"},
+        {{"info", temp.Path("two")}, 1, "null", "納品データが2つあります（a、b）。"},
+        {{"combine", good, "--next", temp.Path("two")}, 1, "", "納品データが2つあります（a、b）。"},
+        {{"info", good + "/INDEX_C.XML"}, 0, "\"photoCount\":2", ""},
         {{"photos", cut}, 1, "[]\n", "読み込めません（"},
         {{"photos", temp.Path("empty")}, 1, "[]\n", "対応していない要領のDTD"},
         {{"photos", good, "--family", "nexco"}, 1, "[]\n", "対応していない要領のDTD"},

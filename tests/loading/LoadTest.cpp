@@ -79,7 +79,7 @@ TEST(Load, ReadsTheShapesOfRealFiles)
         const DeliveryBuilder builder(options);
         const OpenedSample sample(builder);
         OpenedSample opened(builder);
-        opened.Open(FindPhotoFolder(opened.temp.Path()));
+        opened.Open(FindPhotoFolders(opened.temp.Path())[0]);
         ASSERT_TRUE(opened.document) << c.what;
         EXPECT_EQ(ItemsOf(*opened.document), builder.ExpectedItems()) << c.what;
     }
@@ -258,26 +258,48 @@ TEST(Factory, LoadsInTwoSteps)
     EXPECT_EQ(nothing->GetTotalCountPhoto(), 0);
 }
 
-TEST(DeliveryLocation, LooksForThePhotoFolder)
+TEST(DeliveryLocation, TellsWhichDeliveriesAPathCanMean)
 {
     const TempFolder temp;
     const struct
     {
-        const char* file;
+        std::vector<CString> files;
         const char* asked;
-        const char* found;
+        std::vector<const char*> found;
     } cases[] = {
-        {"a/PHOTO.XML", "a", "a/"},
-        {"b/photo/photo.xml", "b/", "b/PHOTO/"},
-        {"c/DISK1/PHOTO/PHOTO.XML", "c", "c/DISK1/PHOTO/"},
-        {"d/x/y/PHOTO/PHOTO.XML", "d", nullptr},
-        {"e/file", "e/file", nullptr},
+        {{"a/PHOTO.XML"}, "a", {"a/"}},
+        {{"b/photo/photo.xml"}, "b/", {"b/PHOTO/"}},
+        {{"c/DISK1/PHOTO/PHOTO.XML"}, "c", {"c/DISK1/PHOTO/"}},
+        {{"d/x/y/PHOTO/PHOTO.XML"}, "d", {}},
+        {{"e/PHOTO.XML", "e/PHOTO/PHOTO.XML"}, "e", {"e/"}},
+        {{"f/PHOTO/PHOTO.XML", "f/old/PHOTO/PHOTO.XML"}, "f", {"f/PHOTO/"}},
+        {{"g/B/PHOTO/PHOTO.XML", "g/A/PHOTO/photo.xml"}, "g", {"g/A/PHOTO/", "g/B/PHOTO/"}},
+        {{"h/disk10/PHOTO/PHOTO.XML", "h/DISK2/PHOTO/PHOTO.XML"}, "h", {"h/DISK2/PHOTO/"}},
+        {{"i/DISK1/PHOTO/PHOTO.XML", "i/DISK2/PHOTO/PHOTO.XML=x", "i/DISK3/PHOTO/PHOTO.XML=x"},
+         "i",
+         {"i/DISK1/PHOTO/", "i/DISK2/PHOTO/"}},
+        {{"j/DISK1/PHOTO/PHOTO.XML", "j/DISK1 copy/PHOTO/PHOTO.XML"},
+         "j",
+         {"j/DISK1/PHOTO/", "j/DISK1 copy/PHOTO/"}},
+        {{"k/small.zip", "k/PHOTO.XML"}, "k/small.zip", {}},
+        {{"l/Photo.xml"}, "l/Photo.xml", {"l/"}},
+        {{"m/PHOTO.XML", "m/photo.xml"}, "m/PHOTO.XML", {"m/"}},
+        {{}, "m/photo.xml", {}},
+        {{"n/index_c.xml", "n/PHOTO/PHOTO.XML", "n/PHOTO.XML"}, "n/index_c.xml", {"n/PHOTO/"}},
+        {{"o/PHOTO_JH.XML", "o/PHOTO.XML"}, "o/PHOTO_JH.XML", {"o/"}},
+        {{"p/INDEX_C.XML", "p/DISK1/PHOTO/PHOTO.XML"}, "p/INDEX_C.XML", {}},
+        {{"q/INDEX_C.XML.bak", "q/PHOTO.XML"}, "q/INDEX_C.XML.bak", {}},
+        {{}, "missing", {}},
     };
     for (const auto& c : cases) {
-        temp.Write(c.file, "");
-        EXPECT_EQ(FindPhotoFolder(temp.Path(c.asked)), c.found ? temp.Path(c.found) : "") << c.file;
+        for (const CString& file : c.files) {
+            const std::size_t equals = std::min(file.find('='), file.size());
+            temp.Write(file.substr(0, equals), file.substr(equals));
+        }
+        CStringArray found;
+        for (const char* folder : c.found) found.Add(temp.Path(folder));
+        EXPECT_EQ(FindPhotoFolders(temp.Path(c.asked)), found) << c.asked;
     }
-    EXPECT_EQ(FindPhotoFolder(temp.Path("missing")), "");
 }
 
 TEST(DeliveryLocation, FindsTheIndexFileFromARelativePath)
@@ -289,7 +311,7 @@ TEST(DeliveryLocation, FindsTheIndexFileFromARelativePath)
     for (const auto& [folder, path] :
          {std::pair{"d", "PHOTO"}, {"d", "."}, {"d/PHOTO", "."}, {"d/PHOTO", ".."}}) {
         std::filesystem::current_path(temp.Path(folder));
-        EXPECT_EQ(GuessFamily(FindPhotoFolder(path)), PhotoXMLNexco) << folder << path;
+        EXPECT_EQ(GuessFamily(FindPhotoFolders(path)[0]), PhotoXMLNexco) << folder << path;
     }
     std::filesystem::current_path(temp.Path("d/PHOTO"));
     TestHost services;

@@ -129,10 +129,13 @@ TEST(FrameFiles, OpenWhatIsDropped)
         bool opens;
     } cases[] = {{"delivery", true},
                  {"delivery/PHOTO/PHOTO.XML", true},
+                 {"delivery/INDEX_C.XML", true},
+                 {"delivery/small.zip", false},
                  {"delivery/PHOTO/PIC", false},
                  {"none", false}};
     for (const auto& test : cases) {
         ShownFrame shown;
+        shown.temp.Write("delivery/small.zip", "");
         QMimeData data;
         data.setUrls({QUrl::fromLocalFile(QtText(shown.temp.Path(test.name)))});
         const auto offered = Qt::CopyAction | Qt::MoveAction;
@@ -154,6 +157,25 @@ TEST(FrameFiles, OpenWhatIsDropped)
     enter.ignore();
     QApplication::sendEvent(shown.frame.get(), &enter);
     EXPECT_FALSE(enter.isAccepted());
+}
+
+TEST(FrameFiles, AskWhichOfSeveralDeliveriesIsMeant)
+{
+    ShownFrame shown;
+    for (const char* name : {"works/b", "works/a&c"}) shown.Deliver(name);
+    EXPECT_FALSE(shown.Open("works"));
+    EXPECT_EQ(shown.Problem(), "");
+    const Choice& asked = shown.services.user.choice;
+    ASSERT_EQ(asked.options.GetSize(), 2);
+    EXPECT_EQ(asked.options[0].text, "a&c");
+    EXPECT_EQ(asked.options[1].text, "b");
+    EXPECT_NE(asked.options[1].explanation, "") << "the work's title";
+    shown.services.user.options = {1, 0};
+    EXPECT_TRUE(shown.Open("works"));
+    EXPECT_EQ(shown.Data().RootPath(), shown.temp.Path("works/b/PHOTO/"));
+    EXPECT_THAT(Texts(FrameState::RecentDeliveries()), ElementsAre(EndsWith("works/b/PHOTO")));
+    EXPECT_TRUE(shown.frame->OpenDiscs(shown.temp.Path("works")));
+    EXPECT_THAT(shown.Data().RootPath(), HasSubstr("works/a&c/PHOTO"));
 }
 
 /// Presses the button of the question about unsaved work whose text begins with \p text.

@@ -48,11 +48,12 @@ private:
 bool FindDiscs(const std::vector<std::string>& folders, std::deque<CString>& discs)
 {
     for (const CString& folder : folders) {
-        discs.push_back(FindPhotoFolder(folder));
-        if (!discs.back().empty()) continue;
-        Complain(folder + " に PHOTO.XML が見つかりません。次のメディアのフォルダを指定してくださ"
-                          "い。");
-        return false;
+        const CStringArray found = FindPhotoFolders(folder);
+        if (found.GetSize() != 1) {
+            Complain(WhyNoDelivery(folder, found));
+            return false;
+        }
+        discs.push_back(found[0]);
     }
     return true;
 }

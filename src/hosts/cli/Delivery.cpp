@@ -76,8 +76,9 @@ void AddDeliveryArguments(CLI::App& command, DeliveryArguments& arguments)
 {
     command.get_help_ptr()->group("オプション");
     command
-        .add_option("DELIVERY", arguments.path,
-                    "PHOTO.XML のあるフォルダ、またはその上のフォルダ（DISK1 などの中でもよい）")
+        .add_option(
+            "DELIVERY", arguments.path,
+            "PHOTO.XML か INDEX_*.XML、またはそのあるフォルダ（DISK1 などの上のフォルダでもよい）")
         ->required()
         ->option_text("（必須）");
     command

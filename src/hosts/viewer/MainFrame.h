@@ -27,7 +27,8 @@ public:
     MainFrame();
     ~MainFrame() override;
 
-    /// Opens the delivery in \p path (a folder or a PHOTO.XML), asking first about unsaved work.
+    /// Opens the delivery that \p path leads to (see FindPhotoFolders), asking first about unsaved
+    /// work, and which one it is where there are several.
     /// What is wrong with it is shown in the window. False when it isn't open.
     bool OpenDelivery(const CString& path, std::optional<PhotoXMLType> family);
     /// Opens the delivery whose first disc or folder is \p path, and asks for the others until no

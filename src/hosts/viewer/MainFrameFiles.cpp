@@ -1,6 +1,7 @@
 // The main window's commands on files: opening deliveries and records, saving, closing.
 
 #include "dialogs/FileDialog.h"
+#include "hosts/viewer/DeliveryChoice.h"
 #include "hosts/viewer/FrameState.h"
 #include "hosts/viewer/MainFrame.h"
 #include "hosts/viewer/SlideShow.h"
@@ -20,12 +21,6 @@ namespace
 {
 constexpr const char* recordFolderEntry = "RecordFolder";
 
-/// The folder that \p path means: of a PHOTO.XML the one that it stands in.
-CString DeliveryFolder(const CString& path)
-{
-    return MibIsFileExist(path) ? FolderOfFile(path) : path;
-}
-
 QStringList RecordFilters()
 {
     return {QStringLiteral("検査状況 (*.xml)"), QStringLiteral("すべてのファイル (*)")};
@@ -34,10 +29,11 @@ QStringList RecordFilters()
 
 bool MainFrame::OpenDelivery(const CString& path, std::optional<PhotoXMLType> family)
 {
-    if (!AskToSave()) return false;
+    CString chosen = path;
+    if (!AskToSave() || !ChooseAmongDeliveries(chosen)) return false;
     slideShow->End();
-    if (!ShowOpened(document.Open(DeliveryFolder(path), family))) return false;
-    CString folder = MibAbsolutePath(DeliveryFolder(path));
+    if (!ShowOpened(document.Open(chosen, family))) return false;
+    CString folder = MibAbsolutePath(document.Folder());
     while (folder.size() > 1 && folder.ends_with('/')) folder.pop_back();
     FrameState::AddRecentDelivery(folder);
     FrameState::SetLastFolder(FrameState::deliveryFolder, FolderOfFile(folder));

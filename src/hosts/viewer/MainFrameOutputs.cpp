@@ -1,5 +1,6 @@
 // The main window's commands on what leaves the program, and on deliveries that come on discs.
 
+#include "hosts/viewer/DeliveryChoice.h"
 #include "hosts/viewer/FrameState.h"
 #include "hosts/viewer/MainFrame.h"
 #include "hosts/viewer/SlideShow.h"
@@ -32,9 +33,10 @@ void MainFrame::ConnectOutputs()
 
 bool MainFrame::OpenDiscs(const CString& path)
 {
-    if (!AskToSave()) return false;
+    CString chosen = path;
+    if (!AskToSave() || !ChooseAmongDeliveries(chosen)) return false;
     slideShow->End();
-    return ShowOpened(document.OpenDiscs(path));
+    return ShowOpened(document.OpenDiscs(chosen));
 }
 
 void MainFrame::ChooseDiscs()

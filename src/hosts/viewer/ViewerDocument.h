@@ -22,17 +22,17 @@ public:
     /// From now on \p panel is told of every update and holds the delivery while one is open.
     void AddPanel(ToviPanel* panel);
 
-    /// Opens the delivery in the folder \p path in place of the one before, which stays when this
-    /// fails. Returns what is wrong in a sentence, empty when nothing is.
+    /// Opens the delivery that \p path leads to (see OpenDelivery) in place of the one before,
+    /// which stays when this fails. Returns what is wrong in a sentence, empty when nothing is.
     CString Open(const CString& path, std::optional<PhotoXMLType> family);
-    /// Opens the delivery whose first disc is in the folder \p path and gathers it from all of them
+    /// Opens the delivery whose first disc \p path leads to and gathers it from all of them
     /// (see MediaCombine). Returns as Open; what failed with the discs was told before, and the
     /// delivery that was open is closed then.
     CString OpenDiscs(const CString& path);
     void Close();
     /// Null while no delivery is open.
     ToviData* Data() const { return data.get(); }
-    /// The folder that the user named.
+    /// The folder that the user named, or that stands for the file that he did.
     const CString& Folder() const { return folder; }
     /// 工事名称, else the name of the folder.
     CString Title() const;

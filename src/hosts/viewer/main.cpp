@@ -31,7 +31,7 @@ void Describe(QCommandLineParser& parser)
     parser.setApplicationDescription(
         QStringLiteral("工事写真の電子納品データを検査する。納品データには書き込まない。"));
     parser.addPositionalArgument(QStringLiteral("DELIVERY"),
-                                 QStringLiteral("PHOTO.XML のあるフォルダ、またはその上のフォルダ"),
+                                 QStringLiteral("PHOTO.XML か INDEX_*.XML、またはそのあるフォルダ"),
                                  QStringLiteral("[DELIVERY]"));
     parser.addOptions(
         {{QStringLiteral("family"), QStringLiteral("要領の系統: auto、mlit、kowan、maff、nexco"),
