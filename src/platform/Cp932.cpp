@@ -2,6 +2,7 @@
 
 #include <iconv.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <cstring>
@@ -112,6 +113,20 @@ constexpr int RankOfLead(int byte)
     return byte < 0xA0 ? byte - 0x81 + 0xC1 : byte;
 }
 
+/// True when every reader of Shift_JIS takes \p code for the character that it is here. Strict
+/// readers know JIS X 0201 and JIS X 0208 alone, not the characters that makers have added in other
+/// rows, and some take these few for a look-alike: \ ~ ― ＼ ～ ∥ － ￠ ￡ ￢.
+bool IsSharedCode(std::uint16_t code)
+{
+    constexpr std::uint16_t disputed[] = {0x5C,   0x7E,   0x815C, 0x815F, 0x8160,
+                                          0x8161, 0x817C, 0x8191, 0x8192, 0x81CA};
+    if (std::find(std::begin(disputed), std::end(disputed), code) != std::end(disputed)) {
+        return false;
+    }
+    if (code < 0x100) return (code != 0 && code < 0x80) || (code >= 0xA1 && code <= 0xDF);
+    return code < 0x8540 || (code >= 0x889F && code <= 0xEAA4);
+}
+
 void AppendCode(std::string& bytes, std::uint16_t code)
 {
     if (code >= 0x100) bytes += static_cast<char>(code >> 8);
@@ -201,11 +216,17 @@ std::optional<std::string> Encode(std::string_view text)
 
 std::string EncodeForXml(std::string_view text)
 {
+    const Table& table = Table::Get();
     std::string bytes;
-    EncodeInto(bytes, text, [](std::string& out, char32_t codePoint) {
-        out += "&#" + std::to_string(static_cast<std::uint32_t>(codePoint)) + ';';
-        return true;
-    });
+    bytes.reserve(text.size());
+    while (!text.empty()) {
+        const char32_t codePoint = TakeCodePoint(text);
+        if (const std::uint16_t code = table.CodeOf(codePoint); IsSharedCode(code)) {
+            AppendCode(bytes, code);
+        } else {
+            bytes += "&#" + std::to_string(static_cast<std::uint32_t>(codePoint)) + ';';
+        }
+    }
     return bytes;
 }
 

@@ -29,8 +29,9 @@ private:
 /// Encodes \p text; nothing when a character has no place in the code page.
 TOVI_EXPORT std::optional<std::string> Encode(std::string_view text);
 
-/// Encodes \p text for an XML file: a character outside the code page becomes a numeric character
-/// reference, so that nothing is lost.
+/// Encodes \p text for an XML file that declares Shift_JIS and that any XML reader must take for
+/// the same text: what stands outside JIS X 0201 and JIS X 0208 (①, 髙) or is another character to
+/// some readers (～, －) becomes a numeric character reference.
 TOVI_EXPORT std::string EncodeForXml(std::string_view text);
 
 /// The number of bytes that \p text takes in the code page. A character outside of it counts 2.

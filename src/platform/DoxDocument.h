@@ -35,11 +35,11 @@ public:
     void TransIndent(const char* indent);
 
     /// Writes the tree to the file \p path in the encoding that its declaration names, whole or not
-    /// at all. Shift_JIS loses nothing: what has no place in the code page becomes a numeric
-    /// character reference, and what no XML file can hold becomes 〓. A file of that name
-    /// in another letter case is the one that is replaced. \p flags must be 0; \p result may be
-    /// null. False when there is no tree, when it declares another encoding than Shift_JIS or
-    /// UTF-8, or when the file can't be written.
+    /// at all. Shift_JIS loses nothing: what readers of it don't agree on becomes a numeric
+    /// character reference, and what no XML file can hold becomes 〓. A file of that name in
+    /// another letter case is the one that is replaced. \p flags must be 0; \p result may be null.
+    /// False when there is no tree, when it declares another encoding than Shift_JIS or UTF-8, or
+    /// when the file can't be written.
     [[nodiscard]] bool Save(const CString& path, unsigned long flags, int* result) const;
 
     /// Frees the tree. Iterators on it must not be used any more.

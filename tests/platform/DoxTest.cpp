@@ -1,8 +1,10 @@
+#include "platform/Cp932.h"
 #include "platform/DoxDocument.h"
 #include "platform/DoxIterator.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
+#include <libxml/parser.h>
 
 namespace
 {
@@ -85,6 +87,49 @@ TEST(DoxDocument, ExpandsNoEntitiesAndFetchesNothing)
     DoxIterator it(&document);
     it.Root();
     EXPECT_EQ(it.GetText(), "&l1;&file;&");
+}
+
+/// Every character of code page 932 but the control characters.
+CString WholeCodePage()
+{
+    CString all;
+    for (int first = 0x20; first < 0x100; ++first) {
+        if (first == 0x7F) continue;
+        const std::string single(1, static_cast<char>(first));
+        if (const auto character = Cp932::Decode(single)) {
+            all += *character;
+            continue;
+        }
+        for (int second = 0x40; second < 0x100; ++second) {
+            all += Cp932::Decode(single + static_cast<char>(second)).value_or("");
+        }
+    }
+    return all;
+}
+
+TEST(DoxDocument, IsReadAlikeByAStrictReader)
+{
+    const TempFolder temp;
+    const CString path = temp.Write("a.xml", "<?xml version='1.0' encoding='Shift_JIS'?><a/>");
+    const CString text = WholeCodePage();
+    ASSERT_GT(Cp932::ByteLength(text), 2 * 9500);
+    DoxDocument document;
+    ASSERT_TRUE(document.Load(path, false, nullptr));
+    DoxIterator written(&document);
+    ASSERT_TRUE(written.Root());
+    written.SetText(text.c_str());
+    ASSERT_TRUE(document.Save(path, 0, nullptr));
+
+    ASSERT_TRUE(document.Load(path, false, nullptr));
+    DoxIterator read(&document);
+    ASSERT_TRUE(read.Root());
+    EXPECT_EQ(read.GetText(), text);
+    xmlDoc* const strict = xmlReadFile(path.c_str(), nullptr, XML_PARSE_NONET);
+    ASSERT_NE(strict, nullptr);
+    xmlChar* const content = xmlNodeGetContent(xmlDocGetRootElement(strict));
+    EXPECT_EQ(reinterpret_cast<const char*>(content), text);
+    xmlFree(content);
+    xmlFreeDoc(strict);
 }
 
 TEST(DoxIterator, WalksElementsAndLeavesTheRestAside)

@@ -41,7 +41,7 @@ TEST(Cp932, RefusesWhatIsNotInTheCodePage)
         EXPECT_FALSE(Cp932::Decode(bytes)) << testing::PrintToString(bytes);
     }
     EXPECT_FALSE(Cp932::Encode("叱るは𠮟る"));
-    EXPECT_EQ(Cp932::EncodeForXml("a𠮷é工"), "a&#134071;&#233;\x8D\x48");
+    EXPECT_EQ(Cp932::EncodeForXml("a𠮷é工―＼ｱ"), "a&#134071;&#233;\x8D\x48&#8213;&#65340;\xB1");
 }
 
 TEST(Cp932, DecodesAsTheSystemsConverterAtEveryLengthAndPlace)

@@ -72,7 +72,7 @@ TEST_F(Record, HoldsWhatItsFormatSays)
         "<?xml version=\"1.0\" encoding=\"Shift_JIS\"?>\n"
         "<!DOCTYPE examinationdata SYSTEM \"\">\n"
         "<検査状況>\n\t<情報>\n\t\t<写真枚数>3</写真枚数>\n\t</情報>\n\t<状況>\n"
-        "\t\t<写真>\n\t\t\t<コメント>&lt;①&gt;</コメント>\n\t\t\t<付箋1-OK>1</付箋1-OK>\n";
+        "\t\t<写真>\n\t\t\t<コメント>&lt;&#9312;&gt;</コメント>\n\t\t\t<付箋1-OK>1</付箋1-OK>\n";
     EXPECT_TRUE(Cp932::Decode(sample.temp.Read("r.xml"))->starts_with(expected));
     EXPECT_FALSE(
         std::filesystem::exists(sample.temp.Path("work/QVScratch/QV-SUITE/HeaderExamination.tmp")));

@@ -246,7 +246,10 @@ CString DeliveryBuilder::PhotoXmlTail() const
 
 std::string DeliveryBuilder::Encoded(std::string_view text) const
 {
-    return options.encoding == SampleEncoding::Utf8 ? std::string(text) : Cp932::EncodeForXml(text);
+    if (options.encoding == SampleEncoding::Utf8) return std::string(text);
+    // As deliveries come: ① and ～ stand in them by their codes.
+    const auto bytes = Cp932::Encode(text);
+    return bytes ? *bytes : Cp932::EncodeForXml(text);
 }
 
 std::string DeliveryBuilder::FileBytes(std::string_view text) const
