@@ -123,6 +123,25 @@ bool MibIsInside(const CString& folder, const CString& path)
     return (RealPath(path) + '/').starts_with(realFolder == "/" ? realFolder : realFolder + '/');
 }
 
+CString MibTargetPath(const CString& path)
+{
+    constexpr int mostLinks = 40;
+    CString target = path;
+    for (int link = 0; link < mostLinks; ++link) {
+        if (const CString real = RealPath(target); !real.empty()) return real;
+        const bool hasFolder = target.find('/') != CString::npos;
+        const CString folder = RealPath(hasFolder ? target.substr(0, target.rfind('/') + 1) : ".");
+        if (folder.empty()) return {};
+        const std::filesystem::path missing =
+            std::filesystem::path(folder) / MibGetFileName(target);
+        std::error_code isNoLink;
+        const std::filesystem::path next = std::filesystem::read_symlink(missing, isNoLink);
+        if (isNoLink) return missing.string();
+        target = (folder / next).string();
+    }
+    return {};
+}
+
 CString MibModificationDate(const CString& path)
 {
     const auto facts = FactsOf(path);

@@ -47,6 +47,10 @@ TOVI_EXPORT CString MibProgramPath();
 /// False too when either doesn't exist.
 TOVI_EXPORT bool MibIsInside(const CString& folder, const CString& path);
 
+/// The absolute path of the file that \p path leads to, symbolic links followed; the file itself
+/// needs not be there. Empty when its folder isn't.
+TOVI_EXPORT CString MibTargetPath(const CString& path);
+
 /// The local date of the last change of the file \p path as YYYY-MM-DD; empty when there is no
 /// file.
 TOVI_EXPORT CString MibModificationDate(const CString& path);
