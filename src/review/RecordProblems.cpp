@@ -4,6 +4,16 @@
 #include "platform/MibFile.h"
 #include "review/RecordTags.h"
 
+namespace
+{
+CString NameOf(const LockHolder& holder)
+{
+    if (holder.program.empty()) return "別のプログラム";
+    return holder.program + "（プロセス番号 " + holder.process + "、利用者 " + holder.user +
+           "、コンピュータ " + holder.host + "）";
+}
+} // namespace
+
 CString FolderOfFile(const CString& path)
 {
     return path.find('/') == CString::npos ? "." : path.substr(0, path.rfind('/') + 1);
@@ -40,4 +50,21 @@ CString WhyRecordNotSaved(const CString& record, int reason)
     default:
         return record + " に書き込めません。書き込みの権限と空き容量を確かめてください。";
     }
+}
+
+CString WhyRecordHeld(const CString& record, const LockHolder& holder)
+{
+    return record + " は " + NameOf(holder) +
+           "が使っているため、保存できません。それが終わってからやり直してください。";
+}
+
+CString WhyRecordChanged(const CString& record)
+{
+    return record + " は読み込んだ後にほかのプログラムで変更されたため、保存していません。もう一度"
+                    "やり直してください。";
+}
+
+CString RecordIsHeld(const CString& record, const LockHolder& holder)
+{
+    return MibGetFileName(record) + " が空くのを待っています。使っているのは " + NameOf(holder);
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Text.h"
+#include "platform/FileLock.h"
 
 class ToviData;
 
@@ -11,6 +11,15 @@ TOVI_EXPORT CString WhyRecordNotLoaded(const ToviData& document, const CString& 
 
 /// \p reason is what ToviData::SaveExamination or ReturnExam to \p record gave.
 TOVI_EXPORT CString WhyRecordNotSaved(const CString& record, int reason);
+
+/// \p holder has the record and didn't give it back in time.
+TOVI_EXPORT CString WhyRecordHeld(const CString& record, const LockHolder& holder);
+
+/// Somebody who takes no notice of the lock has changed the record since it was loaded.
+TOVI_EXPORT CString WhyRecordChanged(const CString& record);
+
+/// That \p holder has the record, for somebody who waits for it.
+CString RecordIsHeld(const CString& record, const LockHolder& holder);
 
 /// The folder in which the file \p path stands: "." for a bare name.
 TOVI_EXPORT CString FolderOfFile(const CString& path);

@@ -1,4 +1,5 @@
 #include "platform/Cp932.h"
+#include "platform/HostServices.h"
 #include "sample/DeliveryBuilder.h"
 #include "support/RunProgram.h"
 #include "support/TempFolder.h"
@@ -183,6 +184,38 @@ TEST_F(Inspection, SurvivesBeingKilled)
         ASSERT_EQ(result.status, 0) << round << result.errors;
         EXPECT_EQ(Json::parse(result.output)[0]["labels"], Json::parse("[1,4]")) << round;
     }
+}
+
+TEST_F(Inspection, KeepsTheLabelsOfSeveralProgramsAtOnce)
+{
+    DeliveryBuilder({.photos = 40, .drawings = 0, .images = false}).Write(temp.Path("forty"));
+    delivery = temp.Path("forty");
+    temp.MakeFolder("records");
+    std::filesystem::create_symlink("記録.xml", temp.Path("records/link.xml"));
+    record = temp.Path("records/記録.xml");
+    // Each by another way to the same record, which isn't there yet.
+    temp.Write("work", R"(cd "$1/records" || exit
+        for way in 記録.xml ../records/記録.xml "$1/records/記録.xml" link.xml; do
+            first=$((program++ * 10))
+            for photo in $(seq $first $((first + 9))); do
+                "$2" label "$1/forty" --record "$way" --at $photo --paste 1 >"$1/out.$photo" ||
+                    echo "$photo failed"
+            done &
+        done
+        wait)");
+    const CString program = RunningProgramPath();
+    const CString tovi = program.substr(0, program.rfind('/') + 1) + "tovi";
+    const ProgramResult result =
+        RunProgram({"/bin/bash", temp.Path("work"), temp.Path(), tovi}, temp.Path("config"));
+    EXPECT_EQ(result.output + result.errors, "");
+    int labels = 0;
+    for (const Json& photo : Json::parse(Run({"record", record}).output)) {
+        labels += static_cast<int>(photo["labels"].size());
+    }
+    EXPECT_EQ(labels, 40);
+    EXPECT_TRUE(std::filesystem::is_symlink(temp.Path("records/link.xml")));
+    const std::filesystem::directory_iterator left(temp.Path("records"));
+    EXPECT_EQ(std::distance(begin(left), end(left)), 2) << "no lock file";
 }
 
 TEST_F(Inspection, ShowsExifFactsOfTheFilesThatAreThere)

@@ -55,14 +55,13 @@ void Correct(ToviData& document, Action action)
 
 int Run(const Arguments& arguments)
 {
-    OpenedDelivery delivery;
-    const int opened =
-        OpenInspection(arguments.delivery, arguments.record, arguments.choice.type, delivery);
+    Inspection inspection(arguments.record);
+    const int opened = Open(inspection, arguments.delivery, arguments.choice.type);
     if (opened != ExitDone) return opened;
-    ToviData& document = *delivery.document;
+    ToviData& document = *inspection.delivery.document;
     if (!SelectNode(document, arguments.choice.nodes)) return ExitWrongUsage;
     Correct(document, actions.at(arguments.action));
-    return SaveRecord(document, arguments.record);
+    return Save(inspection);
 }
 } // namespace
 

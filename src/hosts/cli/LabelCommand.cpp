@@ -34,11 +34,10 @@ int Run(const Arguments& arguments)
         Complain("写真が指定されていません。--at か --node で指定してください。");
         return ExitWrongUsage;
     }
-    OpenedDelivery delivery;
-    const int opened =
-        OpenInspection(arguments.delivery, arguments.record, arguments.choice.type, delivery);
+    Inspection inspection(arguments.record);
+    const int opened = Open(inspection, arguments.delivery, arguments.choice.type);
     if (opened != ExitDone) return opened;
-    ToviData& document = *delivery.document;
+    ToviData& document = *inspection.delivery.document;
     ToviPhotoRef chosen;
     if (!FindChosen(document, arguments.choice, chosen)) return ExitWrongUsage;
     for (const int index : chosen) {
@@ -49,7 +48,7 @@ int Run(const Arguments& arguments)
         }
     }
     document.SetCheckStatusChanged(true);
-    const int status = SaveRecord(document, arguments.record);
+    const int status = Save(inspection);
     if (status != ExitDone) return status;
     JsonArrayWriter output;
     for (const int index : chosen)
@@ -83,7 +82,8 @@ void AddLabelCommand(CLI::App& app, int& status)
         command->add_option("--comment", arguments.comment, "コメント。空にすると消す")
             ->option_text("TEXT");
     command->add_flag("--clear", arguments.clear, "先にすべての付箋とコメントを消す");
-    command->footer("記録ファイルがあれば読み込んでから変え、同じファイルに保存する。OKとNGはどちら"
+    command->footer("記録ファイルがあれば読み込んでから変え、同じファイルに保存する。ほかの"
+                    "プログラムが使っている間は30秒まで待つ。OKとNGはどちら"
                     "かだけが残り、"
                     "コメントの付箋はコメントに従う\n"
                     "出力: 変えた写真の [{\"index\",\"labels\":[付箋],\"comment\"}]");

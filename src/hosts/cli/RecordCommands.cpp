@@ -25,11 +25,17 @@ int Show(const Arguments& arguments)
 int Return(const Arguments& arguments)
 {
     const OpenedDelivery delivery = OpenDelivery(arguments.delivery);
-    if (!delivery.IsLoaded() || !LoadRecord(*delivery.document, arguments.record))
-        return ExitFailed;
-    if (RefuseInDelivery(arguments.output, delivery)) return ExitWrongUsage;
+    if (!delivery.IsLoaded()) return ExitFailed;
+    // Also one that is under inspection may be written over, the loaded one for instance.
+    RecordHold hold(arguments.output);
+    const CString& file = hold.Target();
+    if (RefuseInDelivery(arguments.output, delivery) || RefuseInDelivery(file, delivery)) {
+        return ExitWrongUsage;
+    }
+    if (const int taken = Take(hold, arguments.output); taken != ExitDone) return taken;
+    if (!LoadRecord(*delivery.document, arguments.record)) return ExitFailed;
     int reason = noReason;
-    const bool saved = delivery.document->ReturnExam(arguments.output.c_str(), &reason);
+    const bool saved = delivery.document->ReturnExam(file.c_str(), &reason);
     return TellSaved(saved, arguments.output, reason);
 }
 } // namespace

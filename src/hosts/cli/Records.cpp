@@ -1,5 +1,6 @@
 #include "hosts/cli/Records.h"
 
+#include "platform/FileVersion.h"
 #include "platform/MibFile.h"
 #include "reports/OutputPhotoFolder.h"
 #include "review/RecordProblems.h"
@@ -18,21 +19,48 @@ bool LoadRecord(ToviData& document, const CString& record)
     return false;
 }
 
-int OpenInspection(const DeliveryArguments& arguments, const CString& record, TreeTypeArgument tree,
-                   OpenedDelivery& delivery)
+int Open(Inspection& inspection, const DeliveryArguments& arguments, TreeTypeArgument tree)
 {
+    OpenedDelivery& delivery = inspection.delivery;
     delivery = OpenDelivery(arguments, tree);
     if (!delivery.IsLoaded()) return ExitFailed;
-    if (RefuseInDelivery(record, delivery)) return ExitWrongUsage;
-    if (MibIsFileExist(record) && !LoadRecord(*delivery.document, record)) return ExitFailed;
+    const CString& record = inspection.record;
+    const CString& file = inspection.hold.Target();
+    if (RefuseInDelivery(record, delivery) || RefuseInDelivery(file, delivery)) {
+        return ExitWrongUsage;
+    }
+    if (const int taken = Take(inspection.hold, record); taken != ExitDone) return taken;
+    inspection.version = FileVersion(file);
+    if (MibIsFileExist(file) && !LoadRecord(*delivery.document, record)) return ExitFailed;
     return ExitDone;
 }
 
-int SaveRecord(ToviData& document, const CString& record)
+int Save(Inspection& inspection)
 {
+    const CString& file = inspection.hold.Target();
+    if (FileVersion(file) != inspection.version) {
+        Complain(WhyRecordChanged(inspection.record));
+        return ExitFailed;
+    }
     int reason = noReason;
-    const bool saved = document.SaveExamination(record.c_str(), nullptr, &reason);
-    return TellSaved(saved, record, reason);
+    const bool saved =
+        inspection.delivery.document->SaveExamination(file.c_str(), nullptr, &reason);
+    inspection.hold.Release();
+    return TellSaved(saved, inspection.record, reason);
+}
+
+int Take(RecordHold& hold, const CString& path)
+{
+    switch (hold.Take()) {
+    case RecordHold::Outcome::Others:
+        Complain(WhyRecordHeld(path, hold.Holder()));
+        return ExitFailed;
+    case RecordHold::Outcome::Cancelled:
+        return TellSaved(false, path, RecordCancelled);
+    case RecordHold::Outcome::Held:
+        break;
+    }
+    return ExitDone;
 }
 
 int TellSaved(bool saved, const CString& record, int reason)

@@ -3,6 +3,8 @@
 #include "hosts/cli/Delivery.h"
 #include "hosts/cli/Json.h"
 
+#include "review/RecordHold.h"
+
 /// Adds --record. \p record outlives \p command.
 CLI::Option* AddRecordOption(CLI::App& command, std::string& record);
 
@@ -10,14 +12,28 @@ CLI::Option* AddRecordOption(CLI::App& command, std::string& record);
 /// doesn't fit; an empty name is no inspection and true.
 bool LoadRecord(ToviData& document, const CString& record);
 
-/// Opens \p delivery for an inspection that will be saved to \p record, and takes up what is there
-/// already. Returns the exit status; what isn't ExitDone was told on standard error.
-int OpenInspection(const DeliveryArguments& arguments, const CString& record, TreeTypeArgument tree,
-                   OpenedDelivery& delivery);
+/// An inspection to be changed: the delivery, and the record that nobody else changes meanwhile.
+struct Inspection
+{
+    explicit Inspection(const CString& path) : record(path), hold(path) {}
 
-/// Saves the inspection to the file \p record and returns the exit status; a failure is told on
-/// standard error.
-int SaveRecord(ToviData& document, const CString& record);
+    CString record;
+    RecordHold hold;
+    /// The content of the record that was taken up.
+    CString version;
+    OpenedDelivery delivery;
+};
+
+/// Opens \p inspection and takes up what its record holds already. Returns the exit status; what
+/// isn't ExitDone was told on standard error.
+int Open(Inspection& inspection, const DeliveryArguments& arguments, TreeTypeArgument tree);
+
+/// Saves \p inspection to its record, which is open to others from then on, and returns the exit
+/// status; a failure is told on standard error.
+int Save(Inspection& inspection);
+
+/// Keeps others from changing the record \p path, which \p hold is for. Returns and tells as above.
+int Take(RecordHold& hold, const CString& path);
 
 /// A reason that the record operations never give.
 inline constexpr int noReason = -1;
