@@ -1,5 +1,7 @@
 #include "review/RecordName.h"
 
+#include "platform/MibFile.h"
+
 #include <algorithm>
 
 namespace
@@ -42,4 +44,13 @@ CString ProposedRecordPath(const CString& folder, const CString& title)
 CString ProposedReportPath(const CString& folder, const CString& title)
 {
     return ProposedPath(folder, ReplaceAll(title, ".", "．"), "検査結果");
+}
+
+CString ProposedOtherPath(const CString& path)
+{
+    const CString title = path.substr(0, path.rfind('/') + 1) + FileNamePart(MibGetFileTitle(path));
+    for (int number = 2;; ++number) {
+        const CString other = title + Format(" (%d)", number) + MibGetExt(path);
+        if (!MibIsFileExist(other)) return other;
+    }
 }

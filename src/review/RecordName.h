@@ -10,3 +10,7 @@ TOVI_EXPORT CString ProposedRecordPath(const CString& folder, const CString& tit
 /// The same for the check report, without an ending: the name has no point, so that what follows
 /// one is never taken for the ending.
 TOVI_EXPORT CString ProposedReportPath(const CString& folder, const CString& title);
+
+/// The path beside the record \p path that is proposed for a second one: its name with the first
+/// number, from 2 on, that no file has.
+CString ProposedOtherPath(const CString& path);

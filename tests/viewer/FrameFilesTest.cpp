@@ -2,6 +2,7 @@
 // before work is lost.
 
 #include "hosts/viewer/FrameState.h"
+#include "platform/Cp932.h"
 #include "support/Texts.h"
 #include "viewer/ShownFrame.h"
 
@@ -272,6 +273,33 @@ TEST(FrameFiles, AskBeforeWorkIsLost)
         EXPECT_TRUE(shown.frame->OpenRecord(record));
         EXPECT_THAT(shown.Status(), Contains("NG 1")) << "as it was saved";
     }
+}
+
+TEST(FrameFiles, BringTogetherWhatOthersHaveSavedMeanwhile)
+{
+    ShownFrame shown;
+    ASSERT_TRUE(shown.Open());
+    shown.Press(Qt::Key_2);
+    shown.OnDialogs({NameFile(shown.temp.Path("record.xml"))});
+    shown.Press(Qt::Key_S, Qt::ControlModifier);
+    std::string theirs = shown.temp.Read("record.xml");
+    const std::string notOk = *Cp932::Encode("<付箋1-OK>0");
+    theirs.replace(theirs.rfind(notOk) + notOk.size() - 1, 1, "1");
+    shown.temp.Write("record.xml", theirs);
+    shown.Press(Qt::Key_3);
+
+    shown.Press(Qt::Key_S, Qt::ControlModifier);
+    EXPECT_THAT(shown.Status(), testing::IsSupersetOf({"OK 0", "未保存の検査があります"}));
+    EXPECT_EQ(shown.temp.Read("record.xml"), theirs) << "the user gave up";
+    shown.services.user.options = {0};
+    shown.Press(Qt::Key_S, Qt::ControlModifier);
+    EXPECT_THAT(shown.Status(), testing::IsSupersetOf({"OK 1", "NG 1", "検査状況は保存済み"}));
+    EXPECT_THAT(Texts(shown.services.user.Messages()), IsEmpty());
+    shown.Start();
+    ASSERT_TRUE(shown.Open());
+    EXPECT_TRUE(shown.frame->OpenRecord(shown.temp.Path("record.xml")));
+    EXPECT_EQ(shown.Data().CountLabel(LabelNg1) + shown.Data().CountLabel(LabelNg2), 2);
+    EXPECT_EQ(shown.Data().CountLabel(LabelOk), 1);
 }
 
 TEST(FrameFiles, SaveTheInspectionOfADeliveryThatHasVanished)

@@ -120,10 +120,11 @@ bool MainFrame::SaveAs()
 
 bool MainFrame::SaveTo(const CString& path)
 {
-    const CString problem = document.SaveRecord(path);
+    CString problem;
+    const bool saved = document.SaveRecord(path, problem);
     if (!problem.empty()) Tell(problem);
     Refresh();
-    return problem.empty();
+    return saved;
 }
 
 void MainFrame::CloseDelivery()

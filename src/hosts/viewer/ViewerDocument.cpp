@@ -13,7 +13,6 @@
 namespace
 {
 constexpr const char* familyHint = "要領の系統（［ファイル］→［要領を指定して開く］）";
-constexpr int noReason = -1;
 } // namespace
 
 void ViewerDocument::AddPanel(ToviPanel* panel)
@@ -64,7 +63,7 @@ void ViewerDocument::Close()
     if (!data) return;
     UpdateAllViews(nullptr, ToviData::HintDetach, nullptr);
     data.reset();
-    recordPath.clear();
+    record.Forget();
     workTitle.clear();
     folder.clear();
 }
@@ -77,27 +76,27 @@ CString ViewerDocument::Title() const
     return path.substr(path.rfind('/') + 1);
 }
 
-CString ViewerDocument::SaveRecord(const CString& path)
+bool ViewerDocument::SaveRecord(const CString& path, CString& problem)
 {
-    if (IsDeliveryFolder(*data, FolderOfFile(path)) || MibIsInside(folder, FolderOfFile(path))) {
-        return "納品データのフォルダには保存しません。別のフォルダを選んでください。";
+    for (const CString& file : {path, MibTargetPath(path)}) {
+        if (IsDeliveryFolder(*data, FolderOfFile(file)) ||
+            MibIsInside(folder, FolderOfFile(file))) {
+            problem = "納品データのフォルダには保存しません。別のフォルダを選んでください。";
+            return false;
+        }
     }
-    int reason = noReason;
-    if (!data->SaveExamination(path.c_str(), nullptr, &reason)) {
-        return WhyRecordNotSaved(path, reason);
-    }
-    recordPath = path;
+    const RecordFile::SaveResult result = record.Save(*data, path);
+    if (result.merged) UpdateAllViews(nullptr, ToviData::HintLabelsChanged, nullptr);
+    if (result.outcome == RecordFile::Outcome::Elsewhere) return SaveRecord(result.text, problem);
+    problem = result.text;
     emit Updated();
-    return {};
+    return result.outcome == RecordFile::Outcome::Saved;
 }
 
 CString ViewerDocument::LoadRecord(const CString& path)
 {
-    int reason = noReason;
-    if (!data->LoadExamination(path.c_str(), &reason)) {
-        return WhyRecordNotLoaded(*data, path, reason);
-    }
-    recordPath = path;
+    const CString problem = record.Load(*data, path);
+    if (!problem.empty()) return problem;
     data->SetCheckStatusChanged(false);
     UpdateAllViews(nullptr, ToviData::HintLabelsChanged, nullptr);
     return {};

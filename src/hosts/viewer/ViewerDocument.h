@@ -2,6 +2,7 @@
 
 #include "document/ToviData.h"
 #include "platform/CDocument.h"
+#include "review/RecordFile.h"
 
 #include <QObject>
 
@@ -38,10 +39,12 @@ public:
     CString Title() const;
 
     /// Where the inspection was last saved to or taken up from; empty when neither.
-    const CString& RecordPath() const { return recordPath; }
-    /// Saves the inspection to the file \p path. Returns what is wrong, empty when nothing is.
-    CString SaveRecord(const CString& path);
-    /// Takes up the inspection in the file \p path, with an outcome as in SaveRecord.
+    const CString& RecordPath() const { return record.Path(); }
+    /// Saves the inspection to the file \p path, or to another that the user names when others have
+    /// changed that one (see RecordFile). False when it isn't saved: \p problem then says what is
+    /// wrong, unless the user has given up.
+    bool SaveRecord(const CString& path, CString& problem);
+    /// Takes up the inspection in the file \p path. Returns what is wrong, empty when nothing is.
     CString LoadRecord(const CString& path);
     /// Labels or comments were changed since they were last saved.
     bool HasUnsavedWork() const { return data && data->IsCheckStatusChanged(); }
@@ -63,5 +66,5 @@ private:
     std::unique_ptr<ToviData> data;
     CString folder;
     CString workTitle;
-    CString recordPath;
+    RecordFile record;
 };

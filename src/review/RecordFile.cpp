@@ -1,0 +1,112 @@
+#include "review/RecordFile.h"
+
+#include "document/ToviData.h"
+#include "platform/FileVersion.h"
+#include "review/RecordConflict.h"
+#include "review/RecordHold.h"
+#include "review/RecordMerge.h"
+#include "review/RecordProblems.h"
+#include "review/ToviXmlLoadManager.h"
+
+namespace
+{
+constexpr int noReason = -1;
+
+/// What the record \p file says; what it has no element for is as in \p base.
+std::optional<PhotoReviews> ReadReviews(const CString& file, const PhotoReviews& base)
+{
+    ToviPhotoArray photos;
+    for (const PhotoReview& review : base) {
+        auto photo = std::make_unique<ToviPhoto>();
+        SetReview(*photo, review);
+        photos.Add(photo.release());
+    }
+    int reason = noReason;
+    if (!ToviXmlLoadManager(file.c_str(), nullptr).Load(photos, &reason)) return std::nullopt;
+    PhotoReviews reviews;
+    for (const ToviPhoto* photo : photos) reviews.push_back(ReviewOf(*photo));
+    return reviews;
+}
+} // namespace
+
+CString RecordFile::Load(ToviData& document, const CString& record)
+{
+    const CString file = RecordHold(record).Target();
+    // Taken before the bytes are read: what comes in between counts as changed by others.
+    const CString before = FileVersion(file);
+    int reason = noReason;
+    if (!document.LoadExamination(file.c_str(), &reason)) {
+        return WhyRecordNotLoaded(document, record, reason);
+    }
+    Remember(document, record, file);
+    version = before;
+    return {};
+}
+
+RecordFile::SaveResult RecordFile::Save(ToviData& document, const CString& record)
+{
+    Others others;
+    for (bool merged = false;; merged = true) {
+        if (auto done = SaveUnchanged(document, record, others)) {
+            done->merged = merged;
+            return *done;
+        }
+        // Nobody is kept waiting while the user thinks: the next round sees what came meanwhile.
+        std::optional<RecordMerge> merge;
+        if (others.reviews) merge.emplace(base, ReviewsOf(document), *others.reviews);
+        const RecordConflictAnswer answer =
+            AskAboutConflict(document, record, merge ? &*merge : nullptr);
+        switch (answer.decision) {
+        case RecordConflictAnswer::GiveUp:
+            return {Outcome::GivenUp, {}, merged};
+        case RecordConflictAnswer::Elsewhere:
+            return {Outcome::Elsewhere, answer.path, merged};
+        case RecordConflictAnswer::Merge:
+            SetReviews(document, merge->Merged(answer.side));
+            document.SetCheckStatusChanged(true);
+            document.UpdateHasComment();
+            base = *others.reviews;
+            version = others.version;
+        }
+    }
+}
+
+std::optional<RecordFile::SaveResult>
+RecordFile::SaveUnchanged(ToviData& document, const CString& record, Others& others)
+{
+    RecordHold hold(record);
+    switch (hold.Take()) {
+    case RecordHold::Outcome::Others:
+        return SaveResult{Outcome::Failed, WhyRecordHeld(record, hold.Holder())};
+    case RecordHold::Outcome::Cancelled:
+        return SaveResult{Outcome::GivenUp};
+    case RecordHold::Outcome::Held:
+        break;
+    }
+    const CString& file = hold.Target();
+    const CString now = IsMine(record, file) ? FileVersion(file) : CString();
+    // A file that is gone has nothing to lose.
+    if (!now.empty() && now != version) {
+        others = {now, ReadReviews(file, base)};
+        return std::nullopt;
+    }
+    int reason = noReason;
+    if (!document.SaveExamination(file.c_str(), nullptr, &reason)) {
+        return SaveResult{Outcome::Failed, WhyRecordNotSaved(record, reason)};
+    }
+    Remember(document, record, file);
+    version = FileVersion(file);
+    return SaveResult{};
+}
+
+bool RecordFile::IsMine(const CString& record, const CString& file) const
+{
+    return !path.empty() && (record == path || file == target);
+}
+
+void RecordFile::Remember(const ToviData& document, const CString& record, const CString& file)
+{
+    path = record;
+    target = file;
+    base = ReviewsOf(document);
+}
