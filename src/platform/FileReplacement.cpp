@@ -1,15 +1,35 @@
 #include "platform/FileReplacement.h"
 
+#include "platform/RecentFolder.h"
+#include "platform/TemporaryFiles.h"
+
 #include <fcntl.h>
+#include <sys/file.h>
 #include <unistd.h>
 
-#include <atomic>
 #include <cerrno>
 #include <cstdio>
 
 namespace
 {
 constexpr mode_t permissionBits = 0777;
+
+/// Locks \p file against who clears up. False when such a one was there first.
+bool Hold(const FileDescriptor& file)
+{
+    struct stat facts;
+    const bool isOthers = flock(file.Get(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+    return !isOthers && fstat(file.Get(), &facts) == 0 && facts.st_nlink > 0;
+}
+
+void ClearUp(const CString& folder, const FileDescriptor& newFile)
+{
+    static RecentFolder recent;
+    struct stat facts;
+    if (!recent.IsDue(folder) || fstat(newFile.Get(), &facts) != 0) return;
+    RemoveLeftTemporaries(folder, facts.st_ctime);
+    recent.Note(folder);
+}
 } // namespace
 
 FileReplacement::FileReplacement(const CString& path)
@@ -23,13 +43,15 @@ FileReplacement::~FileReplacement()
 
 int FileReplacement::Open(mode_t permissions)
 {
-    static std::atomic<unsigned> counter = 0;
     do {
         // The name owes nothing to the target's, which may be as long as a name can be.
-        temporary = folder + Format(".tovi-%d-%u.tmp", static_cast<int>(getpid()), ++counter);
+        temporary = folder + NewTemporaryName();
         file.Reset(open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, permissions));
-    } while (!file.IsOpen() && errno == EEXIST);
-    if (file.IsOpen()) return 0;
+    } while (file.IsOpen() ? !Hold(file) : errno == EEXIST);
+    if (file.IsOpen()) {
+        ClearUp(folder, file);
+        return 0;
+    }
     const int error = errno;
     temporary.clear();
     return error;
@@ -65,11 +87,12 @@ int FileReplacement::LookLike(const struct stat& old)
 
 int FileReplacement::Place()
 {
-    // A file system of the network tells of a full disk only now.
-    if (const int error = file.Close()) return error;
+    // A file system of the network tells of a full disk only on a close; the lock has to outlast
+    // the old name.
+    if (const int error = FileDescriptor(dup(file.Get())).Close()) return error;
     if (rename(temporary.c_str(), target.c_str()) != 0) return errno;
     temporary.clear();
-    return 0;
+    return file.Close();
 }
 
 void FileReplacement::FlushFolder()

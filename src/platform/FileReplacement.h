@@ -7,8 +7,9 @@
 
 /// New content on its way to the file \p path: written beside it under a name of its own and
 /// renamed over it, so that the file is there whole at every moment, the old one or the new one.
-/// What was not placed is gone at the end of the object's life. The operations return 0 or an error
-/// number.
+/// What was not placed is gone at the end of the object's life; what a program that was killed has
+/// left in the folder is removed by the next one that writes there. The operations return 0 or an
+/// error number.
 class FileReplacement
 {
 public:

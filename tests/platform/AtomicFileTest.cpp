@@ -1,4 +1,5 @@
 #include "platform/AtomicFile.h"
+#include "platform/FileReplacement.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
@@ -128,5 +129,30 @@ TEST(AtomicFile, KillAtAnyMomentLeavesAWholeFile)
         const CString found = temp.Read("file");
         EXPECT_TRUE(found == contents[0] || found == contents[1]) << found.size();
     }
+}
+
+TEST(AtomicFile, NextSaveRemovesWhatTheDeadLeftAndNothingElse)
+{
+    const TempFolder temp;
+    const auto path = [&temp](const char* name) { return temp.Path(name); };
+    for (int run = 0; run < 3; ++run) {
+        const pid_t child = Fork([&path] {
+            FileReplacement dying(path("record.xml"));
+            return dying.Open(0400) == 0 && dying.Append("half") == 0 ? raise(SIGKILL) : 1;
+        });
+        int status = 0;
+        waitpid(child, &status, 0);
+        ASSERT_TRUE(WIFSIGNALED(status));
+    }
+    temp.Write(".tovi-1-1@another machine.tmp", "still being written");
+    temp.Write(".tovi-notes", "a user's own");
+    FileReplacement living(path("other.xml"));
+    ASSERT_EQ(living.Open(0600), 0);
+    EXPECT_EQ(EntriesOf(temp.Path()), 3);
+    EXPECT_TRUE(WriteFileAtomically(path("record.xml"), "whole"));
+    EXPECT_EQ(EntriesOf(temp.Path()), 4);
+    EXPECT_EQ(living.Append("lives"), 0);
+    EXPECT_EQ(living.Place(), 0);
+    EXPECT_EQ(temp.Read("other.xml"), "lives");
 }
 } // namespace
