@@ -1,7 +1,6 @@
 #include "extraction/ToviSortCondition.h"
 
 #include "platform/HostServices.h"
-#include "settings/StoredValues.h"
 
 namespace
 {
@@ -9,7 +8,8 @@ constexpr const char* undefined = "_未定義_";
 } // namespace
 
 ToviSortCondition::ToviSortCondition(const ToviSortCondition& other)
-    : keyItem(other.keyItem), execSort(other.execSort), ascending(other.ascending)
+    : keyItem(other.keyItem), execSort(other.execSort), ascending(other.ascending),
+      stored(other.stored)
 {}
 
 ToviSortCondition& ToviSortCondition::operator=(const ToviSortCondition& other)
@@ -17,6 +17,7 @@ ToviSortCondition& ToviSortCondition::operator=(const ToviSortCondition& other)
     keyItem = other.keyItem;
     ascending = other.ascending;
     ExecSort(other.execSort);
+    stored = other.stored;
     return *this;
 }
 
@@ -40,13 +41,18 @@ bool ToviSortCondition::Load()
     ReadStored(*profile, SortSection_, AscendingEntry_, ascending);
     const CString key = profile->GetProfileString(SortSection_, KeyItemEntry_, undefined);
     if (key != undefined && !key.empty()) keyItem = key;
+    stored.Note(Entries());
     return true;
 }
 
-bool ToviSortCondition::Save() const
+bool ToviSortCondition::Save()
 {
-    ProfileStore* profile = GetHostServices().profile;
-    return profile != nullptr && WriteStored(*profile, SortSection_, ExecSortEntry_, execSort) &&
-           WriteStored(*profile, SortSection_, AscendingEntry_, ascending) &&
-           profile->WriteProfileString(SortSection_, KeyItemEntry_, keyItem);
+    return stored.Write(SortSection_, Entries());
+}
+
+StoredSection::Entries ToviSortCondition::Entries() const
+{
+    return {StoredNumber(ExecSortEntry_, execSort),
+            StoredNumber(AscendingEntry_, ascending),
+            {KeyItemEntry_, keyItem}};
 }

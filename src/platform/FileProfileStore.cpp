@@ -26,6 +26,12 @@ bool FileProfileStore::WriteProfileString(const CString& section, const CString&
     return file.Write(section, entry, value);
 }
 
+bool FileProfileStore::WriteTogether(const std::function<bool()>& write)
+{
+    Follow();
+    return file.WriteTogether(write);
+}
+
 std::optional<CString> FileProfileStore::Read(const CString& section, const CString& entry) const
 {
     Follow();

@@ -15,6 +15,7 @@ public:
 
     bool WriteProfileString(const CString& section, const CString& entry,
                             const CString& value) override;
+    bool WriteTogether(const std::function<bool()>& write) override;
 
 protected:
     std::optional<CString> Read(const CString& section, const CString& entry) const override;

@@ -2,6 +2,8 @@
 
 #include "platform/Text.h"
 
+#include <functional>
+
 /// The host's store of integers and strings by section and entry, in which all settings persist.
 /// Reading never fails: what is missing or of no use gives the default.
 class TOVI_EXPORT ProfileStore
@@ -17,4 +19,7 @@ public:
     /// False when the value could not be kept.
     virtual bool WriteProfileString(const CString& section, const CString& entry,
                                     const CString& value) = 0;
+    /// Runs \p write, whose reads and writes here are one to all other programs: none of them
+    /// writes in between. False when \p write says so or its values could not be kept.
+    virtual bool WriteTogether(const std::function<bool()>& write) { return write(); }
 };

@@ -34,6 +34,8 @@ public:
     /// Sets all entries of \p other.
     void Merge(const SectionFile& other);
 
+    bool operator==(const SectionFile&) const = default;
+
     /// The names of all sections, in order.
     CStringArray SectionNames() const;
 

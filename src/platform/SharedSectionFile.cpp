@@ -21,9 +21,10 @@ class WriteLock
 {
 public:
     explicit WriteLock(const CString& sharedPath)
-        : file(
-              open((sharedPath + ".lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0666))
     {
+        if (sharedPath.empty()) return;
+        file.Reset(
+            open((sharedPath + ".lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0666));
         while (file.IsOpen() && !held) {
             held = flock(file.Get(), LOCK_EX) == 0;
             if (!held && errno != EINTR) return;
@@ -41,7 +42,7 @@ SharedSectionFile::SharedSectionFile(CString filePath) : path(std::move(filePath
 
 bool SharedSectionFile::Refresh()
 {
-    if (state != State::NotRead && StampOfFile() == stamp) return false;
+    if (isWriting || (state != State::NotRead && StampOfFile() == stamp)) return false;
     Load();
     return true;
 }
@@ -76,13 +77,24 @@ CStringArray SharedSectionFile::SectionNames() const
 
 bool SharedSectionFile::Write(const CString& section, const CString& entry, const CString& value)
 {
-    Refresh();
-    if (unsaved.Find(section, entry) == nullptr) {
-        const CString* saved = content.Find(section, entry);
-        if (saved != nullptr && *saved == value) return true;
-    }
-    unsaved.Set(section, entry, value);
-    return SaveUnsaved();
+    return WriteTogether([&] {
+        unsaved.Set(section, entry, value);
+        return true;
+    });
+}
+
+bool SharedSectionFile::WriteTogether(const std::function<bool()>& writes)
+{
+    if (isWriting) return writes();
+    std::error_code error;
+    std::filesystem::create_directories(std::filesystem::path(path).parent_path(), error);
+    const WriteLock lock(path);
+    // Read in any case: two versions within one tick of the clock can look alike from outside.
+    Load();
+    isWriting = true;
+    const bool wanted = writes();
+    isWriting = false;
+    return SaveUnsaved(lock.IsHeld()) && wanted;
 }
 
 std::optional<SharedSectionFile::Stamp> SharedSectionFile::StampOfFile() const
@@ -118,20 +130,18 @@ bool SharedSectionFile::MoveAway()
     return true;
 }
 
-bool SharedSectionFile::SaveUnsaved()
+bool SharedSectionFile::SaveUnsaved(bool mayWrite)
 {
-    if (path.empty()) return false;
-    std::error_code error;
-    std::filesystem::create_directories(std::filesystem::path(path).parent_path(), error);
-    const WriteLock lock(path);
-    if (!lock.IsHeld()) return false;
-    // Read in any case: two versions within one tick of the clock can look alike from outside.
-    Load();
-    if (state == State::Unreadable || (IsDamaged() && !MoveAway())) return false;
-    content.Merge(unsaved);
-    const CString bytes = content.ToBytes();
-    if (bytes.size() > SectionFile::maximumSize || !WriteFileAtomically(path, bytes)) return false;
+    SectionFile merged = content;
+    merged.Merge(unsaved);
+    if (merged != content) {
+        if (!mayWrite || state == State::Unreadable || (IsDamaged() && !MoveAway())) return false;
+        const CString bytes = merged.ToBytes();
+        if (bytes.size() > SectionFile::maximumSize || !WriteFileAtomically(path, bytes))
+            return false;
+        content = std::move(merged);
+        stamp = StampOfFile();
+    }
     unsaved = {};
-    stamp = StampOfFile();
     return true;
 }

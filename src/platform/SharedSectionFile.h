@@ -3,6 +3,7 @@
 #include "platform/SectionFile.h"
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 
 /// A section file that several running programs use at once. Reading follows what others write;
@@ -16,7 +17,8 @@ public:
     /// opened before the first use.
     explicit SharedSectionFile(CString path);
 
-    /// Reads the file when it isn't what was read last. True when it was read.
+    /// Reads the file when it isn't what was read last, but never amid WriteTogether(). True when
+    /// it was read.
     bool Refresh();
 
     /// True when the file last read was damaged (see SectionFile::Parse).
@@ -38,6 +40,11 @@ public:
     /// value is not written again. False when the file could not be written: the value stays here
     /// for the life of this object and goes into the file with the next write that succeeds.
     bool Write(const CString& section, const CString& entry, const CString& value);
+
+    /// Runs \p writes while no other program writes: it finds the file as it stands, and its calls
+    /// of Write() go into the file as one when it ends. False when \p writes says so or, as in
+    /// Write(), the file could not be written.
+    bool WriteTogether(const std::function<bool()>& writes);
 
 private:
     enum class State
@@ -62,7 +69,7 @@ private:
     std::optional<Stamp> StampOfFile() const;
     void Load();
     bool MoveAway();
-    bool SaveUnsaved();
+    bool SaveUnsaved(bool mayWrite);
 
     CString path;
     State state = State::NotRead;
@@ -73,4 +80,5 @@ private:
     SectionFile content;
     /// Entries that are not in the file yet.
     SectionFile unsaved;
+    bool isWriting = false;
 };

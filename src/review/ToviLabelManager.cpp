@@ -49,6 +49,7 @@ ToviLabelManager::ToviLabelManager(const ToviLabelAttribute* source)
 ToviLabelManager& ToviLabelManager::operator=(const ToviLabelManager& other)
 {
     attributes = other.attributes;
+    stored = other.stored;
     return *this;
 }
 
@@ -62,13 +63,9 @@ void ToviLabelManager::SetLabelAttribute(const ToviLabelAttribute* source)
     std::copy_n(source, labelCount, attributes.begin());
 }
 
-void ToviLabelManager::Save(const char*) const
+bool ToviLabelManager::Save(const char*) const
 {
-    ProfileStore* profile = GetHostServices().profile;
-    if (profile == nullptr) return;
-    for (unsigned int slot = 0; slot < labelCount; ++slot) {
-        profile->WriteProfileString(labelSection, EntryOf(slot), attributes[slot].GetName());
-    }
+    return stored.Write(labelSection, Entries());
 }
 
 void ToviLabelManager::Load(const char*)
@@ -80,4 +77,14 @@ void ToviLabelManager::Load(const char*)
         const CString name = profile->GetProfileString(labelSection, EntryOf(slot), undefined);
         if (name != undefined && !name.empty()) attributes[slot].SetName(name.c_str());
     }
+    stored.Note(Entries());
+}
+
+StoredSection::Entries ToviLabelManager::Entries() const
+{
+    StoredSection::Entries entries;
+    for (unsigned int slot = 0; slot < labelCount; ++slot) {
+        entries.push_back({EntryOf(slot), attributes[slot].GetName()});
+    }
+    return entries;
 }

@@ -2,6 +2,7 @@
 
 #include "platform/Text.h"
 #include "review/LabelSlots.h"
+#include "settings/StoredValues.h"
 
 #include <array>
 
@@ -34,7 +35,8 @@ private:
 /// fixed unless a host sets them.
 ///
 /// A manager that was loaded from the profile store saves itself in its destructor. One that was
-/// not, a copy too, has nothing to say there: it would overwrite the user's names with its own.
+/// not, a copy too, has nothing to say there. What is saved are the names that were changed since
+/// they were loaded or saved, in a copy too; all of a manager that was never loaded.
 class TOVI_EXPORT ToviLabelManager
 {
 public:
@@ -42,16 +44,21 @@ public:
     ToviLabelManager();
     /// Copies labelCount attributes.
     explicit ToviLabelManager(const ToviLabelAttribute* source);
-    ToviLabelManager(const ToviLabelManager& other) : attributes(other.attributes) {}
+    ToviLabelManager(const ToviLabelManager& other)
+        : attributes(other.attributes), stored(other.stored)
+    {}
     ToviLabelManager& operator=(const ToviLabelManager& other);
     virtual ~ToviLabelManager();
+    /// Equal managers have the same names.
+    bool operator==(const ToviLabelManager& other) const { return Entries() == other.Entries(); }
 
     /// Sets the default names and colours.
     void Initialize();
     static int GetMaxCount() { return static_cast<int>(labelCount); }
 
-    /// Writes the names to the profile store. The argument isn't read.
-    virtual void Save(const char* ignored) const;
+    /// Writes the names that were changed to the profile store. The argument isn't read. False at
+    /// the first one that could not be kept, behind which none is written.
+    virtual bool Save(const char* ignored) const;
     /// Takes over the names that the profile store has. The argument isn't read.
     virtual void Load(const char* ignored);
 
@@ -67,6 +74,9 @@ public:
     const ToviLabelAttribute* GetLabelAttribute() const { return attributes.data(); }
 
 private:
+    StoredSection::Entries Entries() const;
+
     std::array<ToviLabelAttribute, labelCount> attributes;
+    mutable StoredSection stored;
     bool loaded = false;
 };

@@ -1,9 +1,21 @@
 #include "settings/StoredValues.h"
 
+#include "platform/HostServices.h"
+
+#include <algorithm>
+
 namespace
 {
 constexpr int storedBias = 100;
 constexpr int neverSaved = -1;
+
+bool WriteEntry(ProfileStore& profile, const char* section, const StoredEntry& entry)
+{
+    if (const auto* number = std::get_if<int>(&entry.value)) {
+        return profile.WriteProfileInt(section, entry.name, *number);
+    }
+    return profile.WriteProfileString(section, entry.name, std::get<CString>(entry.value));
+}
 } // namespace
 
 void ReadStored(const ProfileStore& profile, const char* section, const char* entry, int& value)
@@ -19,7 +31,24 @@ void ReadStored(const ProfileStore& profile, const char* section, const char* en
     value = number != 0;
 }
 
-bool WriteStored(ProfileStore& profile, const char* section, const char* entry, int value)
+StoredEntry StoredNumber(const char* name, int value)
 {
-    return profile.WriteProfileInt(section, entry, value + storedBias);
+    return {name, value + storedBias};
+}
+
+bool StoredSection::Write(const char* section, Entries entries)
+{
+    ProfileStore* profile = GetHostServices().profile;
+    if (profile == nullptr) return false;
+    if (entries == noted) return true;
+    const auto isKept = [&](const StoredEntry& entry) {
+        return std::find(noted.begin(), noted.end(), entry) != noted.end() ||
+               WriteEntry(*profile, section, entry);
+    };
+    if (!profile->WriteTogether(
+            [&] { return std::all_of(entries.begin(), entries.end(), isKept); })) {
+        return false;
+    }
+    noted = std::move(entries);
+    return true;
 }

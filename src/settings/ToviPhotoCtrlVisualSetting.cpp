@@ -1,7 +1,6 @@
 #include "settings/ToviPhotoCtrlVisualSetting.h"
 
 #include "platform/HostServices.h"
-#include "settings/StoredValues.h"
 
 namespace
 {
@@ -19,28 +18,29 @@ const Division& DivisionOf(ToviPhotoCtrlVisualSetting::DivideType type)
     return divisions[known ? type : ToviPhotoCtrlVisualSetting::DivideSix];
 }
 
-/// Calls \p visit with each entry that is stored as a number, and its value, until it returns
-/// false.
+/// Calls \p visit with each entry that is stored as a number, and its value.
 template <class Values, class Visit>
-bool ForEachNumber(Values& values, const Visit& visit)
+void ForEachNumber(Values& values, const Visit& visit)
 {
     using Setting = ToviPhotoCtrlVisualSetting;
-    return visit(Setting::TextArrangeEntry_, values.imageTextArrange) &&
-           visit(Setting::TreeTypeEntry_, values.treeType) &&
-           visit(Setting::DivideTypeEntry_, values.divType) &&
-           visit(Setting::TitleShowTypeEntry_, values.titleShowType) &&
-           visit(Setting::DoEditCheck_, values.doEditCheck) &&
-           visit(Setting::VisibleDetail_, values.visibleDetail) &&
-           visit(Setting::VisibleProperty_, values.visibleProperty) &&
-           visit(Setting::VisibleComment_, values.visibleComment) &&
-           visit(Setting::VisibleControlValue_, values.visibleControlValue);
+    visit(Setting::TextArrangeEntry_, values.imageTextArrange);
+    visit(Setting::TreeTypeEntry_, values.treeType);
+    visit(Setting::DivideTypeEntry_, values.divType);
+    visit(Setting::TitleShowTypeEntry_, values.titleShowType);
+    visit(Setting::DoEditCheck_, values.doEditCheck);
+    visit(Setting::VisibleDetail_, values.visibleDetail);
+    visit(Setting::VisibleProperty_, values.visibleProperty);
+    visit(Setting::VisibleComment_, values.visibleComment);
+    visit(Setting::VisibleControlValue_, values.visibleControlValue);
 }
 } // namespace
 
 ToviPhotoCtrlVisualSetting&
 ToviPhotoCtrlVisualSetting::operator=(const ToviPhotoCtrlVisualSetting& other)
 {
-    if (this != &other) values = other.values;
+    if (this == &other) return *this;
+    values = other.values;
+    stored = other.stored;
     return *this;
 }
 
@@ -78,21 +78,24 @@ bool ToviPhotoCtrlVisualSetting::Load()
     if (profile == nullptr) return true;
     ForEachNumber(values, [profile](const char* entry, auto& value) {
         ReadStored(*profile, VisualSettingSection_, entry, value);
-        return true;
     });
     values.editCheckTypes = profile->GetProfileString(VisualSettingSection_, EditCheckTypes_, "");
     if (values.editCheckTypes.empty()) values.editCheckTypes = CString("1");
+    stored.Note(Entries());
     return true;
 }
 
-bool ToviPhotoCtrlVisualSetting::Save() const
+bool ToviPhotoCtrlVisualSetting::Save()
 {
-    ProfileStore* profile = GetHostServices().profile;
-    if (profile == nullptr) return false;
-    const auto write = [profile](const char* entry, int value) {
-        return WriteStored(*profile, VisualSettingSection_, entry, value);
-    };
-    return ForEachNumber(values, write) &&
-           profile->WriteProfileString(VisualSettingSection_, EditCheckTypes_,
-                                       values.editCheckTypes);
+    return stored.Write(VisualSettingSection_, Entries());
+}
+
+StoredSection::Entries ToviPhotoCtrlVisualSetting::Entries() const
+{
+    StoredSection::Entries entries;
+    ForEachNumber(values, [&entries](const char* entry, int value) {
+        entries.push_back(StoredNumber(entry, value));
+    });
+    entries.push_back({EditCheckTypes_, values.editCheckTypes});
+    return entries;
 }

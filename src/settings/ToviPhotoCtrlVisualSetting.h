@@ -1,11 +1,13 @@
 #pragma once
 
+#include "settings/StoredValues.h"
 #include "settings/ToviItemShowSettings.h"
 
 /// How the viewer shows a document.
 ///
 /// A setting that was loaded from the profile store saves itself in its destructor. One that was
-/// not, a copy too, has nothing to say there: it would overwrite the user's choice with its own.
+/// not, a copy too, has nothing to say there. What is saved are the entries that were changed since
+/// they were loaded or saved, in a copy too; all of a setting that was never loaded.
 class TOVI_EXPORT ToviPhotoCtrlVisualSetting
 {
 public:
@@ -76,9 +78,15 @@ public:
     };
 
     ToviPhotoCtrlVisualSetting() = default;
-    ToviPhotoCtrlVisualSetting(const ToviPhotoCtrlVisualSetting& other) : values(other.values) {}
+    ToviPhotoCtrlVisualSetting(const ToviPhotoCtrlVisualSetting& other)
+        : values(other.values), stored(other.stored)
+    {}
     ToviPhotoCtrlVisualSetting& operator=(const ToviPhotoCtrlVisualSetting& other);
     virtual ~ToviPhotoCtrlVisualSetting();
+    bool operator==(const ToviPhotoCtrlVisualSetting& other) const
+    {
+        return values == other.values;
+    }
 
     ImageTextArrange GetImageTextArrange() const { return values.imageTextArrange; }
     void SetImageTextArrange(ImageTextArrange arrange) { values.imageTextArrange = arrange; }
@@ -119,9 +127,9 @@ public:
 
     /// Takes over what the profile store has. Always true.
     bool Load();
-    /// Writes to the profile store. False at the first entry that could not be kept, behind which
-    /// none is written.
-    bool Save() const;
+    /// Writes what was changed to the profile store. False at the first entry that could not be
+    /// kept, behind which none is written.
+    bool Save();
 
 private:
     struct Values
@@ -137,8 +145,12 @@ private:
         bool visibleComment = true;
         bool visibleControlValue = true;
         CString editCheckTypes = "1";
+        bool operator==(const Values&) const = default;
     };
 
+    StoredSection::Entries Entries() const;
+
     Values values;
+    StoredSection stored;
     bool loaded = false;
 };

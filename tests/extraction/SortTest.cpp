@@ -237,7 +237,7 @@ TEST(SortCondition, SavesItselfOnceItWasLoaded)
     }
     EXPECT_EQ(Stored(), "種別");
     EXPECT_EQ(host.profile.GetProfileInt("Sort", "ExecSort", -1), 101);
-    EXPECT_EQ(host.profile.GetProfileInt("Sort", "Ascending", -1), 101);
+    EXPECT_EQ(host.profile.GetProfileInt("Sort", "Ascending", -1), -1) << "nobody changed it";
 }
 
 /// Refuses every write behind the first \p allowed ones.

@@ -8,6 +8,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <thread>
+
 namespace
 {
 using Json = nlohmann::json;
@@ -97,6 +99,27 @@ TEST_F(Settings, RefuseWhatIsNoneAndChangeNothingThen)
     }
     EXPECT_EQ(Run({"settings", delivery, "--set", "item:項目=hide"}).status, 2);
     EXPECT_EQ(Answer({"settings"}), before);
+}
+
+TEST_F(Settings, AreKeptHoweverManyProgramsSetThem)
+{
+    constexpr int rounds = 10;
+    const std::vector<CString> keys = {"label0", "label1", "label2", "label5", "sort-key"};
+    std::vector<std::thread> programs;
+    std::vector<int> kept(keys.size());
+    for (std::size_t program = 0; program < keys.size(); ++program) {
+        programs.emplace_back([&, program] {
+            const CString& key = keys[program];
+            for (int round = 0; round < rounds; ++round) {
+                const CString value = key + Format("-%d", round);
+                Run({"settings", "--set", key + "=" + value});
+                const Json after = Json::parse(Run({"settings"}).output, nullptr, false);
+                if (after["settings"][key] == value) ++kept[program];
+            }
+        });
+    }
+    for (std::thread& program : programs) program.join();
+    EXPECT_THAT(kept, testing::Each(rounds));
 }
 
 TEST_F(Settings, SurviveADamagedFileAndTellOfOneThatCannotBeWritten)

@@ -61,6 +61,29 @@ TEST(ItemManager, KeepsTheHiddenTitles)
     }
 }
 
+TEST(ItemManager, ChangesNoItemThatOthersChanged)
+{
+    TestHost host;
+    host.profile.WriteProfileString(section, entry, "緯度,撮影日時");
+    ToviItemManager manager;
+    CStringArray hidden;
+    manager.Load(hidden);
+    for (const auto& [title, shown] :
+         {std::pair{"緯度", false}, {"経度", true}, {"撮影日時", false}, {"フラッシュ", true}}) {
+        manager.GetItemShowSettings().Add(title, shown, 9, GradeOptional, InfoExif);
+    }
+    ToviItemManager dialog = manager;
+    dialog.GetItemShowSettings()[0].Bold(true);
+    host.profile.WriteProfileString(section, entry, "緯度,フラッシュ,経度");
+    manager = dialog;
+    EXPECT_TRUE(manager.Save());
+    EXPECT_EQ(host.profile.GetProfileString(section, entry, ""), "経度,フラッシュ");
+    EXPECT_TRUE(manager.Save());
+    EXPECT_EQ(host.profile.GetProfileString(section, entry, ""), "経度,フラッシュ");
+    manager.TakeOver();
+    EXPECT_THAT(Shown(manager.GetItemShowSettings(), InfoExif), ElementsAre("緯度", "撮影日時"));
+}
+
 /// A document whose user interface and profile are those of \p services.
 struct Document : OpenedSample
 {

@@ -89,6 +89,31 @@ TEST(VisualSetting, IsSavedByItsOneOwner)
     EXPECT_EQ(next.GetEditCheckTypes(), "1") << "an empty list of checks is the default one";
 }
 
+TEST(VisualSetting, SavesOnlyWhatWasChangedInIt)
+{
+    TestHost host;
+    const auto write = [&host](const char* entry, int value) {
+        host.profile.WriteProfileInt(section, entry, value);
+    };
+    const auto stored = [&host](const char* entry) {
+        return host.profile.GetProfileInt(section, entry, -1);
+    };
+    {
+        Setting owner;
+        owner.Load();
+        Setting dialog(owner);
+        dialog.SetDivType(Setting::DivideFour);
+        write(Setting::TreeTypeEntry_, 101);
+        owner = dialog;
+        EXPECT_TRUE(owner.Save());
+        EXPECT_EQ(stored(Setting::DivideTypeEntry_), 103);
+        write(Setting::DivideTypeEntry_, 100);
+    }
+    EXPECT_EQ(stored(Setting::TreeTypeEntry_), 101);
+    EXPECT_EQ(stored(Setting::DivideTypeEntry_), 100) << "saved again by the end";
+    EXPECT_EQ(stored(Setting::VisibleComment_), -1);
+}
+
 TEST(VisualSetting, ForgetsTamperResultsWhenTheCheckChanges)
 {
     const struct

@@ -61,11 +61,17 @@ CStringArray FrameState::RecentDeliveries()
 
 void FrameState::AddRecentDelivery(const CString& folder)
 {
-    CStringArray recent{folder};
-    for (const CString& before : RecentDeliveries()) {
-        if (before != folder && recent.GetSize() < recentCount) recent.Add(before);
-    }
-    for (int place = 0; place < recent.GetSize(); ++place) {
-        Write(recentSection, RecentEntry(place), recent[place]);
-    }
+    ProfileStore* const profile = GetHostServices().profile;
+    if (profile == nullptr) return;
+    // One write: another viewer may add one of its own at the same time.
+    profile->WriteTogether([&folder] {
+        CStringArray recent{folder};
+        for (const CString& before : RecentDeliveries()) {
+            if (before != folder && recent.GetSize() < recentCount) recent.Add(before);
+        }
+        for (int place = 0; place < recent.GetSize(); ++place) {
+            Write(recentSection, RecentEntry(place), recent[place]);
+        }
+        return true;
+    });
 }
