@@ -116,6 +116,12 @@ CString MibProgramPath()
     return program.substr(0, program.rfind('/') + 1);
 }
 
+CString MibBesideProgram(const CString& name)
+{
+    const CString folder = MibProgramPath();
+    return folder.starts_with('/') ? folder + name : CString();
+}
+
 bool MibIsInside(const CString& folder, const CString& path)
 {
     const CString realFolder = RealPath(folder);

@@ -43,6 +43,10 @@ TOVI_EXPORT CString MibGetFileName(const CString& path);
 /// The folder of the running program, ending in a path separator; empty when it can't be had.
 TOVI_EXPORT CString MibProgramPath();
 
+/// The full path of \p name in the folder of the program, for code to be run or loaded; empty when
+/// that folder isn't known by its full path: code is never looked for in the current folder.
+CString MibBesideProgram(const CString& name);
+
 /// True when \p path leads, symbolic links followed, to \p folder itself or something inside it.
 /// False too when either doesn't exist.
 TOVI_EXPORT bool MibIsInside(const CString& folder, const CString& path);

@@ -11,7 +11,8 @@ namespace
 /// those libraries outlive what they were made for.
 StartSpreadsheetEntry* LoadEntry()
 {
-    const CString path = MibProgramPath() + spreadsheetModuleName;
+    const CString path = MibBesideProgram(spreadsheetModuleName);
+    if (path.empty()) return nullptr;
     void* const module = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
     if (module == nullptr) return nullptr;
     return reinterpret_cast<StartSpreadsheetEntry*>(dlsym(module, spreadsheetEntryName));

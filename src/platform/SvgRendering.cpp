@@ -68,7 +68,7 @@ public:
 private:
     void Start(int input, int writeEnd, const QSize& within)
     {
-        CString program = MibProgramPath() + programName;
+        CString program = MibBesideProgram(programName);
         CString width = std::to_string(within.width());
         CString height = std::to_string(within.height());
         char* const arguments[] = {program.data(), width.data(), height.data(), nullptr};

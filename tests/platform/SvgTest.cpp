@@ -96,6 +96,22 @@ TEST_F(Svg, HostileOnesFailAloneAndSoon)
     EXPECT_TRUE(image.Load(temp.Write("good.svg", RedSheet("")).c_str()));
 }
 
+TEST_F(Svg, NeverRunAProgramOfTheCurrentFolder)
+{
+    const CString sheet = temp.Write("D1.SVG", RedSheet(""));
+    const CString planted = temp.Write("tovi-svg", "#!/bin/sh\ntouch ran\n");
+    std::filesystem::permissions(planted, std::filesystem::perms::owner_all);
+    const auto before = std::filesystem::current_path();
+    std::filesystem::current_path(temp.Path());
+    for (const char* program : {"", "tovi", "./tovi"}) {
+        InstallHostServices({&host.user, &host.profile, "Tovi", program});
+        LumImage image;
+        EXPECT_FALSE(image.Load(sheet.c_str())) << program;
+        EXPECT_FALSE(std::filesystem::exists("ran")) << program;
+    }
+    std::filesystem::current_path(before);
+}
+
 TEST_F(Svg, BecomesAThumbnailOrAPage)
 {
     const CString sheet = temp.Write("D1.SVG", RedSheet("<script>alert(1)</script>"));
