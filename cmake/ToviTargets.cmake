@@ -10,6 +10,12 @@ target_compile_options(tovi_switches INTERFACE
     $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict -Wno-error=maybe-uninitialized -Wno-error=stringop-overflow
     -Wno-error=stringop-overread -Wno-error=array-bounds -Wno-error=free-nonheap-object
     -Wno-error=dangling-pointer -Wno-error=use-after-free -Wno-error=null-dereference>)
+# What makes a fault in memory hard to use; the sanitizers end the program at the fault itself.
+if(NOT TOVI_SANITIZE)
+    target_compile_options(tovi_switches INTERFACE
+        -fstack-protector-strong $<$<CONFIG:RelWithDebInfo>:-D_FORTIFY_SOURCE=3>)
+    target_link_options(tovi_switches INTERFACE -Wl,-z,relro,-z,now,-z,noexecstack)
+endif()
 if(TOVI_SANITIZE)
     target_compile_options(tovi_switches INTERFACE
         -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -O1)
@@ -20,7 +26,7 @@ endif()
 # its every access takes several times as long to compile as it is worth. What it calls of ours is
 # optimized and watched all the same.
 add_library(tovi_quick_compile INTERFACE)
-target_compile_options(tovi_quick_compile INTERFACE -O0)
+target_compile_options(tovi_quick_compile INTERFACE -O0 -U_FORTIFY_SOURCE)
 if(TOVI_SANITIZE)
     target_compile_options(tovi_quick_compile INTERFACE -fno-sanitize=undefined)
 endif()
