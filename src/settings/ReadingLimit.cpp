@@ -26,6 +26,5 @@ std::size_t ReadingLimit::LoadInBytes()
 
 bool ReadingLimit::Save(int limit)
 {
-    ProfileStore* profile = GetHostServices().profile;
-    return profile != nullptr && WriteStored(*profile, section, entry, limit);
+    return StoredSection().Write(section, {StoredNumber(entry, limit)});
 }
