@@ -48,6 +48,19 @@ void FileProfileStore::Follow() const
     TellDamaged(text);
 }
 
+bool UnsavedProfileStore::WriteProfileString(const CString& section, const CString& entry,
+                                             const CString& value)
+{
+    written.Set(section, entry, value);
+    return true;
+}
+
+std::optional<CString> UnsavedProfileStore::Read(const CString& section, const CString& entry) const
+{
+    const CString* value = written.Find(section, entry);
+    return value != nullptr ? std::optional(*value) : FileProfileStore::Read(section, entry);
+}
+
 CString DefaultProfilePath()
 {
     return ConfigurationFile("profile.ini");

@@ -27,5 +27,23 @@ private:
     mutable SharedSectionFile file;
 };
 
+/// The user's profile in a file as above, for programs that don't change it: what they write lasts
+/// as long as the object.
+class TOVI_EXPORT UnsavedProfileStore : public FileProfileStore
+{
+public:
+    using FileProfileStore::FileProfileStore;
+
+    bool WriteProfileString(const CString& section, const CString& entry,
+                            const CString& value) override;
+    bool WriteTogether(const std::function<bool()>& write) override { return write(); }
+
+protected:
+    std::optional<CString> Read(const CString& section, const CString& entry) const override;
+
+private:
+    SectionFile written;
+};
+
 /// The full path of the user's profile; empty when the user has no home folder.
 TOVI_EXPORT CString DefaultProfilePath();

@@ -122,6 +122,26 @@ TEST_F(Settings, AreKeptHoweverManyProgramsSetThem)
     EXPECT_THAT(kept, testing::Each(rounds));
 }
 
+TEST_F(Settings, AreWrittenByTheirOwnCommandAlone)
+{
+    const CString profile = temp.Path("profile.ini");
+    const auto run = [&](std::vector<CString> arguments) {
+        arguments.insert(arguments.end(), {"--profile", profile});
+        EXPECT_EQ(Run(arguments).status, 0);
+        return temp.Read("profile.ini");
+    };
+    const CString other = temp.Path("other");
+    DeliveryBuilder({.section = "農水省-23", .photos = 2, .images = false}).Write(other);
+    const CString before = run({"settings", delivery, "--set", "item:撮影箇所=hide"});
+    EXPECT_THAT(before, HasSubstr("撮影箇所"));
+    EXPECT_EQ(run({"info", other}), before);
+    EXPECT_EQ(run({"select", other, "--sort", "撮影年月日", "--descending"}), before);
+    EXPECT_EQ(run({"settings", other}), before);
+    EXPECT_EQ(run({"verify", other, "--types", "2"}), before);
+    EXPECT_THAT(Answer({"settings", delivery, "--profile", profile}).dump(),
+                HasSubstr(R"({"item":"撮影箇所","kind":"delivery","shown":false})"));
+}
+
 TEST_F(Settings, SurviveADamagedFileAndTellOfOneThatCannotBeWritten)
 {
     temp.Write("profile.ini", CString("\xff\xfe\x00garbage", 10));

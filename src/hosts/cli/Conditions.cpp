@@ -93,7 +93,6 @@ void SetSort(ToviData& document, const ConditionArguments& arguments)
     condition.ExecSort(true);
     condition.SetKeyItem(arguments.sortItem.c_str());
     condition.Ascending(!arguments.descending);
-    LeaveSettingsUnsaved();
     document.SetSortCondition(condition);
 }
 

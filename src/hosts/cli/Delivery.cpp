@@ -2,7 +2,6 @@
 
 #include "platform/CDocument.h"
 #include "platform/HostServices.h"
-#include "platform/MemoryProfileStore.h"
 #include "platform/TerminalText.h"
 
 #include <algorithm>
@@ -121,14 +120,6 @@ OpenedDelivery OpenDelivery(const DeliveryArguments& arguments, TreeTypeArgument
     const int type = tree.value_or(document.GetVisualSetting().GetTreeType());
     document.BuildTreeNode(static_cast<ToviPhotoCtrlVisualSetting::TreeType>(type));
     return delivery;
-}
-
-void LeaveSettingsUnsaved()
-{
-    static MemoryProfileStore unsaved;
-    HostServices services = GetHostServices();
-    services.profile = &unsaved;
-    InstallHostServices(services);
 }
 
 bool SelectNode(ToviData& document, const std::vector<std::string>& titles)

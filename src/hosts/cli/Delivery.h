@@ -42,9 +42,6 @@ void AddTreeTypeOption(CLI::App& command, TreeTypeArgument& type);
 /// do. When it was loaded, so are the user's settings, and the tree is built.
 OpenedDelivery OpenDelivery(const DeliveryArguments& arguments, TreeTypeArgument tree = {});
 
-/// From here on no setting is saved: for what a command line puts in the place of the user's own.
-void LeaveSettingsUnsaved();
-
 /// Selects the node that \p titles lead to from the root. False, with a sentence on standard error,
 /// when there is no such node.
 bool SelectNode(ToviData& document, const std::vector<std::string>& titles);

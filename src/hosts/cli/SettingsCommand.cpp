@@ -1,5 +1,6 @@
 #include "hosts/cli/Commands.h"
 #include "hosts/cli/Json.h"
+#include "hosts/cli/Profile.h"
 #include "hosts/cli/SettingKeys.h"
 
 #include "platform/HostServices.h"
@@ -21,8 +22,7 @@ UserSettings LoadSettings()
     settings.labels.Load(nullptr);
     settings.sort.Load();
     settings.readingLimit = ReadingLimit::Load();
-    // A copy, since what was loaded saves itself in the end: also changes that are given up.
-    return UserSettings(settings);
+    return settings;
 }
 
 UserSettings SettingsOf(ToviData& document)
@@ -43,13 +43,25 @@ bool Assign(UserSettings& settings, const std::vector<std::string>& assignments)
     return true;
 }
 
-/// False when the profile could not be written.
-bool Save(UserSettings& settings)
+/// Saves the items, which are those of the kind of delivery \p kind.
+bool SaveItems(ToviItemManager& items, const CString& kind)
 {
-    settings.labels.Save(nullptr);
-    return settings.visual.Save() && settings.sort.Save() &&
-           ReadingLimit::Save(settings.readingLimit) &&
-           (settings.items.GetItemShowSettings().IsEmpty() || settings.items.Save());
+    return items.Save() && GetHostServices().profile->WriteProfileString(
+                               ToviItemDef::PhotoFileTypeSection_, ToviItemDef::TypeEntry_, kind);
+}
+
+/// Saves what was changed in \p settings since \p before. False when the profile could not be
+/// written.
+bool Save(UserSettings& settings, const UserSettings& before, const CString& kind)
+{
+    const bool withItems =
+        settings.items.GetItemShowSettings() != before.items.GetItemShowSettings();
+    return SaveInProfile([&] {
+        return settings.labels.Save(nullptr) && settings.visual.Save() && settings.sort.Save() &&
+               (settings.readingLimit == before.readingLimit ||
+                ReadingLimit::Save(settings.readingLimit)) &&
+               (!withItems || SaveItems(settings.items, kind));
+    });
 }
 
 const char* KindName(InfoType type)
@@ -74,10 +86,12 @@ Json ToJson(const UserSettings& settings)
     return json;
 }
 
-int ChangeAndShow(UserSettings settings, const std::vector<std::string>& assignments)
+int ChangeAndShow(const UserSettings& before, const CString& kind,
+                  const std::vector<std::string>& assignments)
 {
+    UserSettings settings = before;
     if (!Assign(settings, assignments)) return ExitWrongUsage;
-    if (!assignments.empty() && !Save(settings)) {
+    if (!assignments.empty() && !Save(settings, before, kind)) {
         Complain("設定ファイルに書き込めません。書き込みの権限と空き容量を確かめてください。");
         return ExitFailed;
     }
@@ -88,14 +102,12 @@ int ChangeAndShow(UserSettings settings, const std::vector<std::string>& assignm
 int Run(const Arguments& arguments)
 {
     if (arguments.delivery.path.empty()) {
-        return ChangeAndShow(LoadSettings(), arguments.assignments);
+        return ChangeAndShow(LoadSettings(), "", arguments.assignments);
     }
-    OpenedDelivery delivery = OpenDelivery(arguments.delivery);
+    const OpenedDelivery delivery = OpenDelivery(arguments.delivery);
     if (!delivery.IsLoaded()) return ExitFailed;
-    UserSettings settings = SettingsOf(*delivery.document);
-    // The document would save its own settings last.
-    delivery.document.reset();
-    return ChangeAndShow(std::move(settings), arguments.assignments);
+    return ChangeAndShow(SettingsOf(*delivery.document),
+                         delivery.document->GetItemDef()->GetSection(), arguments.assignments);
 }
 
 CString Footer()

@@ -43,7 +43,6 @@ void ComplainWithoutVerifiers(const CWordArray& types)
 /// Switches the check on for this run alone, by \p types unless they are empty.
 void SwitchOn(ToviData& document, const CString& types)
 {
-    LeaveSettingsUnsaved();
     ToviPhotoCtrlVisualSetting setting(document.GetVisualSetting());
     setting.SetDoEditCheck(true);
     if (!types.empty()) setting.SetEditCheckTypes(types);

@@ -1,4 +1,5 @@
 #include "hosts/cli/Commands.h"
+#include "hosts/cli/Profile.h"
 
 #include "platform/FileProfileStore.h"
 #include "platform/HostServices.h"
@@ -7,7 +8,6 @@
 #include "platform/TerminalUserInterface.h"
 
 #include <new>
-#include <optional>
 
 namespace
 {
@@ -31,11 +31,9 @@ void DescribeProgram(CLI::App& app)
 }
 
 /// Adds --profile to every command. The options of a command are read before any command runs.
-void AddProfileOption(CLI::App& app, std::optional<FileProfileStore>& profile)
+void AddProfileOption(CLI::App& app)
 {
-    const auto open = [&profile](const std::string& path) {
-        profile.emplace(MibAbsolutePath(path));
-    };
+    const auto open = [](const std::string& path) { UseProfile(MibAbsolutePath(path)); };
     for (CLI::App* command : app.get_subcommands({})) {
         command
             ->add_option_function<std::string>(
@@ -63,8 +61,8 @@ int Parse(CLI::App& app, int argc, char** argv)
 int main(int argc, char** argv)
 {
     TerminalUserInterface user;
-    std::optional<FileProfileStore> profile(DefaultProfilePath());
-    InstallHostServices({&user, &*profile, "tovi", RunningProgramPath()});
+    InstallHostServices({&user, nullptr, "tovi", RunningProgramPath()});
+    UseProfile(DefaultProfilePath());
     InstallInterruptHandler();
 
     int status = ExitDone;
@@ -87,7 +85,7 @@ int main(int argc, char** argv)
     AddIndexCommand(app, status);
     AddExportCommand(app, status);
     AddCombineCommand(app, status);
-    AddProfileOption(app, profile);
+    AddProfileOption(app);
     AddReportCommand(app, status);
     try {
         const int parsed = Parse(app, argc, argv);
