@@ -272,6 +272,22 @@ bool ToviData::Load()
     return true;
 }
 
+bool ToviData::TakeOverSettings()
+{
+    if (!settingsLoaded) return false;
+    const ToviPhotoCtrlVisualSetting oldVisual(*visualSetting);
+    const ToviLabelManager oldLabels(labelManager);
+    const ToviSortCondition oldSort(*sortCondition);
+    labelManager.Load(nullptr);
+    sortCondition->Load();
+    // The titles in the store are those of the kind opened last.
+    if (itemDef.IsLastType()) itemManager->TakeOver();
+    ToviPhotoCtrlVisualSetting visual(oldVisual);
+    visual.Load();
+    SetVisualSetting(visual, false);
+    return !(*visualSetting == oldVisual && labelManager == oldLabels && *sortCondition == oldSort);
+}
+
 ToviItemShowSettings ToviData::LoadItems()
 {
     if (itemDef.TypeIsCorresponding()) {

@@ -151,6 +151,10 @@ public:
     /// Loads the settings of the user, as against the photographs, and makes the list of items that
     /// the information lists may show. Always true. From here on what is set is saved, too.
     virtual bool Load();
+    /// Takes over what other programs have saved of the settings since. False when there is nothing
+    /// new. As in SetVisualSetting nothing is broadcast, and tree and current array stay as they
+    /// are.
+    bool TakeOverSettings();
     ToviPhotoCtrlVisualSetting& GetVisualSetting() { return *visualSetting; }
     const ToviPhotoCtrlVisualSetting& GetVisualSetting() const { return *visualSetting; }
     /// Takes over all of \p setting but its items to show, which are those of the item manager.

@@ -83,6 +83,13 @@ bool ToviItemDef::Save(const CString& section)
            profile->WriteProfileString(PhotoFileTypeSection_, TypeEntry_, section);
 }
 
+bool ToviItemDef::IsLastType() const
+{
+    const ProfileStore* profile = GetHostServices().profile;
+    return profile != nullptr &&
+           profile->GetProfileString(PhotoFileTypeSection_, TypeEntry_, "") == newType;
+}
+
 bool ToviItemDef::ReadDef(const CString& section, CArray<Definition>& out)
 {
     return ReadItemDefinitions(readItemPath, section, out);

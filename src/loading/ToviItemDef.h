@@ -45,6 +45,8 @@ public:
     void GetPathAndName(CString& indexPath, CString& stylesheetPath) const;
     /// True when the delivery is of the same kind as the one opened before it.
     bool TypeIsCorresponding() const { return newType == oldType; }
+    /// True as long as no delivery of another kind was opened since, here or in another program.
+    bool IsLastType() const;
 
 private:
     bool InitializeData(const char* dataPath, PhotoXMLType family);

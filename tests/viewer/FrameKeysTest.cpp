@@ -1,6 +1,7 @@
 // The main window's keys, slide mode, and what it remembers.
 
 #include "hosts/viewer/SlideShow.h"
+#include "platform/FileProfileStore.h"
 #include "review/SlideMode.h"
 #include "support/Texts.h"
 #include "viewer/ShownFrame.h"
@@ -196,5 +197,43 @@ TEST(MainFrame, RemembersHowItWasLeft)
     shown.Press(Qt::Key_O, Qt::ControlModifier);
     EXPECT_EQ(shown.services.user.calls.back().text, shown.temp.Path() + "/");
     EXPECT_TRUE(shown.IsOpen());
+}
+TEST(FrameSettings, FollowWhatOtherProgramsSave)
+{
+    ShownFrame shown;
+    FileProfileStore profile(shown.temp.Path("profile.ini"));
+    InstallHostServices({&shown.services.user, &profile, "Tovi", RunningProgramPath()});
+    ASSERT_TRUE(shown.Open());
+    FileProfileStore others(shown.temp.Path("profile.ini"));
+    const CString numbers = "シリアル番号";
+    others.WriteTogether([&] {
+        return others.WriteProfileInt("VisualSetting", "DivideType", 103) &&
+               others.WriteProfileInt("Sort", "ExecSort", 101) &&
+               others.WriteProfileInt("Sort", "Ascending", 100) &&
+               others.WriteProfileString("Sort", "KeyItem", numbers) &&
+               others.WriteProfileString("Label", "Label2", "要確認") &&
+               others.WriteProfileString("ShowSetting", "Items", numbers);
+    });
+    EXPECT_TRUE(
+        QTest::qWaitFor([&] { return shown.Panel().GetVisualSetting().GetDivType() == 3; }));
+    EXPECT_EQ(shown.Data().GetPhotoIndex(0), 7) << "the order is not that of the others";
+    EXPECT_STREQ(shown.Data().GetLabelManager()->GetLabelAttribute(1).GetName(), "要確認");
+    const ToviItemShowSettings& items = shown.Panel().GetVisualSetting().GetItemShowSettings();
+    EXPECT_FALSE(items.IsBold(numbers.c_str()));
+    EXPECT_TRUE(items.IsBold("フラッシュ"));
+    const CString atFirst = shown.Data().Items()[0]->Title();
+    others.WriteProfileInt("VisualSetting", "TreeType", 101);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return shown.Data().Items()[0]->Title() != atFirst; }));
+
+    // What is set here stands beside what the others set just now.
+    others.WriteProfileInt("VisualSetting", "TitleShowType", 101);
+    shown.Press(Qt::Key_7, Qt::ControlModifier);
+    shown.frame->close();
+    EXPECT_EQ(others.GetProfileInt("VisualSetting", "DivideType", 0), 106);
+    EXPECT_EQ(others.GetProfileInt("VisualSetting", "TitleShowType", 0), 101);
+    EXPECT_EQ(others.GetProfileString("Label", "Label2", ""), "要確認");
+    EXPECT_EQ(others.GetProfileString("ShowSetting", "Items", ""), numbers);
+    EXPECT_EQ(others.GetProfileInt("Sort", "Ascending", 0), 100);
+    InstallHostServices({&shown.services.user, &shown.services.profile, "Tovi", {}});
 }
 } // namespace

@@ -12,6 +12,7 @@
 #include "platform/HostServices.h"
 #include "platform/QtText.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QDockWidget>
 #include <QLabel>
@@ -25,12 +26,16 @@
 #include <QToolBar>
 #include <QVBoxLayout>
 
+#include <chrono>
+
 namespace
 {
 constexpr int frameStateVersion = 1;
 constexpr unsigned int photoPanelId = 100;
 constexpr unsigned int folderTreeId = 101;
 constexpr unsigned int labelTreeId = 102;
+/// How often the profile is looked at for what other programs have set.
+constexpr std::chrono::seconds profileInterval(1);
 
 /// The path of what was dropped if a delivery may be there, else empty.
 QString DroppedPath(const QMimeData* data)
@@ -217,6 +222,9 @@ void MainFrame::ConnectSettings()
     });
     set(ShowComments, [](Setting& s, bool on) { s.SetVisibleComment(on); });
     set(CheckTampering, [](Setting& s, bool on) { s.SetDoEditCheck(on); });
+    auto* const profileTimer = new QTimer(this);
+    connect(profileTimer, &QTimer::timeout, this, &MainFrame::TakeOverSettings);
+    profileTimer->start(profileInterval);
 }
 
 void MainFrame::ChangeSetting(const std::function<void(ToviPhotoCtrlVisualSetting&)>& change)
@@ -230,6 +238,14 @@ void MainFrame::ChangeSetting(const std::function<void(ToviPhotoCtrlVisualSettin
     document.ApplySettings(setting);
     // The photographs on show are those of the tree in view.
     if (otherTree) SwitchTree(trees->currentIndex());
+}
+
+void MainFrame::TakeOverSettings()
+{
+    const bool isBusy = !isEnabled() || slideShow->IsOn() ||
+                        QApplication::activeModalWidget() != nullptr ||
+                        QApplication::activePopupWidget() != nullptr;
+    if (!isBusy && document.TakeOverSettings()) SwitchTree(trees->currentIndex());
 }
 
 void MainFrame::RestoreState()

@@ -76,6 +76,8 @@ private:
 
     void SwitchTree(int tab);
     void ChangeSetting(const std::function<void(ToviPhotoCtrlVisualSetting&)>& change);
+    /// Shows what other programs have made of the settings, unless the user is amid something.
+    void TakeOverSettings();
     void CorrectLabels();
     void GoToNextUnchecked();
     void TellVersion();

@@ -110,6 +110,18 @@ void ViewerDocument::ApplySettings(const ToviPhotoCtrlVisualSetting& setting)
     UpdateAllViews(nullptr, ToviData::HintSettingsChanged, nullptr);
 }
 
+bool ViewerDocument::TakeOverSettings()
+{
+    if (!data) return false;
+    const int tree = data->GetVisualSetting().GetTreeType();
+    const ToviSortCondition order = data->GetSortCondition();
+    if (!data->TakeOverSettings()) return false;
+    const bool otherTree = data->GetVisualSetting().GetTreeType() != tree;
+    if (otherTree) data->BuildTreeNode(data->GetVisualSetting().GetTreeType());
+    UpdateAllViews(nullptr, ToviData::HintSettingsChanged, nullptr);
+    return otherTree || !(data->GetSortCondition() == order);
+}
+
 void ViewerDocument::UpdateAllViews(CWnd* sender, int hint, CObject* object)
 {
     for (ToviPanel* panel : panels) {

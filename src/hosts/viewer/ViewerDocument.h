@@ -51,6 +51,9 @@ public:
 
     /// Builds the tree anew as the settings say and tells the panels that these changed.
     void ApplySettings(const ToviPhotoCtrlVisualSetting& setting);
+    /// Takes over what other programs have saved of the settings since, and shows it. True when the
+    /// tree or its order became another, so that the photographs on show have to follow.
+    bool TakeOverSettings();
 
     void UpdateAllViews(CWnd* sender, int hint, CObject* object) override;
 
