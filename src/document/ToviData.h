@@ -81,9 +81,8 @@ public:
     bool IsStandAlone() const { return standAlone; }
     void SetStandAlone(bool alone);
     /// The full path of a copy of the delivery's index file that a browser shows as a page. It
-    /// stands in the work area, where the next delivery's overwrites it; the first call makes it.
-    /// Empty when there is no index file of a known kind or no copy can be made; each further call
-    /// tries again.
+    /// stands in the work area (see loading/IndexCopy.h); the first call makes it. Empty when there
+    /// is no index file of a known kind or no copy can be made; each further call tries again.
     CString GetIndexPath();
     PhotoXMLReadErr GetErrorType() const { return errorType; }
     void SetErrorType(PhotoXMLReadErr error) { errorType = error; }

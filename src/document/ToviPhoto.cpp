@@ -274,7 +274,7 @@ bool ToviPhoto::CheckExif()
 bool ToviPhoto::ReadExifVersion()
 {
     CString file = ExifPath();
-    if (MibGetExt(file) == ToviExifInfo::svgExtension) {
+    if (ToviExifInfo::IsSvg(file)) {
         ExifRoom().MakeMainImageFromSvg(file);
         file = exif->GetMainImagePath();
     }

@@ -1,18 +1,11 @@
 #include "imagefacts/ToviExifInfo.h"
 
-#include "loading/WorkFolder.h"
-#include "platform/Cp932.h"
+#include "loading/RunWorkFile.h"
 #include "platform/MibFile.h"
 
 namespace
 {
 constexpr const char* workFileEnd = "_Exif.JPEG";
-constexpr int longestFolder = 260;
-
-bool IsSvg(const CString& path)
-{
-    return MibGetExt(path) == ToviExifInfo::svgExtension;
-}
 } // namespace
 
 struct ToviExifInfo::Group
@@ -95,6 +88,11 @@ void ToviExifInfo::Clear()
     mainImagePath.clear();
 }
 
+bool ToviExifInfo::IsSvg(const CString& path)
+{
+    return EqualNoCase(MibGetExt(path), ".svg");
+}
+
 void ToviExifInfo::Load(const char* photoPath)
 {
     // The argument may be the text that Clear empties.
@@ -130,15 +128,7 @@ void ToviExifInfo::Load(const LumComments& comments, const Packs& packs, ToviTex
 
 void ToviExifInfo::SetMainImagePath(const CString& svgPath)
 {
-    if (!IsSvg(svgPath)) return;
-    mainImagePath.clear();
-    CString folder = SuiteFolder();
-    if (folder.empty() || Cp932::ByteLength(folder) >= longestFolder) return;
-    folder += svgWorkFolder;
-    MibNormalDir(folder);
-    // The folders above may be missing too: nobody else makes them before their own first use.
-    if (!MibIsFolderExist(folder)) MibCreateDirectory(folder);
-    mainImagePath = folder + MibGetFileTitle(svgPath) + workFileEnd;
+    if (IsSvg(svgPath)) mainImagePath = RunWorkFile(svgPath, workFileEnd);
 }
 
 void ToviExifInfo::MakeMainImageFromSvg(const CString& svgPath)

@@ -14,9 +14,8 @@ class TOVI_EXPORT ToviExifInfo
 public:
     /// The value of a row whose field can't be read.
     static constexpr const char* unknownValue = "(不明)";
-    /// What the name of an SVG photograph ends in, exactly so: in another letter case it is a file
-    /// like any other here.
-    static constexpr std::string_view svgExtension = ".SVG";
+    /// True for the name of an SVG photograph, in any letter case.
+    static bool IsSvg(const CString& path);
 
     ToviExifInfo() = default;
     /// The copy has no image group: its rows stay those that the object had before. Whoever shows a
@@ -25,9 +24,9 @@ public:
     ToviExifInfo& operator=(const ToviExifInfo& other);
     virtual ~ToviExifInfo() = default;
 
-    /// Reads all groups of the photograph \p path. With the extension ".SVG", exactly so, they come
-    /// from the work file that MakeMainImageFromSvg must have made before. An empty path leaves the
-    /// object not loaded; any other loads it, with unknownValue for what can't be read.
+    /// Reads all groups of the photograph \p path. Those of an SVG photograph come from the work
+    /// file that MakeMainImageFromSvg must have made before. An empty path leaves the object not
+    /// loaded; any other loads it, with unknownValue for what can't be read.
     void Load(const char* path);
     /// Forgets everything but the image group.
     void Clear();
@@ -45,9 +44,8 @@ public:
     const ToviTextPairArray& GetShoot() const { return shoot; }
     const ToviTextPairArray& GetGPS() const { return gps; }
 
-    /// Writes the main image of the SVG photograph \p svgPath to its work file; nothing for any
-    /// other extension than exactly ".SVG". Photographs of one title share one work file. A failure
-    /// shows in the work file being absent.
+    /// Writes the main image of the SVG photograph \p svgPath to its work file (see RunWorkFile);
+    /// nothing for any other. A failure shows in the work file being absent.
     void MakeMainImageFromSvg(const CString& svgPath);
 
 private:

@@ -3,8 +3,12 @@
 #include "loading/IndexStylesheets.h"
 #include "loading/WorkFolder.h"
 #include "platform/AtomicFile.h"
+#include "platform/Digest.h"
+#include "platform/FolderLock.h"
 #include "platform/MibFile.h"
 
+#include <chrono>
+#include <filesystem>
 #include <optional>
 
 namespace
@@ -14,6 +18,8 @@ constexpr std::string_view instructionWord = "xml-stylesheet";
 constexpr std::string_view instructionEnd = "?>";
 constexpr std::string_view rootWord = "DTD_version";
 constexpr const char* copyFolderName = "IndexCopy";
+/// How long a copy stays that nobody makes again.
+constexpr std::chrono::hours longestStay(30 * 24);
 constexpr std::size_t notFound = std::string_view::npos;
 
 /// The characters from the first to behind the last, which the new instruction replaces.
@@ -113,6 +119,24 @@ std::string Widened(std::string_view ascii, Width width)
     return wide;
 }
 
+/// The folder of the copy for this index file and stylesheet, the same in every run. What two
+/// programs put there at once is the same.
+CString NameOfCopy(const CString& indexPath, const CString& stylesheetPath)
+{
+    return TextDigest(MibAbsolutePath(indexPath) + '\n' + stylesheetPath);
+}
+
+/// Removes from \p copies what nobody has made again for long.
+void RemoveOldCopies(const CString& copies)
+{
+    const auto oldest = std::filesystem::file_time_type::clock::now() - longestStay;
+    std::error_code ignored;
+    for (const auto& entry : std::filesystem::directory_iterator(copies, ignored)) {
+        const auto time = entry.last_write_time(ignored);
+        if (!ignored && time < oldest) std::filesystem::remove_all(entry.path(), ignored);
+    }
+}
+
 /// Copies the file \p from into \p folder under its own name.
 void CopyInto(const CString& folder, const CString& from)
 {
@@ -131,6 +155,12 @@ CString FindDtd(const CString& folder)
 }
 } // namespace
 
+CString IndexCopyFolder()
+{
+    const CString suite = SuiteFolder();
+    return suite.empty() ? suite : suite + copyFolderName;
+}
+
 std::string WithStylesheet(std::string xml, const CString& name)
 {
     const Width width = WidthOf(xml);
@@ -147,18 +177,19 @@ std::string WithStylesheet(std::string xml, const CString& name)
 
 CString MakeIndexCopy(const CString& indexPath, const CString& stylesheetPath)
 {
-    CString folder = SuiteFolder();
-    if (folder.empty() || !MibCreateDirectory(folder + copyFolderName)) return {};
-    folder += copyFolderName;
-    MibNormalDir(folder);
+    const CString copies = IndexCopyFolder();
+    if (copies.empty() || !MibCreateDirectory(copies)) return {};
     CString source = indexPath;
     MibParentDir(source);
     // Neither a link out of the delivery is followed nor a delivery overwritten that lies here.
-    if (!MibIsInside(source, indexPath) || MibIsInside(folder, indexPath)) return {};
+    if (!MibIsInside(source, indexPath) || MibIsInside(copies, indexPath)) return {};
     if (stylesheetPath.find('/') == CString::npos) return {};
     const auto bytes = MibReadFile(indexPath, largestIndexFile);
+    const CString folder = copies + '/' + NameOfCopy(indexPath, stylesheetPath) + '/';
     const CString copy = folder + MibGetFileName(indexPath);
-    if (!bytes ||
+    const FolderLock lock(copies);
+    RemoveOldCopies(copies);
+    if (!bytes || !MibCreateDirectory(folder) ||
         !WriteFileAtomically(copy, WithStylesheet(*bytes, MibGetFileName(stylesheetPath)))) {
         return {};
     }

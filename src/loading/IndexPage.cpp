@@ -2,7 +2,6 @@
 
 #include "document/ToviData.h"
 #include "loading/IndexCopy.h"
-#include "loading/WorkFolder.h"
 #include "platform/AtomicFile.h"
 #include "platform/MibFile.h"
 #include "platform/XslTransform.h"
@@ -15,8 +14,8 @@ constexpr std::size_t largestSource = std::size_t{4} << 20;
 
 CString WhyNotWritten(const CString& index)
 {
-    return index + " の写しを作業フォルダ " + SuiteFolder() +
-           "IndexCopy に作れません。書き込みの権限と空き容量を確かめてください。";
+    return index + " の写しを作業フォルダ " + IndexCopyFolder() +
+           " に作れません。書き込みの権限と空き容量を確かめてください。";
 }
 
 std::optional<std::string> Transform(const CString& copy, const CString& stylesheet)
@@ -32,7 +31,7 @@ IndexPage MakeIndexPage(ToviData& document)
     CString index;
     CString stylesheet;
     document.GetItemDef()->GetPathAndName(index, stylesheet);
-    // Made anew each time: another program may have put another delivery's in its place.
+    // Made anew each time: the index file may have changed.
     const CString copy =
         index.empty() || stylesheet.empty() ? "" : MakeIndexCopy(index, stylesheet);
     if (copy.empty()) return {"", WhyNoIndexCopy(document)};

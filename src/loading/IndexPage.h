@@ -13,9 +13,9 @@ struct IndexPage
     CString problem;
 };
 
-/// Makes the page of the delivery \p document in the work area, where the next delivery's takes its
-/// place: the copy of its index file (see MakeIndexCopy), turned to HTML by its stylesheet, since
-/// browsers don't apply stylesheets to local files any more.
+/// Makes the page of the delivery \p document in the work area, beside the copy of its index file
+/// (see MakeIndexCopy) and as lasting: that copy turned to HTML by its stylesheet, since browsers
+/// don't apply stylesheets to local files any more.
 TOVI_EXPORT IndexPage MakeIndexPage(ToviData& document);
 
 /// Why the delivery \p document has no copy of its index file, in a sentence as above.

@@ -17,9 +17,6 @@ bool GetWorkFolder(Environment& environment, CString& path);
 /// work folder.
 TOVI_EXPORT CString SuiteFolder();
 
-/// The folder in the suite folder for what is made of SVG photographs.
-inline constexpr const char* svgWorkFolder = "QVフォトビューアー";
-
 /// Copies the suite folder and a closing zero into \p buffer of \p size bytes and returns its
 /// length in bytes. When \p size is too small, nothing is copied and the size that is needed
 /// returned; 0 when \p buffer is null or there is no work folder.

@@ -44,7 +44,6 @@ void CorrectionSave::Run(const CorrectedPhoto& corrected) const
 
 bool CorrectionSave::IsSvg(ToviPhoto& photo, const CString& name) const
 {
-    return window == Window::Image
-               ? MibGetExt(name) == ToviExifInfo::svgExtension
-               : EqualNoCase(MibGetExt(photo.GetImagePath()), ToviExifInfo::svgExtension);
+    return window == Window::Image ? ToviExifInfo::IsSvg(name)
+                                   : ToviExifInfo::IsSvg(photo.GetImagePath());
 }

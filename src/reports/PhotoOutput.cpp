@@ -68,10 +68,9 @@ void OutputOnePhoto(ToviData& document)
     }
     const CString name =
         photo->GetTitle(document.GetItemDef()->GetIndexFromTitle("写真ファイル名"));
-    SaveUnderChosenName(document, name, MibGetExt(name) == ToviExifInfo::svgExtension,
-                        [photo](const CString& path) {
-                            return MibCopyFileEx(photo->ReadablePath(), path) == CopyFailure::None;
-                        });
+    SaveUnderChosenName(document, name, ToviExifInfo::IsSvg(name), [photo](const CString& path) {
+        return MibCopyFileEx(photo->ReadablePath(), path) == CopyFailure::None;
+    });
 }
 
 void OutputAllPhoto(ToviData& document)

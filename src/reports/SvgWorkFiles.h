@@ -2,8 +2,8 @@
 
 #include "platform/Text.h"
 
-/// Work files that stand for SVG files where those can't be shown themselves. They are named after
-/// the SVG file's title and used again once they are there: files of one title share theirs.
+/// Work files of this run that stand for SVG files where those can't be shown themselves. They are
+/// used again once they are there, as long as the SVG file stays as it is.
 
 /// Puts the path of the JPEG thumbnail of the SVG file \p svgPath into \p thumbPath, made if it is
 /// not there. False when there is none.

@@ -1,4 +1,5 @@
 #include "platform/LumImage.h"
+#include "platform/MibFile.h"
 #include "sample/DeliveryBuilder.h"
 #include "support/FileTree.h"
 #include "support/RunProgram.h"
@@ -10,11 +11,13 @@
 #include <sys/stat.h>
 
 #include <map>
+#include <thread>
 
 namespace
 {
 using Json = nlohmann::json;
 using testing::HasSubstr;
+using testing::MatchesRegex;
 
 class Headless : public testing::Test
 {
@@ -192,23 +195,59 @@ TEST_F(Headless, GivesTheTerminalNoOrders)
     EXPECT_THAT(Run({"tovi", "photos", temp.Path("d")}).output, HasSubstr("x\\u202e\\u007f"));
 }
 
+TEST_F(Headless, ReadsDeliveriesOfTheSameNamesAtOnce)
+{
+    temp.Write("config/tovi/registry.ini",
+               "[SOFTWARE\\Orvane Systems\\QVHomeKey]\nQVScratch=sz:" + temp.MakeFolder("work"));
+    struct Delivery
+    {
+        CString folder;
+        std::vector<CString> command;
+        CString facts;
+        std::vector<CString> wrong;
+    };
+    std::vector<Delivery> deliveries;
+    for (const char* seed : {"1", "2"}) {
+        const CString folder = temp.Path(seed);
+        Run({"tovi-sample", folder, "--photos", "3", "--seed", seed});
+        deliveries.push_back({folder, {"tovi", "exif", folder, "--at", "2"}, {}, {}});
+        deliveries.back().facts = Run(deliveries.back().command).output;
+        const Json date = Json::parse(deliveries.back().facts)[0]["date"][1]["value"];
+        EXPECT_THAT(Run({"tovi", "pairs", folder, "--at", "2"}).output, HasSubstr(date));
+        EXPECT_TRUE(MibIsFileExist(folder + "/PHOTO/PIC/P0000003.SVG"));
+    }
+    ASSERT_NE(deliveries[0].facts, deliveries[1].facts);
+    std::vector<std::thread> programs;
+    for (Delivery& delivery : deliveries) {
+        programs.emplace_back([&] {
+            for (int round = 0; round < 25; ++round) {
+                const CString facts = Run(delivery.command).output;
+                if (facts != delivery.facts) delivery.wrong.push_back(facts);
+            }
+        });
+    }
+    for (std::thread& program : programs) program.join();
+    for (const Delivery& delivery : deliveries) EXPECT_THAT(delivery.wrong, testing::IsEmpty());
+    EXPECT_FALSE(MibIsFolderExist(temp.Path("work/QVScratch/QV-SUITE/QVフォトビューアー")));
+}
+
 TEST_F(Headless, PreparesTheIndexInTheWorkFolder)
 {
     temp.Write("config/tovi/registry.ini",
                "[SOFTWARE\\Orvane Systems\\QVHomeKey]\nQVScratch=sz:" + temp.MakeFolder("work"));
     const CString folder = Sample({"--photos", "1", "--no-images"});
     const auto before = ReadFileTree(folder);
-    const CString copies = temp.Path("work/QVScratch/QV-SUITE/IndexCopy/");
-
     const ProgramResult made = Run({"tovi", "index", folder});
     EXPECT_EQ(made.status, 0);
     EXPECT_EQ(made.errors, "");
-    EXPECT_EQ(Json::parse(made.output), Json({{"path", copies + "INDEX_C.XML"}}));
-    EXPECT_THAT(temp.Read("work/QVScratch/QV-SUITE/IndexCopy/INDE_C07.XSL"),
-                HasSubstr("xsl:stylesheet"));
+    const CString copy = Json::parse(made.output)["path"];
+    EXPECT_THAT(copy, MatchesRegex(temp.Path("work/QVScratch/QV-SUITE/IndexCopy/.*/INDEX_C.XML")));
+    const CString copies =
+        copy.substr(temp.Path("").size(), copy.rfind('/') - temp.Path("").size());
+    EXPECT_THAT(temp.Read(copies + "/INDE_C07.XSL"), HasSubstr("xsl:stylesheet"));
     const ProgramResult page = Run({"tovi", "index", folder, "--html"});
-    EXPECT_EQ(Json::parse(page.output), Json({{"path", copies + "INDEX_C.html"}}));
-    EXPECT_THAT(temp.Read("work/QVScratch/QV-SUITE/IndexCopy/INDEX_C.html"),
+    EXPECT_EQ(Json::parse(page.output), Json({{"path", temp.Path(copies + "/INDEX_C.html")}}));
+    EXPECT_THAT(temp.Read(copies + "/INDEX_C.html"),
                 AllOf(HasSubstr("<html lang=\"ja\">"), HasSubstr("<h1>")));
     EXPECT_EQ(ReadFileTree(folder), before);
 

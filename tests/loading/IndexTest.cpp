@@ -15,6 +15,7 @@
 
 namespace
 {
+using testing::EndsWith;
 using testing::HasSubstr;
 
 constexpr const char* instruction = "<?xml-stylesheet type=\"text/xsl\" href=\"INDE_C07.XSL\"?>\n";
@@ -153,24 +154,23 @@ protected:
         return sample;
     }
 
-    CString CopyPath(const CString& name) const
+    CString Folder(const CString& copy) const { return copy.substr(0, copy.rfind('/') + 1); }
+    /// The bytes of the file \p path in the work area.
+    CString Copied(const CString& path) const
     {
-        return work.Path("QVScratch/QV-SUITE/IndexCopy/" + name);
+        EXPECT_THAT(path, testing::StartsWith(work.Path("QVScratch/QV-SUITE/IndexCopy/")));
+        return work.Read(path.substr(work.Path("").size()));
     }
-    CString Copied(const CString& name) const
-    {
-        return work.Read("QVScratch/QV-SUITE/IndexCopy/" + name);
-    }
-    /// The page that a browser makes of the copy \p name, following the stylesheet that it names.
-    CString PageOf(const CString& name) const
+    /// The page that a browser makes of the copy \p path, following the stylesheet that it names.
+    CString PageOf(const CString& path) const
     {
         // To a browser Shift_JIS is code page 932; xsltproc has to be told so.
-        work.Write("QVScratch/QV-SUITE/IndexCopy/page.xml",
-                   ReplaceAll(Copied(name), "Shift_JIS", "CP932"));
+        work.Write(Folder(path).substr(work.Path("").size()) + "page.xml",
+                   ReplaceAll(Copied(path), "Shift_JIS", "CP932"));
         const CString command =
-            "cd '" + CopyPath("") + "' && xsltproc --nonet -o page.html page.xml";
+            "cd '" + Folder(path) + "' && xsltproc --nonet -o page.html page.xml";
         EXPECT_EQ(std::system(command.c_str()), 0);
-        return Copied("page.html");
+        return Copied(Folder(path) + "page.html");
     }
 
     TempFolder work;
@@ -190,9 +190,9 @@ TEST_F(Index, OfEveryKindBecomesAPage)
                                                    ? PhotoXMLMaff
                                                    : PhotoXMLNexco);
             const CString path = sample.document->GetIndexPath();
-            ASSERT_EQ(path, CopyPath("INDEX_C.XML")) << schema.section;
-            EXPECT_FALSE(Copied(CString(schema.indexDtd)).empty()) << schema.section;
-            const CString page = PageOf("INDEX_C.XML");
+            ASSERT_THAT(path, EndsWith("/INDEX_C.XML")) << schema.section;
+            EXPECT_FALSE(Copied(Folder(path) + CString(schema.indexDtd)).empty()) << schema.section;
+            const CString page = PageOf(path);
             EXPECT_THAT(page, HasSubstr("<h1>" + builder.Work().name + "</h1>")) << schema.section;
             EXPECT_THAT(page, HasSubstr(builder.Work().contractor)) << schema.section;
         }
@@ -208,8 +208,9 @@ TEST_F(Index, OfAConsultingWorkTellsItsKindAndPeriod)
             "<履行期間-完了>未定</履行期間-完了></業務件名等></gyomudata>",
         "INDEX_D.XML");
     sample->temp.Write("INDE_D06.DTD", "");
-    ASSERT_EQ(sample->document->GetIndexPath(), CopyPath("INDEX_D.XML"));
-    const CString page = PageOf("INDEX_D.XML");
+    const CString path = sample->document->GetIndexPath();
+    ASSERT_THAT(path, EndsWith("/INDEX_D.XML"));
+    const CString page = PageOf(path);
     EXPECT_THAT(page, HasSubstr("業務管理ファイル"));
     EXPECT_THAT(page, HasSubstr("<h1>道路&amp;測量</h1>"));
     EXPECT_THAT(page, HasSubstr("2024年4月1日 ～ 未定"));
@@ -244,9 +245,9 @@ TEST_F(Index, FileIsToldByItsNameAndItsDoctypeLine)
         const bool isWide = c.bytes.starts_with("\xFF\xFE");
         const auto sample = Deliver(c.bytes + (isWide ? Utf16(root, false) : root), c.name);
         const CString path = sample->document->GetIndexPath();
-        EXPECT_EQ(path, c.stylesheet == "none" ? "" : CopyPath(c.name)) << c.what;
+        EXPECT_EQ(path.substr(path.rfind('/') + 1), c.stylesheet == "none" ? "" : c.name) << c.what;
         if (path.empty()) continue;
-        const CString copy = *DecodeText(Copied(c.name));
+        const CString copy = *DecodeText(Copied(path));
         EXPECT_THAT(copy, HasSubstr("href=\"" + c.stylesheet + "\"")) << c.what;
     }
 }
@@ -277,18 +278,39 @@ TEST_F(Index, FailsQuietlyAndTriesAgain)
     work.Write("QVScratch", "a file in place of the folder");
     EXPECT_EQ(sample->document->GetIndexPath(), "");
     std::filesystem::remove(work.Path("QVScratch"));
-    EXPECT_EQ(sample->document->GetIndexPath(), CopyPath("INDEX_C.XML"));
+    EXPECT_THAT(sample->document->GetIndexPath(), EndsWith("/INDEX_C.XML"));
     EXPECT_TRUE(sample->services.user.calls.empty());
     ToviEnouDataFactory factory;
     EXPECT_EQ(factory.GetNewIndexPath(index, "no folder"), "");
 
     // What was made before gives way, even when it is a link to somewhere else.
     const CString precious = work.Write("precious", "precious");
-    std::filesystem::remove(CopyPath("INDEX_C.XML"));
-    std::filesystem::create_symlink(precious, CopyPath("INDEX_C.XML"));
-    EXPECT_NE(factory.GetNewIndexPath(index, MibProgramPath()), "");
+    const CString copy = factory.GetNewIndexPath(index, MibProgramPath());
+    std::filesystem::remove(copy);
+    std::filesystem::create_symlink(precious, copy);
+    EXPECT_EQ(factory.GetNewIndexPath(index, MibProgramPath()), copy);
     EXPECT_EQ(work.Read("precious"), "precious");
-    EXPECT_THAT(Copied("INDEX_C.XML"), HasSubstr("href=\"\""));
+    EXPECT_THAT(Copied(copy), HasSubstr("href=\"\""));
+}
+
+TEST_F(Index, OfOneDeliveryIsNotThatOfAnother)
+{
+    const CString xml =
+        DoctypeOf("constdata", "INDE_C07.DTD") + "\n<constdata DTD_version=\"07\"/>\n";
+    const auto one = Deliver(xml);
+    const auto other = Deliver(xml + "<!-- other -->\n");
+    const CString copy = one->document->GetIndexPath();
+    const CString bytes = Copied(copy);
+    EXPECT_NE(other->document->GetIndexPath(), copy);
+    EXPECT_EQ(Copied(copy), bytes);
+    const auto made = std::filesystem::last_write_time(Folder(copy));
+    const auto setDays = [&](int days) {
+        std::filesystem::last_write_time(Folder(copy), made - std::chrono::hours(24 * days));
+        EXPECT_EQ(MakeIndexPage(*other->document).problem, "");
+        return MibIsFileExist(copy);
+    };
+    EXPECT_TRUE(setDays(29));
+    EXPECT_FALSE(setDays(31)) << "nobody has asked for it for long";
 }
 
 TEST_F(Index, BecomesAPageUnlessItIsBrokenOrEndless)
@@ -300,15 +322,15 @@ TEST_F(Index, BecomesAPageUnlessItIsBrokenOrEndless)
     const auto sample = Deliver(*Cp932::Encode(xml + rest));
     const IndexPage page = MakeIndexPage(*sample->document);
     EXPECT_EQ(page.problem, "");
-    EXPECT_EQ(page.path, CopyPath("INDEX_C.html"));
-    EXPECT_THAT(Copied("INDEX_C.html"), HasSubstr("<h1>髙橋①橋</h1>"));
+    EXPECT_THAT(page.path, EndsWith("/INDEX_C.html"));
+    EXPECT_THAT(Copied(page.path), HasSubstr("<h1>髙橋①橋</h1>"));
 
     const CString small = xml;
     constexpr std::size_t large = 4'000'000;
     while (xml.size() < large) xml += "<住所情報><住所>静岡県</住所></住所情報>\n";
     sample->temp.Write("INDEX_C.XML", *Cp932::Encode(xml + rest));
     EXPECT_EQ(MakeIndexPage(*sample->document).problem, "");
-    EXPECT_GT(Copied("INDEX_C.html").size(), large);
+    EXPECT_GT(Copied(page.path).size(), large);
     for (const CString& bad : {small, xml + xml + xml + rest}) {
         sample->temp.Write("INDEX_C.XML", *Cp932::Encode(bad));
         EXPECT_THAT(MakeIndexPage(*sample->document).problem, HasSubstr("ページにできません"));
@@ -336,13 +358,13 @@ TEST_F(Index, TakesNothingFromOutsideAndLeavesTheDeliveryAlone)
     std::filesystem::remove(delivery.Path("INDEX_C.XML"));
     delivery.Write("INDEX_C.XML", xml);
     std::filesystem::create_symlink(outside, delivery.Path("INDE_C99.DTD"));
-    EXPECT_EQ(sample->document->GetIndexPath(), CopyPath("INDEX_C.XML"));
-    EXPECT_FALSE(std::filesystem::exists(CopyPath("INDE_C99.DTD")));
+    const CString copy = sample->document->GetIndexPath();
+    EXPECT_THAT(Copied(copy), HasSubstr("INDE_C07.XSL"));
+    EXPECT_FALSE(std::filesystem::exists(Folder(copy) + "INDE_C99.DTD"));
     EXPECT_EQ(delivery.Read("INDEX_C.XML"), xml);
 
-    // A delivery in the very folder of the copies isn't overwritten.
+    // A delivery amid the copies isn't overwritten.
     ToviEnouDataFactory factory;
-    EXPECT_EQ(factory.GetNewIndexPath(CopyPath("INDEX_C.XML"), "/a/B.XSL"), "");
-    EXPECT_THAT(Copied("INDEX_C.XML"), HasSubstr("INDE_C07.XSL"));
+    EXPECT_EQ(factory.GetNewIndexPath(copy, "/a/B.XSL"), "");
 }
 } // namespace

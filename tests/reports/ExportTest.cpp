@@ -214,7 +214,7 @@ TEST(OutputOne, AsksForTheName)
 {
     for (const auto& [name, extension, pattern] : {std::tuple{"A.JPG", "JPG", "*.JPG"},
                                                    {"A.SVG", "SVG", "*.SVG"},
-                                                   {"a.svg", "JPG", "*.JPG"}}) {
+                                                   {"a.svg", "SVG", "*.SVG"}}) {
         Shown shown({name});
         auto& user = shown.services.user;
         user.saveFiles = {

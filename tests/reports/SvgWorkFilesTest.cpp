@@ -19,22 +19,26 @@ TEST(SvgWorkFiles, AreMadeOnceAndThenUsedAgain)
                     before.driveTypeOf});
     const CString svg = temp.Write(
         "D1.SVG", "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"40\" height=\"30\"/>");
-    const CString folder = SuiteFolder() + svgWorkFolder + "/";
-    std::filesystem::create_directories(folder + "D1_thumb.jpg");
+    const CString twin = temp.Write("b/D1.SVG", "no drawing");
     CString thumb;
     CString page;
-    EXPECT_TRUE(MakeSvgThumb(svg.c_str(), thumb)) << "an empty folder makes room";
-    EXPECT_TRUE(MakeSvgPage(svg.c_str(), page));
-    EXPECT_EQ(thumb, folder + "D1_thumb.jpg");
-    EXPECT_EQ(page, folder + "D1.htm");
-    EXPECT_TRUE(std::filesystem::is_regular_file(thumb));
-    temp.Write("D1.SVG", "no drawing any more");
     EXPECT_TRUE(MakeSvgThumb(svg.c_str(), thumb));
     EXPECT_TRUE(MakeSvgPage(svg.c_str(), page));
-    std::filesystem::remove(thumb);
-    std::filesystem::remove(page);
+    const CString madeThumb = thumb;
+    const auto made = std::filesystem::last_write_time(page);
+    EXPECT_TRUE(MakeSvgThumb(svg.c_str(), thumb));
+    EXPECT_TRUE(MakeSvgPage(svg.c_str(), page));
+    EXPECT_EQ(thumb, madeThumb);
+    EXPECT_EQ(std::filesystem::last_write_time(page), made);
+    EXPECT_FALSE(MakeSvgThumb(twin.c_str(), thumb));
+    EXPECT_NE(thumb, madeThumb);
+    temp.Write("D1.SVG", "no drawing any more");
     EXPECT_FALSE(MakeSvgThumb(svg.c_str(), thumb));
     EXPECT_FALSE(MakeSvgPage(svg.c_str(), page));
+    EXPECT_TRUE(std::filesystem::exists(madeThumb));
+    std::filesystem::remove_all(SuiteFolder());
+    temp.Write("D1.SVG", "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"40\" height=\"30\"/>");
+    EXPECT_TRUE(MakeSvgThumb(svg.c_str(), thumb)) << "after somebody has cleared the work folder";
     SetEnvironment(before);
 }
 } // namespace

@@ -14,6 +14,7 @@
 
 namespace
 {
+using testing::ContainsRegex;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using Kind = ScriptedUserInterface::CallKind;
@@ -109,10 +110,10 @@ TEST_F(Outputs, ShowTheIndexInTheBrowser)
     const auto& calls = Choose(FrameCommand::ShowIndex);
     ASSERT_EQ(calls.size(), 1u);
     EXPECT_EQ(calls[0].kind, Kind::OpenFile);
-    EXPECT_THAT(calls[0].text, HasSubstr("/IndexCopy/INDEX_C.html"));
+    EXPECT_THAT(calls[0].text, ContainsRegex("/IndexCopy/.*/INDEX_C.html$"));
     host.user.opensFiles = false;
     Choose(FrameCommand::ShowIndex);
-    EXPECT_THAT(host.user.Messages()[0], HasSubstr("/IndexCopy/INDEX_C.html"));
+    EXPECT_THAT(host.user.Messages()[0], ContainsRegex("/IndexCopy/.*/INDEX_C.html"));
     std::filesystem::remove(Disc(1) + "/INDEX_C.XML");
     Choose(FrameCommand::ShowIndex);
     EXPECT_THAT(host.user.Messages()[0], HasSubstr("INDEX_*.XML"));

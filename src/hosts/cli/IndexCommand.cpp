@@ -62,6 +62,7 @@ void AddIndexCommand(CLI::App& app, int& status)
     command->add_flag("--html", arguments.html,
                       "XMLの写しの代わりに、どのブラウザでも開けるHTMLのページを作る");
     command->footer("出力: {\"path\":写しまたはページのパス}\n"
-                    "作業フォルダにでき、次の納品データのもので上書きされる");
+                    "作業フォルダの IndexCopy "
+                    "に納品データごとにでき、最後に作ってから30日たつと、次に作るときに消える");
     command->callback([&status] { status = Run(arguments); });
 }
