@@ -9,17 +9,18 @@
 
 namespace
 {
-/// False for a name that is more than one, which would make another folder of the path.
+/// False for a name that is none, which would leave nothing in the path to go on from, or more than
+/// one, which would make another folder of it.
 bool TakesPart(const CString& name)
 {
     constexpr std::string_view separators("/\\\0", 3);
-    return name.find_first_of(separators) == CString::npos;
+    return !name.empty() && name.find_first_of(separators) == CString::npos;
 }
 
 /// False for a name that would lead out of the folder it is put into.
 bool IsPlainName(const CString& name)
 {
-    return !name.empty() && name != "." && name != ".." && TakesPart(name);
+    return name != "." && name != ".." && TakesPart(name);
 }
 
 CString FolderOf(const CString& path)
@@ -33,7 +34,7 @@ PhotoExport::PhotoExport(ToviData& shown) : document(shown)
     const int nameIndex = document.GetItemDef()->GetIndexFromTitle("写真ファイル名");
     for (const int index : document.GetCurrentArray()) {
         ToviPhoto* const photo = document.GetPhotoActualPhotoArray(index);
-        photos.push_back({photo->GetTitle(nameIndex), photo});
+        photos.push_back({photo->GetTitle(nameIndex), index, photo});
     }
 }
 
@@ -53,7 +54,7 @@ bool PhotoExport::IsFree(const CString& folder)
 void PhotoExport::MoveTo(const CString& name)
 {
     if (!TakesPart(name)) return;
-    if (!targetName.empty()) target = ReplaceAll(target, targetName, name);
+    target = ReplaceAll(target, targetName, name);
     targetName = name;
 }
 
@@ -70,7 +71,7 @@ PhotoExport::Outcome PhotoExport::CopyAll()
             written.insert(target);
             outcome.bytes += MibFileSize(target);
         } else {
-            outcome.failures.push_back({photo.name, failure});
+            outcome.failures.push_back({photo.name, photo.index, IdentityOf(photo), failure});
         }
         progress.SetMessage(Format("写真の保存中　%d / %d", outcome.copied, Count()));
         outcome.cancelled = progress.GetCancel();
@@ -78,6 +79,16 @@ PhotoExport::Outcome PhotoExport::CopyAll()
         progress.StepIt();
     }
     return outcome;
+}
+
+CString PhotoExport::IdentityOf(const Source& photo) const
+{
+    if (!photo.name.empty()) return photo.name;
+    const CString serial =
+        photo.photo->GetTitle(document.GetItemDef()->GetIndexFromTitle("シリアル番号"));
+    const CString number = Format("%d枚目", photo.index + 1);
+    return "写真ファイル名のない写真（" +
+           (serial.empty() ? number : "シリアル番号 " + serial + "、" + number) + "）";
 }
 
 CopyFailure PhotoExport::Copy(const Source& photo) const

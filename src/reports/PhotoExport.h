@@ -14,8 +14,8 @@ class ToviPhoto;
 ///
 /// The target of a photograph is made from that of the one before, by replacing its name in the
 /// whole text of the path by the next name: a folder whose path holds a photograph's name changes
-/// on the way. A name with a separator in it takes no part. IsFree() goes first and CopyAll() goes
-/// on with the path where it stopped.
+/// on the way. A name that is empty or has a separator in it takes no part. IsFree() goes first and
+/// CopyAll() goes on with the path where it stopped.
 class TOVI_EXPORT PhotoExport
 {
 public:
@@ -31,6 +31,10 @@ public:
     struct Failure
     {
         CString name;
+        /// In the order of PHOTO.XML.
+        int index;
+        /// The name; of a photograph without one, its numbers in words.
+        CString identity;
         CopyFailure reason;
     };
     struct Outcome
@@ -49,10 +53,12 @@ private:
     struct Source
     {
         CString name;
+        int index;
         ToviPhoto* photo;
     };
 
     void MoveTo(const CString& name);
+    CString IdentityOf(const Source& photo) const;
     CopyFailure Copy(const Source& photo) const;
 
     ToviData& document;

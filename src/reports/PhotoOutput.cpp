@@ -15,6 +15,8 @@ namespace
 constexpr const char* inDelivery =
     "納品データのフォルダには保存できません。\n別のフォルダを指定してください。";
 
+constexpr int longestList = 10;
+
 void Tell(const CString& text, MessageIcon icon = MessageIcon::Information)
 {
     const HostServices& host = GetHostServices();
@@ -34,6 +36,19 @@ CString WhyNotTo(const CString& folder, const ToviData& document, PhotoExport& p
     if (photos.IsFree(folder)) return {};
     return "指定フォルダには出力ファイルと同名のファイルが存在します。\n別のフォルダを指定してくだ"
            "さい。";
+}
+
+/// The photographs that failed for want of a name, which nobody could find by what is missing.
+CString WhichHaveNoName(const PhotoExport::Outcome& outcome)
+{
+    CString text;
+    int count = 0;
+    for (const PhotoExport::Failure& failure : outcome.failures) {
+        if (!failure.name.empty()) continue;
+        if (++count <= longestList) text += '\n' + failure.identity;
+    }
+    if (count > longestList) text += Format("\nほか%d枚", count - longestList);
+    return text.empty() ? text : "\n\n保存できなかった写真：" + text;
 }
 
 /// Lets the user choose until the photographs can go there; empty when he gives up.
@@ -79,9 +94,10 @@ void OutputAllPhoto(ToviData& document)
     const CString folder = ChooseFolder(document, photos);
     if (folder.empty()) return;
     SetOutputPhotoFolderPath(folder);
-    const int copied = photos.CopyAll().copied;
+    const PhotoExport::Outcome outcome = photos.CopyAll();
     Tell(Format("処理を完了しました。\n\n対象枚数   ： %d枚\nコピー枚数： %d枚\n失敗枚数   ： %d枚",
-                photos.Count(), copied, photos.Count() - copied));
+                photos.Count(), outcome.copied, photos.Count() - outcome.copied) +
+         WhichHaveNoName(outcome));
 }
 
 void SaveUnderChosenName(const ToviData& document, const CString& name, bool isSvg,

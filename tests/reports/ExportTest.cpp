@@ -35,7 +35,7 @@ struct Shown : OpenedSample
         : OpenedSample(Builder(names))
     {
         for (const CString& name : names) {
-            const bool isPlain = name.find('/') == CString::npos && name != "..";
+            const bool isPlain = !name.empty() && name.find('/') == CString::npos && name != "..";
             if (files && isPlain) temp.Write("PHOTO/PIC/" + name, "bytes of " + name);
         }
         document->SetSelected(document.get(), true);
@@ -129,8 +129,6 @@ TEST(OutputAll, ReplacesNamesInTheWholePath)
         // A name with a separator would make another folder of the path.
         {{"A.JPG", "/", "N.JPG"}, "plain", "x", 2, "A.JPG N.JPG ", ""},
         {{"/", "A.JPG"}, "plain", "x", 1, "A.JPG ", ""},
-        // A photograph without a name leaves nothing in the path to go on from.
-        {{"A.JPG", "", "B.JPG"}, "plain", "x", 0, "", ""},
     };
     for (const auto& c : cases) {
         Shown shown(c.names);
@@ -141,6 +139,23 @@ TEST(OutputAll, ReplacesNamesInTheWholePath)
         EXPECT_EQ(Shown::NamesIn(folder), c.inFolder) << c.folder;
         EXPECT_EQ(Shown::NamesIn(also), c.inAlso) << c.folder;
     }
+}
+
+TEST(OutputAll, LeavesOutAPhotographWithoutAName)
+{
+    for (const std::vector<CString>& names : {std::vector<CString>{"", "A.JPG", "B.JPG"},
+                                              {"A.JPG", "", "B.JPG"},
+                                              {"A.JPG", "B.JPG", ""}}) {
+        Shown shown(names);
+        const auto nameless = std::find(names.begin(), names.end(), "") - names.begin();
+        const CString told = shown.Output({shown.out.MakeFolder("plain")})[0];
+        EXPECT_THAT(told, testing::StartsWith(Summary(3, 2)));
+        EXPECT_THAT(told, testing::HasSubstr(Format("、%d枚目）", static_cast<int>(nameless) + 1)));
+        EXPECT_EQ(Shown::NamesIn(shown.out.Path("plain")), "A.JPG B.JPG ");
+    }
+    Shown none({"", ""});
+    EXPECT_THAT(none.Output({none.out.Path()})[0], testing::StartsWith(Summary(2, 0)));
+    EXPECT_EQ(Shown::NamesIn(none.out.Path()), "");
 }
 
 TEST(OutputAll, OverwritesNothingWhereNobodyLooked)

@@ -31,11 +31,12 @@ constexpr Reason reasons[] = {
     {CopyFailure::Other, "この名前では保存できない"},
 };
 
-const char* TextOf(CopyFailure failure)
+const char* ReasonOf(const PhotoExport::Failure& failure)
 {
+    if (failure.name.empty()) return "写真ファイル名がない";
     const auto* found =
         std::find_if(std::begin(reasons), std::end(reasons),
-                     [failure](const Reason& known) { return known.failure == failure; });
+                     [&failure](const Reason& known) { return known.failure == failure.reason; });
     return found->text;
 }
 
@@ -47,7 +48,8 @@ Json SummaryOf(const CString& folder, int photos, const PhotoExport::Outcome& ou
         if (failure.reason == CopyFailure::NoSource) {
             missing.push_back(failure.name);
         } else {
-            failed.push_back({{"name", failure.name}, {"reason", TextOf(failure.reason)}});
+            failed.push_back(
+                {{"name", failure.name}, {"index", failure.index}, {"reason", ReasonOf(failure)}});
         }
     }
     return {{"folder", folder},
@@ -68,8 +70,7 @@ int TellOutcome(const PhotoExport::Outcome& outcome)
     if (outcome.failures.empty()) return ExitDone;
     Complain(Format("%d枚の写真を保存できませんでした（%s ほか: %s）。",
                     static_cast<int>(outcome.failures.size()),
-                    outcome.failures.front().name.c_str(),
-                    TextOf(outcome.failures.front().reason)));
+                    outcome.failures.front().identity.c_str(), ReasonOf(outcome.failures.front())));
     return ExitFailed;
 }
 
@@ -116,6 +117,6 @@ void AddExportCommand(CLI::App& app, int& status)
     AddConditionOptions(*command, arguments.conditions);
     command->footer(
         "出力: {\"folder\",\"photos\":枚数,\"copied\",\"bytes\",\"missing\":[ファイル名],"
-        "\"failed\":[{\"name\",\"reason\"}],\"cancelled\"}");
+        "\"failed\":[{\"name\",\"index\",\"reason\"}],\"cancelled\"}");
     command->callback([&status] { status = Run(arguments); });
 }
