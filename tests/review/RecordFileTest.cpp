@@ -20,8 +20,8 @@ class OpenRecord : public testing::Test
 protected:
     OpenRecord()
     {
-        const CString work = sample.temp.MakeFolder("work");
-        SetEnvironment({Registry(sample.temp.Path("user.ini"), sample.temp.Path("machine.ini")),
+        const CString work = temp.MakeFolder("work");
+        SetEnvironment({Registry(temp.Path("user.ini"), temp.Path("machine.ini")),
                         {"", work, work, work},
                         {}});
         Paste(0, LabelOk);
@@ -48,7 +48,7 @@ protected:
     {
         const PhotoReviews mine = ReviewsOf(*sample.document);
         RecordFile file;
-        EXPECT_EQ(file.Load(*sample.document, sample.temp.Path(name)), "");
+        EXPECT_EQ(file.Load(*sample.document, temp.Path(name)), "");
         const CString text = Here();
         SetReviews(*sample.document, mine);
         return text;
@@ -67,7 +67,9 @@ protected:
 
     OpenedSample sample{DeliveryBuilder({.photos = 8, .drawings = 0, .images = false})};
     ScriptedUserInterface& user = sample.services.user;
-    CString path = sample.temp.Path("r.xml");
+    /// Where no delivery is.
+    TempFolder temp;
+    CString path = temp.Path("r.xml");
     RecordFile record;
 };
 
@@ -129,9 +131,9 @@ TEST_F(OpenRecord, NeverWritesOverWhatOthersHaveSaved)
     user.options = {1};
     EXPECT_EQ(Save().outcome, Outcome::GivenUp) << "no other name was chosen";
     EXPECT_TRUE(user.saveQuestion.name.starts_with("r (2).xml"));
-    sample.temp.Write("r (2).xml", "");
+    temp.Write("r (2).xml", "");
     user.options = {1};
-    user.saveFiles = {sample.temp.Path("二.xml")};
+    user.saveFiles = {temp.Path("二.xml")};
     const RecordFile::SaveResult result = Save();
     EXPECT_EQ(user.saveQuestion.name, "r (3).xml");
     EXPECT_EQ(result.outcome, Outcome::Elsewhere);
@@ -144,12 +146,12 @@ TEST_F(OpenRecord, NeverWritesOverWhatOthersHaveSaved)
 
 TEST_F(OpenRecord, DoesNotMergeWithWhatItCannotRead)
 {
-    sample.temp.Write("r.xml", "<検査状況>");
+    temp.Write("r.xml", "<検査状況>");
     user.options = {0};
     user.saveFiles = {path + "2"};
     EXPECT_EQ(Save().outcome, Outcome::Elsewhere);
     EXPECT_EQ(user.choice.options.GetSize(), 1);
-    EXPECT_EQ(sample.temp.Read("r.xml"), "<検査状況>");
+    EXPECT_EQ(temp.Read("r.xml"), "<検査状況>");
 }
 
 TEST_F(OpenRecord, SeesWhatComesWhileTheUserThinks)
@@ -178,7 +180,7 @@ TEST_F(OpenRecord, SeesWhatComesWhileTheUserThinks)
 
 TEST_F(OpenRecord, FollowsALinkToItsRecord)
 {
-    sample.temp.Write("real/r.xml", sample.temp.Read("r.xml"));
+    temp.Write("real/r.xml", temp.Read("r.xml"));
     std::filesystem::remove(path);
     std::filesystem::create_symlink("real/r.xml", path);
     EXPECT_EQ(record.Load(*sample.document, path), "");
@@ -186,14 +188,14 @@ TEST_F(OpenRecord, FollowsALinkToItsRecord)
     EXPECT_EQ(Save().outcome, Outcome::Saved);
     EXPECT_TRUE(std::filesystem::is_symlink(path));
     EXPECT_EQ(Saved("real/r.xml"), "0,,,,1,,,,");
-    RecordHold hold(sample.temp.Path("real/../real/r.xml"));
+    RecordHold hold(temp.Path("real/../real/r.xml"));
     EXPECT_EQ(hold.Take(), RecordHold::Outcome::Held);
     EXPECT_EQ(RecordHold(path).Take({}), RecordHold::Outcome::Others);
 }
 
 TEST_F(OpenRecord, WaitsForWhoeverHoldsIt)
 {
-    const CString before = sample.temp.Read("r.xml");
+    const CString before = temp.Read("r.xml");
     RecordHold hold(path);
     ASSERT_EQ(hold.Take(), RecordHold::Outcome::Held);
     Paste(1, LabelNg1);
@@ -204,7 +206,7 @@ TEST_F(OpenRecord, WaitsForWhoeverHoldsIt)
                 testing::Contains(AllOf(StartsWith("message r.xml が空くのを待っています"),
                                         HasSubstr("tovi-review-tests"),
                                         HasSubstr(std::to_string(getpid())))));
-    EXPECT_EQ(sample.temp.Read("r.xml"), before);
+    EXPECT_EQ(temp.Read("r.xml"), before);
     user.cancelAtPumps = {};
     user.onPump = [&hold] { hold.Release(); };
     EXPECT_EQ(Save().outcome, Outcome::Saved);
