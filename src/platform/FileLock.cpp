@@ -82,17 +82,6 @@ bool StandsAt(const CString& path, int file)
     return fstat(file, &opened) == 0 && lstat(path.c_str(), &there) == 0 &&
            opened.st_ino == there.st_ino && opened.st_dev == there.st_dev;
 }
-/// \p line as it can be shown; empty when it holds what would steer a terminal.
-CString Shown(const CString& line)
-{
-    std::string_view left = line;
-    while (!left.empty()) {
-        const char32_t codePoint = TakeCodePoint(left);
-        const bool steers = codePoint < U' ' || (codePoint >= 0x7F && codePoint < 0xA0);
-        if (steers || codePoint == 0xFFFD) return {};
-    }
-    return line;
-}
 } // namespace
 
 FileLock::FileLock(const CString& path)
@@ -137,9 +126,7 @@ LockHolder FileLock::Holder() const
     LockHolder holder;
     std::istringstream lines(note);
     for (CString* field : {&holder.program, &holder.process, &holder.user, &holder.host}) {
-        CString line;
-        std::getline(lines, line);
-        *field = Shown(line);
+        std::getline(lines, *field);
     }
     return holder;
 }

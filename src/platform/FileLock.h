@@ -6,7 +6,8 @@
 
 class FileDescriptor;
 
-/// Who holds a lock. What isn't known is empty.
+/// Who holds a lock, in the words of a file that anybody may have written. What isn't known is
+/// empty.
 struct LockHolder
 {
     CString program;
@@ -14,8 +15,6 @@ struct LockHolder
     CString process;
     CString user;
     CString host;
-
-    bool operator==(const LockHolder&) const = default;
 };
 
 /// The right to change a file, against all programs that ask for it in this way, also on other

@@ -82,14 +82,6 @@ TEST(FileLock, LetsEverybodyInWhereThereCanBeNone)
     }
 }
 
-TEST(FileLock, ShowsNoNoteThatSteersATerminal)
-{
-    const TempFolder temp;
-    temp.Write(".r.xml.lock", "\x1b[2Jtovi\n12\n\xC2\x9B"
-                              "5m\n\xFFhost\n");
-    EXPECT_EQ(FileLock(temp.Path("r.xml")).Holder(), (LockHolder{"", "12", "", ""}));
-}
-
 TEST(MibTargetPath, IsOneForEveryWayToAFile)
 {
     const TempFolder temp;
