@@ -141,7 +141,7 @@ void RemoveOldCopies(const CString& copies)
 void CopyInto(const CString& folder, const CString& from)
 {
     const auto bytes = MibReadFile(from, largestIndexFile);
-    if (bytes) static_cast<void>(WriteFileAtomically(folder + MibGetFileName(from), *bytes));
+    if (bytes) static_cast<void>(WriteWorkFile(folder + MibGetFileName(from), *bytes));
 }
 
 /// The last DTD in \p folder that lies there in truth, or empty.
@@ -190,7 +190,7 @@ CString MakeIndexCopy(const CString& indexPath, const CString& stylesheetPath)
     const FolderLock lock(copies);
     RemoveOldCopies(copies);
     if (!bytes || !MibCreateDirectory(folder) ||
-        !WriteFileAtomically(copy, WithStylesheet(*bytes, MibGetFileName(stylesheetPath)))) {
+        !WriteWorkFile(copy, WithStylesheet(*bytes, MibGetFileName(stylesheetPath)))) {
         return {};
     }
     // A browser shows the page without its DTD, and the failure of the other shows in the page.

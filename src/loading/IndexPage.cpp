@@ -44,7 +44,7 @@ IndexPage MakeIndexPage(ToviData& document)
                             "の作成元に確かめてください。"};
     }
     CString page = copy.substr(0, copy.rfind('.')) + ".html";
-    if (!WriteFileAtomically(page, *html)) return {"", WhyNotWritten(index)};
+    if (!WriteWorkFile(page, *html)) return {"", WhyNotWritten(index)};
     return {std::move(page), ""};
 }
 

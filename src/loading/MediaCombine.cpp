@@ -147,7 +147,9 @@ bool MediaCombine::CopyFilesAbove(const CString& source) const
         return false;
     }
     MibCreateDirectory(area.photoFolder);
-    for (const CString& file : files) MibFileDirCopy(file, area.folder, true);
+    for (const CString& file : files) {
+        MibFileDirCopy(file, area.folder, true, IntoDelivery::Allowed);
+    }
     return true;
 }
 

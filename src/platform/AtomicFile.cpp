@@ -1,6 +1,7 @@
 #include "platform/AtomicFile.h"
 
 #include "platform/FileReplacement.h"
+#include "platform/WriteTarget.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -13,31 +14,21 @@ namespace
 constexpr mode_t permissionBits = 0777;
 constexpr mode_t newFilePermissions = 0666;
 
-/// What the new file takes over from the one in its place.
-struct Target
+/// Finds the file that is to be replaced and looks at it.
+WriteFailure Examine(const CString& path, WriteTarget& target)
 {
-    bool exists = false;
-    struct stat facts = {};
-};
-
-/// Looks at the file that is to be replaced. 0, or the error number that forbids it.
-int Examine(const CString& path, Target& target)
-{
-    if (path.empty()) return ENOENT;
-    if (stat(path.c_str(), &target.facts) != 0) return errno == ENOENT ? 0 : errno;
-    target.exists = true;
-    if (!S_ISREG(target.facts.st_mode)) return EACCES;
+    const WriteFailure failure = FindWriteTarget(path, IntoDelivery::Refused, target);
+    if (failure != WriteFailure::None || !target.exists) return failure;
     // A rename needs no right on the file itself, and an administrator's program may do everything:
     // both would run over a file that its owner has made read-only.
-    const bool readOnly = (target.facts.st_mode & S_IWUSR) == 0;
-    return readOnly || faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) != 0 ? EACCES : 0;
+    const bool readOnly = (target.facts.st_mode & S_IWUSR) == 0 ||
+                          faccessat(AT_FDCWD, target.path.c_str(), W_OK, AT_EACCESS) != 0;
+    return readOnly ? WriteFailure::NotWritable : WriteFailure::None;
 }
 
-int Replace(const CString& path, std::string_view bytes)
+int Replace(const WriteTarget& old, std::string_view bytes)
 {
-    Target old;
-    if (const int error = Examine(path, old)) return error;
-    FileReplacement replacement(path);
+    FileReplacement replacement(old.path);
     const mode_t permissions = old.exists ? old.facts.st_mode & permissionBits : newFilePermissions;
     if (const int error = replacement.Open(permissions)) return error;
     if (old.exists) {
@@ -50,36 +41,35 @@ int Replace(const CString& path, std::string_view bytes)
     replacement.FlushFolder();
     return 0;
 }
-
-WriteFailure FailureOf(int error)
-{
-    switch (error) {
-    case 0:
-        return WriteFailure::None;
-    case ENOSPC:
-    case EDQUOT:
-    case EFBIG:
-        return WriteFailure::NoSpace;
-    case EACCES:
-    case EPERM:
-    case EROFS:
-    case EISDIR:
-        return WriteFailure::NotWritable;
-    default:
-        return WriteFailure::Other;
-    }
-}
 } // namespace
 
 WriteFailure WhyNotReplaceable(const CString& path)
 {
-    Target target;
-    return FailureOf(Examine(path, target));
+    WriteTarget target;
+    const WriteFailure failure = Examine(path, target);
+    if (failure != WriteFailure::None) return failure;
+    const bool isOpen = faccessat(AT_FDCWD, target.Folder().c_str(), W_OK, AT_EACCESS) == 0;
+    return isOpen ? WriteFailure::None : FailureOf(errno);
+}
+
+CString WhyNotReplaced(const CString& path)
+{
+    const WriteFailure failure = WhyNotReplaceable(path);
+    return WhyNotWritten(path, failure == WriteFailure::None ? WriteFailure::Other : failure);
 }
 
 bool WriteFileAtomically(const CString& path, std::string_view bytes, WriteFailure* failure)
 {
-    const int error = Replace(path, bytes);
-    if (failure != nullptr) *failure = FailureOf(error);
-    return error == 0;
+    WriteTarget target;
+    WriteFailure reason = Examine(path, target);
+    if (reason == WriteFailure::None) reason = FailureOf(Replace(target, bytes));
+    if (failure != nullptr) *failure = reason;
+    return reason == WriteFailure::None;
+}
+
+bool WriteWorkFile(const CString& path, std::string_view bytes)
+{
+    struct stat facts;
+    if (lstat(path.c_str(), &facts) == 0 && S_ISLNK(facts.st_mode)) unlink(path.c_str());
+    return WriteFileAtomically(path, bytes);
 }

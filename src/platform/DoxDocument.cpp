@@ -147,7 +147,7 @@ bool DoxDocument::Load(const CString& path, bool, CStringArray* errors)
 bool DoxDocument::LoadThroughFile(const CString& path, std::string_view bytes)
 {
     const FolderLock lock(path.substr(0, path.rfind('/') + 1));
-    const bool loaded = WriteFileAtomically(path, bytes) && Load(path, false, nullptr);
+    const bool loaded = WriteWorkFile(path, bytes) && Load(path, false, nullptr);
     MibDeleteFile(path);
     return loaded;
 }

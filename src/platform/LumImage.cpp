@@ -122,18 +122,26 @@ bool LumImage::ConvGrayScaleFromMono()
     return true;
 }
 
-bool LumImage::Save(const char* path, LumImageType type, unsigned quality) const
+std::optional<std::string> LumImage::Encode(LumImageType type, unsigned quality) const
 {
     const auto* format =
         std::find_if(std::begin(writeFormats), std::end(writeFormats),
                      [type](const WriteFormat& known) { return known.type == type; });
-    if (!picture || format == std::end(writeFormats)) return false;
+    if (!picture || format == std::end(writeFormats)) return std::nullopt;
     const int percent = jpegQualities[std::min<std::size_t>(quality, std::size(jpegQualities) - 1)];
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
-    if (!picture->image.save(&buffer, format->name, type == LumJpeg ? percent : -1)) return false;
-    return WriteFileAtomically(path, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
+    if (!picture->image.save(&buffer, format->name, type == LumJpeg ? percent : -1)) {
+        return std::nullopt;
+    }
+    return bytes.toStdString();
+}
+
+bool LumImage::Save(const char* path, LumImageType type, unsigned quality) const
+{
+    const auto bytes = Encode(type, quality);
+    return bytes && WriteFileAtomically(path, *bytes);
 }
 
 bool LumImage::GetCommentImageSize(const char* path, int& width, int& height)
@@ -179,7 +187,7 @@ CString LumImage::TotalPixelsText(int width, int height)
 bool LumImage::GetMainImageFromSvg(const char* svgPath, const char* outPath)
 {
     const std::optional<std::string> jpeg = ReadMainImageOfSvg(svgPath);
-    if (jpeg && WriteFileAtomically(outPath, *jpeg)) return true;
+    if (jpeg && WriteWorkFile(outPath, *jpeg)) return true;
     // What an earlier photograph of this name has left would pass for this one's picture.
     std::remove(outPath);
     return false;

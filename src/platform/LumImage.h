@@ -39,7 +39,7 @@ enum LumCMNT
 /// The texts of one file by their LumCMNT; nothing where the file has no such field.
 using LumComments = std::array<std::optional<CString>, LumCmntCount>;
 
-/// The file formats that LumImage::Save writes.
+/// The file formats that LumImage writes.
 enum LumImageType
 {
     LumBitmap = 1,
@@ -88,7 +88,10 @@ public:
     /// when the picture isn't bi-level.
     bool ConvGrayScaleFromMono();
 
-    /// Writes the picture to \p path, whole or not at all. \p quality is 0 (small), 1 or 2 (best).
+    /// The bytes of a file with the picture; nothing without a picture or when that fails. \p
+    /// quality is 0 (small), 1 or 2 (best).
+    std::optional<std::string> Encode(LumImageType type, unsigned quality) const;
+    /// Writes these bytes to \p path, whole or not at all.
     bool Save(const char* path, LumImageType type, unsigned quality) const;
 
     /// The dimensions that the header of the file \p path tells, before any turning. False when it

@@ -4,6 +4,7 @@
 #include "platform/FileReplacement.h"
 #include "platform/MibFile.h"
 #include "platform/RegularFile.h"
+#include "platform/WriteTarget.h"
 
 #include <unistd.h>
 
@@ -22,25 +23,6 @@ constexpr mode_t permissionBits = 0777;
 /// Until the copy is whole nobody else need see it.
 constexpr mode_t whileCopying = 0600;
 constexpr std::size_t largestStep = std::size_t{1} << 30;
-
-CopyFailure FailureOf(int error)
-{
-    switch (error) {
-    case 0:
-        return CopyFailure::None;
-    case ENOSPC:
-    case EDQUOT:
-    case EFBIG:
-        return CopyFailure::NoSpace;
-    case EACCES:
-    case EPERM:
-    case EROFS:
-    case EISDIR:
-        return CopyFailure::NotWritable;
-    default:
-        return CopyFailure::Other;
-    }
-}
 
 CopyFailure CopyInBlocks(const RegularFile& source, FileReplacement& copy)
 {
@@ -66,11 +48,10 @@ CopyFailure CopyBytes(const RegularFile& source, FileReplacement& copy)
     return CopyInBlocks(source, copy);
 }
 
-bool IsSameFile(const struct stat& facts, const CString& path)
+bool IsSameFile(const struct stat& facts, const WriteTarget& target)
 {
-    struct stat other;
-    return lstat(path.c_str(), &other) == 0 && other.st_dev == facts.st_dev &&
-           other.st_ino == facts.st_ino;
+    return target.exists && target.facts.st_dev == facts.st_dev &&
+           target.facts.st_ino == facts.st_ino;
 }
 
 /// The other half of the rule; a copy whose bytes are there counts in any case.
@@ -122,7 +103,9 @@ bool CopyFolder(const CString& from, const CString& to, const std::function<bool
     };
     for (const CString& name : entries.files) {
         if (goOn && !goOn()) return false;
-        if (MibCopyFileEx(from + '/' + name, placeOf(name)) != CopyFailure::None) return false;
+        const CopyFailure failure =
+            MibCopyFileEx(from + '/' + name, placeOf(name), IntoDelivery::Allowed);
+        if (failure != CopyFailure::None) return false;
     }
     for (const CString& name : entries.folders) {
         if (!CopyFolder(from + '/' + name, placeOf(name), goOn)) return false;
@@ -155,26 +138,30 @@ CString WithoutTrailingSeparator(CString folder)
 }
 } // namespace
 
-CopyFailure MibCopyFileEx(const CString& from, const CString& to)
+CopyFailure MibCopyFileEx(const CString& from, const CString& to, IntoDelivery intoDelivery)
 {
     const RegularFile source(from);
     if (!source.IsOpen()) return CopyFailure::NoSource;
-    if (IsSameFile(source.Facts(), to)) return CopyFailure::Other;
-    FileReplacement copy(to);
+    WriteTarget target;
+    CopyFailure failure = FindWriteTarget(to, intoDelivery, target);
+    if (failure != CopyFailure::None) return failure;
+    if (IsSameFile(source.Facts(), target)) return CopyFailure::Other;
+    FileReplacement copy(target.path);
     if (const int error = copy.Open(whileCopying)) return FailureOf(error);
-    const CopyFailure failure = CopyBytes(source, copy);
+    failure = CopyBytes(source, copy);
     if (failure != CopyFailure::None) return failure;
     TakeOverStatus(copy.Descriptor(), source.Facts());
     return FailureOf(copy.Place());
 }
 
-bool MibFileDirCopy(const CString& from, const CString& to, bool overwrite)
+bool MibFileDirCopy(const CString& from, const CString& to, bool overwrite,
+                    IntoDelivery intoDelivery)
 {
     CString target = to;
     MibNormalDir(target);
     target += MibGetFileName(from);
     if (!overwrite && MibIsFileExist(target)) return false;
-    return MibCopyFileEx(from, target) == CopyFailure::None;
+    return MibCopyFileEx(from, target, intoDelivery) == CopyFailure::None;
 }
 
 bool MibListFiles(const CString& folder, CStringArray& files)

@@ -32,8 +32,7 @@ bool CreateJepgFromSVG_Size(const char* svgPath, const char* jpegPath, unsigned 
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
-    return image.save(&buffer, "jpeg", jpegQuality) &&
-           WriteFileAtomically(jpegPath, bytes.toStdString());
+    return image.save(&buffer, "jpeg", jpegQuality) && WriteWorkFile(jpegPath, bytes.toStdString());
 }
 
 bool SVGtoHTML2(const char* svgPath, const char* htmlPath, const char* /*programFolder*/)
@@ -44,5 +43,5 @@ bool SVGtoHTML2(const char* svgPath, const char* htmlPath, const char* /*program
         QByteArray::fromRawData(svg->data(), static_cast<qsizetype>(svg->size())).toBase64();
     std::string page(pageHead);
     page.append(encoded.constData(), static_cast<std::size_t>(encoded.size())).append(pageEnd);
-    return WriteFileAtomically(htmlPath, page);
+    return WriteWorkFile(htmlPath, page);
 }

@@ -27,7 +27,12 @@ CheckStatusOutcome OutcomeOf(WriteFailure failure)
     case WriteFailure::NoSpace:
         return CheckStatusOutcome::NoSpace;
     case WriteFailure::NotWritable:
+    case WriteFailure::NotAFile:
         return CheckStatusOutcome::OutputReadOnly;
+    case WriteFailure::InDelivery:
+        return CheckStatusOutcome::InDelivery;
+    case WriteFailure::NoSource:
+    case WriteFailure::NoFolder:
     case WriteFailure::Other:
         break;
     }

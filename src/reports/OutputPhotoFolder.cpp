@@ -2,6 +2,7 @@
 
 #include "document/ToviData.h"
 #include "loading/IndexStylesheets.h"
+#include "platform/DeliveredFolder.h"
 #include "platform/MibFile.h"
 
 #include <algorithm>
@@ -45,6 +46,7 @@ void SetOutputPhotoFolderPath(const CString& folder)
 
 bool IsDeliveryFolder(const ToviData& document, const CString& folder)
 {
+    if (IsInDelivery(folder)) return true;
     const CStringArray roots = document.DeliveryRoots();
     return std::any_of(roots.begin(), roots.end(),
                        [&folder](const CString& root) { return LiesInDelivery(root, folder); });

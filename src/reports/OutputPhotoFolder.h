@@ -9,6 +9,7 @@ class ToviData;
 TOVI_EXPORT CString GetOutputPhotoFolder();
 TOVI_EXPORT void SetOutputPhotoFolderPath(const CString& folder);
 
-/// True when \p folder lies in the folder of the delivery, where nothing is ever written: that of
-/// PHOTO.XML, and the one above when the index file stands there; of each disc that it came on.
+/// True when \p folder lies in a delivered folder, where nothing is ever written (see
+/// platform/DeliveredFolder.h). Of this delivery that is all below the folder of PHOTO.XML, and the
+/// one above when the index file stands there, on each disc that it came on.
 TOVI_EXPORT bool IsDeliveryFolder(const ToviData& document, const CString& folder);

@@ -140,8 +140,8 @@ CheckStatusOutcome ToviCheckStatusFileOut::Write(SpreadsheetApplication& applica
     MibParentDir(outputFolder);
     if (IsDeliveryFolder(data, outputFolder)) return CheckStatusOutcome::InDelivery;
     if (IsOpenInOffice(output)) return CheckStatusOutcome::OutputOpen;
-    if (WhyNotReplaceable(output) == WriteFailure::NotWritable) {
-        return CheckStatusOutcome::OutputReadOnly;
+    if (const WriteFailure failure = WhyNotReplaceable(output); failure != WriteFailure::None) {
+        return OutcomeOf(failure);
     }
     const CString filled = folder + "/report";
     const CheckStatusOutcome outcome = Fill(application, copy, filled, format, caption);

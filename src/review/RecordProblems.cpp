@@ -1,6 +1,7 @@
 #include "review/RecordProblems.h"
 
 #include "document/ToviData.h"
+#include "platform/AtomicFile.h"
 #include "platform/MibFile.h"
 #include "review/RecordTags.h"
 
@@ -35,20 +36,18 @@ CString WhyRecordNotLoaded(const ToviData& document, const CString& record, int 
 
 CString WhyRecordNotSaved(const CString& record, int reason)
 {
-    if (!MibIsFolderExist(FolderOfFile(record))) {
-        return FolderOfFile(record) +
-               " というフォルダがありません。保存する場所を確かめてください。";
-    }
     switch (reason) {
     case RecordReadOnly:
         return record + " は読み取り専用です。別の名前で保存するか、書き込めるようにしてください。";
     case RecordNoSpace:
-        return record + " を保存する空き容量がありません。不要なファイルを削除するか、別の場所に保"
-                        "存してください。";
+        // A folder that isn't there has no room either.
+        return WhyNotReplaceable(record) == WriteFailure::None
+                   ? WhyNotWritten(record, WriteFailure::NoSpace)
+                   : WhyNotReplaced(record);
     case RecordCancelled:
         return "中断しました。" + record + " は元のままです。";
     default:
-        return record + " に書き込めません。書き込みの権限と空き容量を確かめてください。";
+        return WhyNotReplaced(record);
     }
 }
 

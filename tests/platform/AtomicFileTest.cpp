@@ -1,9 +1,12 @@
 #include "platform/AtomicFile.h"
+#include "platform/FileDescriptor.h"
 #include "platform/FileReplacement.h"
+#include "platform/MibCopy.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
 
+#include <fcntl.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -13,6 +16,8 @@
 
 namespace
 {
+namespace fs = std::filesystem;
+
 constexpr mode_t permissionBits = 0777;
 
 mode_t Permissions(const CString& path)
@@ -24,7 +29,7 @@ mode_t Permissions(const CString& path)
 
 int EntriesOf(const CString& folder)
 {
-    const std::filesystem::directory_iterator entries(folder);
+    const fs::directory_iterator entries(folder);
     return static_cast<int>(std::distance(begin(entries), end(entries)));
 }
 
@@ -42,7 +47,7 @@ TEST(AtomicFile, NewContentTakesOverNameAndPermissions)
         EXPECT_EQ(Permissions(path), 0640u);
     }
     EXPECT_TRUE(WriteFileAtomically(temp.Path("created"), ""));
-    EXPECT_TRUE(std::filesystem::is_regular_file(temp.Path("created")));
+    EXPECT_TRUE(fs::is_regular_file(temp.Path("created")));
     EXPECT_EQ(EntriesOf(temp.Path()), 3);
 }
 
@@ -51,35 +56,74 @@ TEST(AtomicFile, RefusalsLeaveEverythingAlone)
     const TempFolder temp;
     chmod(temp.Write("readonly", "old").c_str(), 0444);
     temp.MakeFolder("folder");
+    mkfifo(temp.Path("pipe").c_str(), 0600);
+    temp.Write("delivery/INDEX_C.XML", "");
+    temp.Write("delivery/PHOTO/photo.xml", "");
+    fs::create_symlink("circle", temp.Path("circle"));
+    fs::create_symlink("pipe", temp.Path("to pipe"));
+    fs::create_symlink("/dev/null", temp.Path("to device"));
+    const FileDescriptor opened(open(temp.Write("opened", "old").c_str(), O_RDONLY | O_CLOEXEC));
+    fs::create_symlink(Format("/proc/self/fd/%d", opened.Get()), temp.Path("to stream"));
+    fs::create_symlink("missing/file", temp.Path("to missing"));
+    fs::create_symlink("delivery/r.xml", temp.Path("to delivery"));
     const struct
     {
         CString path;
         WriteFailure expected;
     } cases[] = {
         {temp.Path("readonly"), WriteFailure::NotWritable},
-        {temp.Path("folder"), WriteFailure::NotWritable},
-        {"/dev/null", WriteFailure::NotWritable},
-        {temp.Path("missing/file"), WriteFailure::Other},
-        {temp.Path("readonly/file"), WriteFailure::Other},
+        {temp.Path("folder"), WriteFailure::NotAFile},
+        {temp.Path("pipe"), WriteFailure::NotAFile},
+        {temp.Path("circle"), WriteFailure::NotAFile},
+        {temp.Path("to pipe"), WriteFailure::NotAFile},
+        {temp.Path("to device"), WriteFailure::NotAFile},
+        {temp.Path("to stream"), WriteFailure::NotAFile},
+        {temp.Path("to missing"), WriteFailure::NoFolder},
+        {temp.Path("missing/file"), WriteFailure::NoFolder},
+        {temp.Path("readonly/file"), WriteFailure::NoFolder},
+        {temp.Path("to delivery"), WriteFailure::InDelivery},
+        {temp.Path("delivery/PHOTO/PIC.xml"), WriteFailure::InDelivery},
         {"", WriteFailure::Other},
     };
+    const int entries = EntriesOf(temp.Path());
     for (const auto& refusal : cases) {
         WriteFailure failure = WriteFailure::None;
         EXPECT_FALSE(WriteFileAtomically(refusal.path, "new", &failure)) << refusal.path;
         EXPECT_EQ(failure, refusal.expected) << refusal.path;
+        EXPECT_EQ(WhyNotReplaceable(refusal.path), refusal.expected) << refusal.path;
+        EXPECT_EQ(MibCopyFileEx(temp.Path("readonly"), refusal.path),
+                  refusal.path.ends_with("readonly") ? WriteFailure::Other : refusal.expected)
+            << refusal.path;
     }
     EXPECT_EQ(temp.Read("readonly"), "old");
-    EXPECT_EQ(EntriesOf(temp.Path()), 2);
+    EXPECT_EQ(EntriesOf(temp.Path()), entries);
+    EXPECT_EQ(EntriesOf(temp.Path("delivery")), 2);
 }
 
-TEST(AtomicFile, LinkIsReplacedAndItsTargetLeftAlone)
+TEST(AtomicFile, LinksLeadToWhatIsWritten)
 {
     const TempFolder temp;
-    temp.Write("precious", "old");
-    std::filesystem::create_symlink(temp.Path("precious"), temp.Path("record.xml"));
-    EXPECT_TRUE(WriteFileAtomically(temp.Path("record.xml"), "new"));
-    EXPECT_EQ(temp.Read("precious"), "old");
-    EXPECT_EQ(temp.Read("record.xml"), "new");
+    temp.Write("real/old.xml", "old");
+    fs::create_symlink("real", temp.Path("folder"));
+    fs::create_symlink("folder/old.xml", temp.Path("one.xml"));
+    fs::create_symlink(temp.Path("one.xml"), temp.Path("two.xml"));
+    fs::create_symlink("real/new.xml", temp.Path("dangling.xml"));
+    EXPECT_TRUE(WriteFileAtomically(temp.Path("two.xml"), "new"));
+    EXPECT_TRUE(WriteFileAtomically(temp.Path("dangling.xml"), "created"));
+    EXPECT_EQ(temp.Read("real/old.xml"), "new");
+    EXPECT_EQ(temp.Read("real/new.xml"), "created");
+    for (const char* link : {"one.xml", "two.xml", "dangling.xml"}) {
+        EXPECT_TRUE(fs::is_symlink(temp.Path(link))) << link;
+    }
+    EXPECT_EQ(EntriesOf(temp.Path("real")), 2);
+
+    // As the system holds it in /tmp: nobody else's link leads us to what only we may write.
+    if (geteuid() != 0) return;
+    chmod(temp.MakeFolder("everybody's").c_str(), 01777);
+    fs::create_symlink("../real/old.xml", temp.Path("everybody's/trap"));
+    ASSERT_EQ(lchown(temp.Path("everybody's/trap").c_str(), 12345, 12345), 0);
+    EXPECT_FALSE(WriteFileAtomically(temp.Path("everybody's/trap"), "trapped"));
+    EXPECT_EQ(temp.Read("real/old.xml"), "new");
 }
 
 /// Runs \p work in a process of its own; its return value becomes the exit code.

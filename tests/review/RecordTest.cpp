@@ -23,6 +23,8 @@ protected:
     explicit Record(int photos = 3)
         : sample(DeliveryBuilder({.photos = photos, .drawings = 0, .images = false}))
     {
+        // The folder above the photographs is the delivery's only with an index.
+        std::filesystem::remove(sample.temp.Path("INDEX_C.XML"));
         const CString work = sample.temp.MakeFolder("work");
         SetEnvironment({Registry(sample.temp.Path("user.ini"), sample.temp.Path("machine.ini")),
                         {"", work, work, work},

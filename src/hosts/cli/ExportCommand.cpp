@@ -28,6 +28,9 @@ constexpr Reason reasons[] = {
     {CopyFailure::NoSource, "元のファイルを読めない"},
     {CopyFailure::NoSpace, "空き容量がない"},
     {CopyFailure::NotWritable, "書き込めない"},
+    {CopyFailure::NotAFile, "同じ名前のフォルダや装置がある"},
+    {CopyFailure::NoFolder, "保存先のフォルダがない"},
+    {CopyFailure::InDelivery, "納品データのフォルダには書き込まない"},
     {CopyFailure::Other, "この名前では保存できない"},
 };
 

@@ -1,7 +1,9 @@
 #include "hosts/cli/Records.h"
 
+#include "platform/DeliveredFolder.h"
 #include "platform/FileVersion.h"
 #include "platform/MibFile.h"
+#include "platform/WriteFailure.h"
 #include "reports/OutputPhotoFolder.h"
 #include "review/RecordProblems.h"
 #include "review/RecordTags.h"
@@ -73,11 +75,10 @@ int TellSaved(bool saved, const CString& record, int reason)
 bool RefuseInDelivery(const CString& path, const OpenedDelivery& delivery)
 {
     const CString folder = FolderOfFile(path);
-    const bool isInside = MibIsInside(delivery.folder, folder) ||
+    const bool isInside = IsInDelivery(path) || MibIsInside(delivery.folder, folder) ||
                           (delivery.document && IsDeliveryFolder(*delivery.document, folder));
     if (!isInside) return false;
-    Complain("納品データのフォルダには書き込みません。" + path +
-             " の代わりに別のフォルダを指定してください。");
+    Complain(WhyNotWritten(path, WriteFailure::InDelivery));
     return true;
 }
 

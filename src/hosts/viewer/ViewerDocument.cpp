@@ -6,6 +6,7 @@
 #include "loading/WorkTitle.h"
 #include "panels/ToviPanel.h"
 #include "platform/controls/WindowHandle.h"
+#include "platform/DeliveredFolder.h"
 #include "platform/MibFile.h"
 #include "reports/OutputPhotoFolder.h"
 #include "review/RecordProblems.h"
@@ -79,7 +80,7 @@ CString ViewerDocument::Title() const
 bool ViewerDocument::SaveRecord(const CString& path, CString& problem)
 {
     for (const CString& file : {path, MibTargetPath(path)}) {
-        if (IsDeliveryFolder(*data, FolderOfFile(file)) ||
+        if (IsInDelivery(file) || IsDeliveryFolder(*data, FolderOfFile(file)) ||
             MibIsInside(folder, FolderOfFile(file))) {
             problem = "納品データのフォルダには保存しません。別のフォルダを選んでください。";
             return false;
