@@ -157,7 +157,7 @@ TEST_F(Headless, SaysWhatIsWrongAndWhatToDo)
         {{"info", cut}, 1, "\"errorType\":null", "読み込めません（"},
         {{"info", temp.Path("none")}, 1, "\"errorType\":2", "写真情報がありません。"},
         {{"select", good, "--node", "ない"}, 2, "", "分類「ない」がありません。"},
-        {{"sheet", good, "/missing/sheet.png"}, 1, "", "書き込めません。"},
+        {{"sheet", good, "/missing/sheet.png"}, 1, "", "/missing/ というフォルダがありません。"},
         {{"photos"}, 2, "", "使い方が正しくありません"},
         {{"tree", good, "--type", "3"}, 2, "", "使い方が正しくありません"},
         {{"unknown"}, 2, "", "使い方が正しくありません"},

@@ -1,7 +1,9 @@
 #include "hosts/cli/Commands.h"
 #include "hosts/cli/Conditions.h"
+#include "hosts/cli/OutputFile.h"
 #include "hosts/cli/Records.h"
 
+#include "platform/AtomicFile.h"
 #include "platform/MibFile.h"
 #include "reports/CheckStatusPages.h"
 #include "review/RecordProblems.h"
@@ -32,7 +34,7 @@ int Examine(const CString& path)
         return ExitWrongUsage;
     }
     if (MibIsFolderExist(FolderOfFile(path))) return ExitDone;
-    Complain(FolderOfFile(path) + " というフォルダがありません。保存する場所を確かめてください。");
+    Complain(WhyNotWritten(path, WriteFailure::NoFolder));
     return ExitFailed;
 }
 
@@ -49,17 +51,16 @@ CString CauseOf(CheckStatusOutcome outcome, const CString& path)
     case CheckStatusOutcome::OutputOpen:
         return path + " はほかのプログラムで開かれています。閉じてからやり直してください。";
     case CheckStatusOutcome::OutputReadOnly:
-        return path + " には書き込めません。別の名前にするか、書き込めるようにしてください。";
+    case CheckStatusOutcome::NotWritten:
+        return WhyNotReplaced(path);
     case CheckStatusOutcome::TooManyPhotos:
         return "写真が1枚のシートに入りません。条件で減らすか、.xlsx か .ods にしてください。";
     case CheckStatusOutcome::ApplicationFailed:
         return "LibreOffice が途中で終了したか、処理できませんでした。やり直してください。";
     case CheckStatusOutcome::NoSpace:
-        return path + " を保存する空き容量がありません。";
-    case CheckStatusOutcome::NotWritten:
-        return path + " の書き込みの権限と空き容量を確かめてください。";
+        return WhyNotWritten(path, WriteFailure::NoSpace);
     case CheckStatusOutcome::InDelivery:
-        return "納品データのフォルダには書き込みません。別のフォルダを指定してください。";
+        return WhyNotWritten(path, WriteFailure::InDelivery);
     case CheckStatusOutcome::Written:
     case CheckStatusOutcome::Cancelled:
         break;
@@ -84,6 +85,10 @@ int Write(ToviData& document, const CString& path)
 int Run(const Arguments& arguments)
 {
     CString path = arguments.output;
+    if (path == standardOutputName) {
+        Complain("検査結果の一覧は標準出力には書けません。ファイルの名前を指定してください。");
+        return ExitWrongUsage;
+    }
     if (MibGetExt(path).empty()) path += usualEnding;
     if (const int wrong = Examine(path); wrong != ExitDone) return wrong;
     const OpenedDelivery delivery =

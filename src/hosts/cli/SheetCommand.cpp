@@ -1,9 +1,13 @@
 #include "hosts/cli/Commands.h"
 #include "hosts/cli/Conditions.h"
+#include "hosts/cli/OutputFile.h"
 #include "hosts/cli/Records.h"
 
 #include "platform/HostServices.h"
+#include "platform/MibFile.h"
 #include "reports/ContactSheet.h"
+
+#include <algorithm>
 
 namespace
 {
@@ -15,12 +19,41 @@ struct Arguments
     int columns = 5;
 };
 
+constexpr unsigned bestQuality = 2;
+
+struct Kind
+{
+    const char* ending;
+    LumImageType type;
+};
+
+constexpr Kind kinds[] = {{".png", LumPng}, {".jpg", LumJpeg}, {".jpeg", LumJpeg}};
+
+/// The kind that the name of the sheet calls for, PNG without an ending; nothing for an unknown
+/// one.
+std::optional<LumImageType> TypeOf(const CString& path)
+{
+    const CString ending = MibGetExt(path);
+    if (path == standardOutputName || ending.empty()) return LumPng;
+    const auto* found = std::find_if(std::begin(kinds), std::end(kinds), [&](const Kind& known) {
+        return EqualNoCase(ending, known.ending);
+    });
+    return found == std::end(kinds) ? std::nullopt : std::optional(found->type);
+}
+
 int Run(const Arguments& arguments)
 {
+    const std::optional<LumImageType> type = TypeOf(arguments.output);
+    if (!type) {
+        Complain(arguments.output +
+                 " の種類の画像は作れません。.png、.jpg、.jpeg のどれかにしてください。");
+        return ExitWrongUsage;
+    }
     const OpenedDelivery delivery =
         OpenDelivery(arguments.delivery, arguments.conditions.choice.type);
     if (!delivery.IsLoaded()) return ExitFailed;
-    if (RefuseInDelivery(arguments.output, delivery)) return ExitWrongUsage;
+    const bool isFile = arguments.output != standardOutputName;
+    if (isFile && RefuseInDelivery(arguments.output, delivery)) return ExitWrongUsage;
     ToviData& document = *delivery.document;
     const int status = MakeCurrentArray(document, arguments.conditions);
     if (status != ExitDone) return status;
@@ -31,18 +64,14 @@ int Run(const Arguments& arguments)
             user.ShowProgress(Format("一覧の作成　%d / %d枚", position + 1, total));
         });
     user.ShowProgress("");
-    if (!sheet.IsValid()) {
+    const auto bytes = sheet.Encode(*type, bestQuality);
+    if (!bytes) {
         Complain(Format("%d枚の写真は1枚の一覧に入りません。--node で分類を選ぶか、--columns "
                         "を変えてください。",
                         total));
         return ExitWrongUsage;
     }
-    if (!sheet.Save(arguments.output.c_str(), LumPng, 0)) {
-        Complain(arguments.output +
-                 " に書き込めません。フォルダの場所、書き込みの権限と空き容量を確かめてください。");
-        return ExitFailed;
-    }
-    return ExitDone;
+    return WriteOutput(arguments.output, *bytes);
 }
 } // namespace
 
@@ -50,10 +79,13 @@ void AddSheetCommand(CLI::App& app, int& status)
 {
     static Arguments arguments;
     CLI::App* command =
-        app.add_subcommand("sheet", "選んだ分類の写真を縮小して並べた一覧（PNG）を作る");
+        app.add_subcommand("sheet", "選んだ分類の写真を縮小して並べた一覧の画像を作る");
     command->group("コマンド");
     AddDeliveryArguments(*command, arguments.delivery);
-    command->add_option("OUT", arguments.output, "作るPNGファイル。納品データの中には作れない")
+    command
+        ->add_option("OUT", arguments.output,
+                     "作るファイル。種類は .png（既定）、.jpg から。- は標準出力（PNG）。納品データ"
+                     "の中には作れない")
         ->required()
         ->option_text("（必須）");
     AddConditionOptions(*command, arguments.conditions);

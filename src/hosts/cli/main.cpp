@@ -2,6 +2,7 @@
 #include "hosts/cli/Profile.h"
 
 #include "platform/FileProfileStore.h"
+#include "platform/HostProcess.h"
 #include "platform/HostServices.h"
 #include "platform/Interrupt.h"
 #include "platform/MibFile.h"
@@ -56,10 +57,34 @@ int Parse(CLI::App& app, int argc, char** argv)
         return ExitWrongUsage;
     }
 }
+/// Parses the command line, which runs the command, and returns the exit status.
+int Run(CLI::App& app, int argc, char** argv, const int& status)
+{
+    try {
+        const int parsed = Parse(app, argc, argv);
+        return parsed == ExitDone ? status : parsed;
+    } catch (const std::bad_alloc&) {
+        Complain("メモリが足りません。ほかのプログラムを終了してからやり直してください。");
+        return ExitFailed;
+    } catch (const std::exception& error) {
+        Complain(CString("予期しないエラーで終了します（") + error.what() +
+                 "）。納品データと操作を添えて開発元に知らせてください。");
+        return ExitFailed;
+    }
+}
+
+/// The exit status of what ended with \p status, after a look whether its output has arrived.
+int WithOutputArrived(int status)
+{
+    if (StandardOutputHasArrived()) return status;
+    Complain("標準出力に結果を書き込めません。出力先と空き容量を確かめてください。");
+    return status == ExitDone ? ExitFailed : status;
+}
 } // namespace
 
 int main(int argc, char** argv)
 {
+    PrepareHostProcess();
     TerminalUserInterface user;
     InstallHostServices({&user, nullptr, "tovi", RunningProgramPath()});
     UseProfile(DefaultProfilePath());
@@ -87,15 +112,5 @@ int main(int argc, char** argv)
     AddCombineCommand(app, status);
     AddProfileOption(app);
     AddReportCommand(app, status);
-    try {
-        const int parsed = Parse(app, argc, argv);
-        return parsed == ExitDone ? status : parsed;
-    } catch (const std::bad_alloc&) {
-        Complain("メモリが足りません。ほかのプログラムを終了してからやり直してください。");
-        return ExitFailed;
-    } catch (const std::exception& error) {
-        Complain(CString("予期しないエラーで終了します（") + error.what() +
-                 "）。納品データと操作を添えて開発元に知らせてください。");
-        return ExitFailed;
-    }
+    return WithOutputArrived(Run(app, argc, argv, status));
 }

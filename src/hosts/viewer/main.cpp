@@ -2,6 +2,7 @@
 #include "hosts/viewer/MainFrame.h"
 #include "platform/controls/GaluFont.h"
 #include "platform/FileProfileStore.h"
+#include "platform/HostProcess.h"
 #include "platform/HostServices.h"
 #include "platform/MachineLacks.h"
 #include "platform/QtText.h"
@@ -89,6 +90,7 @@ int Run(const Options& options)
 
 int main(int argc, char** argv)
 {
+    PrepareHostProcess();
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("tovi-viewer"));
     QApplication::setApplicationVersion(QStringLiteral(TOVI_VERSION));

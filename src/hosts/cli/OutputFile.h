@@ -1,0 +1,12 @@
+#pragma once
+
+#include "platform/Text.h"
+
+#include <string_view>
+
+/// The name of an output file that means standard output.
+inline constexpr const char* standardOutputName = "-";
+
+/// Writes \p bytes to the file \p path, or to standard output when that is its name. Returns the
+/// exit status; a failure is told on standard error.
+int WriteOutput(const CString& path, std::string_view bytes);

@@ -1,0 +1,117 @@
+// Where the results of the commands go, and what becomes of a command when they can't.
+
+#include "platform/HostServices.h"
+#include "platform/MibFile.h"
+#include "sample/DeliveryBuilder.h"
+#include "support/FileTree.h"
+#include "support/RunProgram.h"
+#include "support/TempFolder.h"
+
+#include <gmock/gmock.h>
+
+#include <sys/stat.h>
+
+namespace
+{
+namespace fs = std::filesystem;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+class Output : public testing::Test
+{
+protected:
+    Output()
+    {
+        DeliveryBuilder({.photos = 2, .drawings = 0}).Write(delivery);
+        temp.MakeFolder("out");
+        temp.Write("config/tovi/registry.ini",
+                   "[SOFTWARE\\Orvane Systems\\QVHomeKey]\nQVScratch=sz:" +
+                       temp.MakeFolder("work"));
+    }
+
+    /// Runs tovi with \p arguments by a shell that does \p first before.
+    ProgramResult Run(const CString& first, const std::vector<CString>& arguments) const
+    {
+        const CString program = RunningProgramPath();
+        std::vector<CString> all = {"/bin/sh", "-c", first + "; exec \"$0\" \"$@\"",
+                                    program.substr(0, program.rfind('/')) + "/tovi"};
+        all.insert(all.end(), arguments.begin(), arguments.end());
+        return RunProgram(all, temp.Path("config"));
+    }
+
+    TempFolder temp;
+    const CString delivery = temp.Path("d");
+    const CString record = temp.Path("out/r.xml");
+};
+
+TEST_F(Output, ThatDoesNotArriveFailsEveryCommand)
+{
+    Run(":", {"label", delivery, "--record", record, "--at", "0", "--paste", "0"});
+    const std::vector<CString> commands[] = {
+        {"info", delivery},
+        {"photos", delivery},
+        {"tree", delivery},
+        {"select", delivery},
+        {"sheet", delivery, "-"},
+        {"label", delivery, "--record", record, "--at", "0", "--paste", "1"},
+        {"record", delivery, record},
+        {"exif", delivery},
+        {"values", delivery},
+        {"pairs", delivery},
+        {"settings"},
+        {"verify", delivery},
+        {"index", delivery},
+        {"export", delivery, temp.MakeFolder("full")},
+        {"combine", delivery},
+        {"--help"},
+    };
+    for (const auto& command : commands) {
+        for (const char* where : {"exec >/dev/full", "exec >&-"}) {
+            const ProgramResult result = Run(where, command);
+            EXPECT_EQ(result.status, 1) << where << command[0];
+            EXPECT_THAT(result.errors, HasSubstr("標準出力に結果を書き込めません"))
+                << where << command[0];
+            fs::remove_all(temp.Path("full"));
+            temp.MakeFolder("full");
+        }
+    }
+}
+
+TEST_F(Output, GoesWhereItsNameLeads)
+{
+    const auto sheet = [this](const CString& output) {
+        return Run("cd '" + temp.Path("out") + "'", {"sheet", delivery, output});
+    };
+    EXPECT_THAT(sheet("-").output, StartsWith("\x89PNG"));
+    EXPECT_TRUE(fs::is_empty(temp.Path("out"))) << "no file of this name";
+    EXPECT_EQ(sheet("a.JPG").status, 0);
+    EXPECT_THAT(temp.Read("out/a.JPG"), StartsWith("\xFF\xD8\xFF"));
+    fs::create_symlink("../linked.png", temp.Path("out/link.png"));
+    EXPECT_EQ(sheet("link.png").status, 0);
+    EXPECT_THAT(temp.Read("linked.png"), StartsWith("\x89PNG"));
+    EXPECT_TRUE(fs::is_symlink(temp.Path("out/link.png")));
+
+    mkfifo(temp.Path("out/pipe.png").c_str(), 0600);
+    fs::create_symlink("/dev/null", temp.Path("out/device"));
+    fs::create_symlink("/proc/self/fd/1", temp.Path("out/stdout"));
+    fs::create_symlink(delivery + "/PHOTO/new.png", temp.Path("out/delivered.png"));
+    const struct
+    {
+        const char* output;
+        int status;
+        const char* sentence;
+    } refusals[] = {{"pipe.png", 1, "ファイルではありません"},
+                    {"device", 1, "ファイルではありません"},
+                    {"stdout", 1, "ファイルではありません"},
+                    {"delivered.png", 2, "納品データのフォルダ"},
+                    {"a.gif", 2, ".png、.jpg"}};
+    const FileTree before = ReadFileTree(delivery);
+    for (const auto& refusal : refusals) {
+        const ProgramResult result = sheet(refusal.output);
+        EXPECT_EQ(result.status, refusal.status) << refusal.output;
+        EXPECT_THAT(result.errors, HasSubstr(refusal.sentence)) << refusal.output;
+    }
+    EXPECT_EQ(ReadFileTree(delivery), before);
+    EXPECT_EQ(Run(":", {"report", delivery, "-"}).status, 2);
+}
+} // namespace
