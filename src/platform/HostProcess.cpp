@@ -3,6 +3,7 @@
 #include "platform/FileDescriptor.h"
 
 #include <fcntl.h>
+#include <signal.h>
 #include <unistd.h>
 
 #include <cstdio>
@@ -10,6 +11,7 @@
 
 void PrepareHostProcess()
 {
+    signal(SIGXFSZ, SIG_IGN);
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
         if (fcntl(stream, F_GETFD) >= 0) continue;
         // Open the wrong way round, so that whoever uses it is told; it gets the lowest free

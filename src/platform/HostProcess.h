@@ -3,7 +3,8 @@
 #include "platform/Export.h"
 
 /// What every host does first: closed standard streams are taken, so that no file it opens passes
-/// for one of them.
+/// for one of them, and a file that would grow beyond the limit set for it fails like one on a full
+/// disk in place of ending the program.
 TOVI_EXPORT void PrepareHostProcess();
 
 /// What every host asks last: false when not all that was written to standard output has arrived.

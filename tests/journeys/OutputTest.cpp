@@ -114,4 +114,21 @@ TEST_F(Output, GoesWhereItsNameLeads)
     EXPECT_EQ(ReadFileTree(delivery), before);
     EXPECT_EQ(Run(":", {"report", delivery, "-"}).status, 2);
 }
+
+TEST_F(Output, BeyondTheLimitOfAFileIsAnErrorLikeAFullDisk)
+{
+    const CString copies = temp.MakeFolder("copies");
+    const std::vector<CString> commands[] = {
+        {"sheet", delivery, temp.Path("out/sheet.png")},
+        {"export", delivery, copies},
+        {"index", delivery, "--html"},
+        {"label", delivery, "--record", record, "--at", "0", "--comment", CString(4000, 'x')}};
+    for (const auto& command : commands) {
+        const ProgramResult result = Run("ulimit -f 4", command);
+        EXPECT_EQ(result.status, 1) << command[0] << result.errors;
+        EXPECT_THAT(result.errors, HasSubstr("空き容量")) << command[0];
+    }
+    EXPECT_TRUE(fs::is_empty(copies));
+    EXPECT_TRUE(fs::is_empty(temp.Path("out")));
+}
 } // namespace
