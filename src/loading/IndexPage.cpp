@@ -63,6 +63,10 @@ CString WhyNoIndexCopy(ToviData& document)
         return index + " を読めないか、工事・業務のどちらの管理ファイルかを示すDOCTYPEの行が"
                        "ありません。読み取りの権限と納品データの作成元に確かめてください。";
     }
+    if (!MibIsInside(def.GetParentPath(), index)) {
+        return index + " は納品データの外にあるファイルへのリンクなので、開きません。納品データの作"
+                       "成元に確かめてください。";
+    }
     return WhyNotWritten(index);
 }
 

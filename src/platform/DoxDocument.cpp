@@ -149,7 +149,17 @@ bool DoxDocument::LoadThroughFile(const CString& path, std::string_view bytes)
     const FolderLock lock(path.substr(0, path.rfind('/') + 1));
     const bool loaded = WriteWorkFile(path, bytes) && Load(path, false, nullptr);
     MibDeleteFile(path);
-    return loaded;
+    return loaded || LoadOwn(bytes);
+}
+
+bool DoxDocument::LoadOwn(std::string_view bytes)
+{
+    Initiate();
+    tree->text = bytes;
+    return tree->document
+               .load_buffer_inplace(tree->text.data(), tree->text.size(), parseOptions,
+                                    pugi::encoding_utf8)
+               .status == pugi::status_ok;
 }
 
 void DoxDocument::TransIndent(const char* indent)

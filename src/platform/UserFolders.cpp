@@ -3,6 +3,7 @@
 #include "platform/MibFile.h"
 
 #include <pwd.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cstdlib>
@@ -108,6 +109,17 @@ UserFolders CurrentUserFolders()
         FirstFolder({DesktopSetting("XDG_DESKTOP_DIR", home), home + "/Desktop", home});
     folders.temporary = TemporaryFolder();
     return folders;
+}
+
+CString PrivateTemporaryFolder(const CString& temporary)
+{
+    if (temporary.empty()) return {};
+    const CString folder = temporary + Format("/tovi-%u", geteuid());
+    mkdir(folder.c_str(), 0700);
+    struct stat facts;
+    const bool isOurs = lstat(folder.c_str(), &facts) == 0 && S_ISDIR(facts.st_mode) &&
+                        facts.st_uid == geteuid() && (facts.st_mode & 0077) == 0;
+    return isOurs ? folder : CString();
 }
 
 CString ConfigurationFile(std::string_view name)

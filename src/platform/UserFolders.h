@@ -19,6 +19,10 @@ struct UserFolders
 /// and desktop fall back on the folders that are usual, then on the home folder.
 TOVI_EXPORT UserFolders CurrentUserFolders();
 
+/// A folder of ours in the folder \p temporary that nobody else can reach into; empty when it can't
+/// be made, or when somebody else has put something in its place.
+TOVI_EXPORT CString PrivateTemporaryFolder(const CString& temporary);
+
 /// The full path for our configuration file \p name of this user; empty when the user has no home
 /// folder.
 CString ConfigurationFile(std::string_view name);

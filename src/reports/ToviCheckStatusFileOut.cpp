@@ -3,6 +3,7 @@
 #include "document/ToviData.h"
 #include "loading/Environment.h"
 #include "loading/WorkFolder.h"
+#include "platform/DiskSpace.h"
 #include "platform/HostServices.h"
 #include "platform/Interrupt.h"
 #include "platform/MibFile.h"
@@ -21,10 +22,26 @@ constexpr const char* workFolderName = "QV-ExcelData";
 constexpr std::size_t largestForm = std::size_t{16} << 20;
 constexpr std::size_t largestReport = std::size_t{1} << 30;
 
+/// For the application's profile, the filled form and what it makes of it.
+constexpr std::uint64_t roomOfReport = std::uint64_t{64} << 20;
+
+/// \p folder ends in a separator.
+bool HasRoom(const CString& folder)
+{
+    return MibCreateDirectory(folder) &&
+           WhyNotReplaceable(folder + workFolderName + ".tmp") == WriteFailure::None &&
+           FreeSpace(folder) >= roomOfReport;
+}
+
+/// In the work folder or, where that is missing or full, in the one for temporary files; empty when
+/// neither will do. The report is none the worse for a home folder without room.
 CString SharedWorkFolder()
 {
-    const CString suite = SuiteFolder();
-    return suite.empty() ? suite : suite + workFolderName;
+    const CString temporary = PrivateTemporaryFolder(GetEnvironment().folders.temporary);
+    for (const CString& folder : {SuiteFolder(), temporary + '/'}) {
+        if (folder.size() > 1 && HasRoom(folder)) return folder + workFolderName;
+    }
+    return {};
 }
 
 /// Makes the file \p to from the bytes of \p from.

@@ -13,7 +13,7 @@ constexpr const char* headerTemplate = "<?xml version=\"1.0\" encoding=\"Shift_J
 bool LoadTemplate(DoxDocument& document)
 {
     const CString folder = SuiteFolder();
-    if (folder.empty() || !MibCreateDirectory(folder)) return false;
+    MibCreateDirectory(folder);
     return document.LoadThroughFile(folder + "HeaderExamination.tmp", headerTemplate);
 }
 } // namespace

@@ -3,6 +3,7 @@
 #include "platform/HostServices.h"
 #include "platform/MibFile.h"
 #include "sample/DeliveryBuilder.h"
+#include "support/DiskMount.h"
 #include "support/FileTree.h"
 #include "support/RunProgram.h"
 #include "support/TempFolder.h"
@@ -55,6 +56,7 @@ TEST_F(Output, ThatDoesNotArriveFailsEveryCommand)
         {"sheet", delivery, "-"},
         {"label", delivery, "--record", record, "--at", "0", "--paste", "1"},
         {"record", delivery, record},
+        {"return", delivery, "--record", record, "-"},
         {"exif", delivery},
         {"values", delivery},
         {"pairs", delivery},
@@ -113,6 +115,11 @@ TEST_F(Output, GoesWhereItsNameLeads)
     }
     EXPECT_EQ(ReadFileTree(delivery), before);
     EXPECT_EQ(Run(":", {"report", delivery, "-"}).status, 2);
+
+    Run(":", {"label", delivery, "--record", record, "--at", "0", "--paste", "0"});
+    EXPECT_EQ(Run(":", {"return", delivery, "--record", record, temp.Path("r.xml")}).status, 0);
+    EXPECT_THAT(temp.Read("r.xml"), StartsWith("<?xml"));
+    EXPECT_EQ(Run(":", {"return", delivery, "--record", record, "-"}).output, temp.Read("r.xml"));
 }
 
 TEST_F(Output, BeyondTheLimitOfAFileIsAnErrorLikeAFullDisk)
@@ -130,5 +137,33 @@ TEST_F(Output, BeyondTheLimitOfAFileIsAnErrorLikeAFullDisk)
     }
     EXPECT_TRUE(fs::is_empty(copies));
     EXPECT_TRUE(fs::is_empty(temp.Path("out")));
+}
+TEST_F(Output, NeedsNoRoomAtHome)
+{
+    fs::remove(temp.Path("config/tovi/registry.ini"));
+    const CString home = temp.MakeFolder("home");
+    const DiskMount full(home, "tmpfs", "size=4k");
+    temp.Write("home/x", CString(4096, 'x'));
+    chmod(home.c_str(), 0500);
+    const CString first = "export HOME='" + home + "' XDG_CONFIG_HOME='" + home + "/.config'";
+    const CString copies = temp.MakeFolder("copies");
+    const std::vector<CString> commands[] = {
+        {"label", delivery, "--record", record, "--at", "0", "--paste", "0"},
+        {"return", delivery, "--record", record, temp.Path("out/return.xml")},
+        {"sheet", delivery, temp.Path("out/sheet.png")},
+        {"report", delivery, temp.Path("out/report.xls"), "--record", record},
+        {"export", delivery, copies}};
+    for (const auto& command : commands) {
+        const ProgramResult result = Run(first, command);
+        EXPECT_EQ(result.status, 0) << command[0] << result.errors;
+    }
+    // What belongs there alone says so.
+    const ProgramResult index = Run(first, {"index", delivery});
+    EXPECT_EQ(index.status, 1);
+    EXPECT_THAT(index.errors, HasSubstr(home + "/QVScratch"));
+    fs::rename(temp.Path("d/INDEX_C.XML"), temp.Path("INDEX_C.XML"));
+    fs::create_symlink(temp.Path("INDEX_C.XML"), temp.Path("d/INDEX_C.XML"));
+    EXPECT_THAT(Run(first, {"index", delivery}).errors, HasSubstr("リンク"));
+    chmod(home.c_str(), 0700);
 }
 } // namespace

@@ -1,4 +1,6 @@
 #include "loading/Environment.h"
+#include "platform/DiskSpace.h"
+#include "platform/UserFolders.h"
 #include "reports/CheckStatusCells.h"
 #include "reports/CheckStatusPages.h"
 #include "reports/ToviCheckStatusFileOut.h"
@@ -137,7 +139,7 @@ struct Report
         return {*sample.document, *sample.document->GetLabelManager(),
                 [this](const CString& folder,
                        const auto& giveUp) -> std::unique_ptr<SpreadsheetApplication> {
-                    EXPECT_THAT(folder, HasSubstr("/QVScratch/QV-SUITE/QV-ExcelData/"));
+                    EXPECT_THAT(folder, HasSubstr("/QV-ExcelData/"));
                     if (giveUp() || !sheet.Does("start")) return nullptr;
                     return std::make_unique<FakeApplication>(sheet);
                 }};
@@ -280,6 +282,30 @@ TEST(CheckStatus, NeedsItsFormAndAWorkFolder)
                     {"", report.temp.Path("file/documents"), "", ""},
                     {}});
     EXPECT_EQ(report.Write(), Outcome::NoWorkFolder);
+}
+
+TEST(CheckStatus, MakesDoWithTheTemporaryFolder)
+{
+    Report report(1);
+    const CString home = report.temp.MakeFolder("home");
+    const CString temporary = report.temp.MakeFolder("temporary");
+    SetEnvironment({Registry(report.temp.Path("user.ini"), report.temp.Path("machine.ini")),
+                    {"", home, "", temporary},
+                    {}});
+    const auto writeWithRoomIn = [&report](const CString& place) {
+        SetFreeSpaceQuery([place](const CString& folder) {
+            return folder.starts_with(place) ? std::uint64_t{1} << 30 : std::uint64_t{0};
+        });
+        return report.Write();
+    };
+    EXPECT_EQ(writeWithRoomIn(temporary), Outcome::Written);
+    EXPECT_EQ(writeWithRoomIn("nowhere"), Outcome::NoWorkFolder);
+    const CString own = PrivateTemporaryFolder(temporary);
+    std::filesystem::remove_all(own);
+    std::filesystem::create_directory_symlink(home, own);
+    EXPECT_EQ(writeWithRoomIn(temporary), Outcome::NoWorkFolder) << "somebody else's";
+    EXPECT_TRUE(std::filesystem::is_empty(home + "/QVScratch/QV-SUITE"));
+    SetFreeSpaceQuery({});
 }
 
 TEST(CheckStatus, StopsAtACancel)

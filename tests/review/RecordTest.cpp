@@ -273,16 +273,20 @@ TEST_F(Record, LeavesTheFileWhenTheSavingIsCancelled)
     EXPECT_GE(cancelled, 3) << "at each of the photographs, the last one too";
 }
 
-TEST_F(Record, NeedsTheWorkFolderForItsTemplate)
+TEST_F(Record, NeedsNoWorkFolder)
 {
     sample.temp.Write("file", "");
     SetEnvironment({Registry(sample.temp.Path("user.ini"), sample.temp.Path("machine.ini")),
                     {"", sample.temp.Path("file/documents"), "", ""},
                     {}});
-    EXPECT_FALSE(Save());
-    EXPECT_EQ(reason, RecordNotWritten);
-    EXPECT_EQ(sample.services.user.Messages(), (CStringArray{"エラー発生"}));
-    EXPECT_FALSE(std::filesystem::exists(sample.temp.Path("r.xml")));
+    EXPECT_TRUE(Save());
+    const CString saved = sample.temp.Read("r.xml");
+    EXPECT_TRUE(sample.services.user.Messages().IsEmpty());
+    SetEnvironment({Registry(sample.temp.Path("user.ini"), sample.temp.Path("machine.ini")),
+                    {"", sample.temp.Path("work"), "", ""},
+                    {}});
+    EXPECT_TRUE(Save());
+    EXPECT_EQ(sample.temp.Read("r.xml"), saved);
 }
 
 class EmptyRecord : public Record

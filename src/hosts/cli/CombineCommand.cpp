@@ -5,6 +5,7 @@
 #include "loading/DeliveryLocation.h"
 #include "loading/MediaCombine.h"
 #include "loading/ToviEnouDataFactory.h"
+#include "loading/WorkFolder.h"
 #include "platform/TerminalUserInterface.h"
 
 #include <deque>
@@ -93,7 +94,11 @@ int Run(const Arguments& arguments)
     const UserInPlace inPlace(user);
     if (StartsCombineArea(delivery.photoFolder)) factory.DeleteTempData();
     if (!factory.StartCombineProc(delivery.photoFolder, delivery.document.get(), true)) {
-        if (!factory.IsCombineCancelled()) return ExitFailed;
+        if (!factory.IsCombineCancelled()) {
+            Complain("メディアと、作業フォルダ " + SuiteFolder() +
+                     " の書き込みの権限と空き容量を確かめてください。");
+            return ExitFailed;
+        }
         Complain("中断しました。作業フォルダにコピーしたものは消しました。");
         return ExitInterrupted;
     }

@@ -1,5 +1,11 @@
 #include "hosts/cli/Commands.h"
+#include "hosts/cli/OutputFile.h"
 #include "hosts/cli/Records.h"
+
+#include "platform/MibFile.h"
+#include "platform/RunFolder.h"
+#include "platform/UserFolders.h"
+#include "platform/WriteFailure.h"
 
 namespace
 {
@@ -9,6 +15,8 @@ struct Arguments
     std::string record;
     std::string output;
 };
+
+constexpr std::size_t largestRecord = std::size_t{1} << 30;
 
 int Show(const Arguments& arguments)
 {
@@ -22,10 +30,31 @@ int Show(const Arguments& arguments)
     return ExitDone;
 }
 
+/// By way of a file: the record is made whole or not at all.
+int ReturnToStandardOutput(ToviData& document, const CString& record)
+{
+    if (!LoadRecord(document, record)) return ExitFailed;
+    const CString shared = CurrentUserFolders().temporary;
+    const CString temporary = PrivateTemporaryFolder(shared);
+    const RunFolder folder(temporary.empty() ? "" : temporary + "/return");
+    if (folder.Path().empty()) {
+        Complain(WhyNotWritten(shared, WriteFailure::Other));
+        return ExitFailed;
+    }
+    const CString file = folder.Path() + "/record.xml";
+    int reason = noReason;
+    const bool saved = document.ReturnExam(file.c_str(), &reason);
+    if (saved) WriteOutput(standardOutputName, MibReadFile(file, largestRecord).value_or(""));
+    return TellSaved(saved, file, reason);
+}
+
 int Return(const Arguments& arguments)
 {
     const OpenedDelivery delivery = OpenDelivery(arguments.delivery);
     if (!delivery.IsLoaded()) return ExitFailed;
+    if (arguments.output == standardOutputName) {
+        return ReturnToStandardOutput(*delivery.document, arguments.record);
+    }
     // Also one that is under inspection may be written over, the loaded one for instance.
     RecordHold hold(arguments.output);
     const CString& file = hold.Target();
@@ -62,7 +91,9 @@ void AddReturnCommand(CLI::App& app, int& status)
     command->group("コマンド");
     AddDeliveryArguments(*command, arguments.delivery);
     AddRecordOption(*command, arguments.record)->required();
-    command->add_option("OUT", arguments.output, "作るファイル。納品データの中には作れない")
+    command
+        ->add_option("OUT", arguments.output,
+                     "作るファイル。- は標準出力。納品データの中には作れない")
         ->required()
         ->option_text("（必須）");
     command->callback([&status] { status = Return(arguments); });

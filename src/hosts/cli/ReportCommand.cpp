@@ -3,6 +3,7 @@
 #include "hosts/cli/OutputFile.h"
 #include "hosts/cli/Records.h"
 
+#include "loading/WorkFolder.h"
 #include "platform/AtomicFile.h"
 #include "platform/MibFile.h"
 #include "reports/CheckStatusPages.h"
@@ -47,7 +48,9 @@ CString CauseOf(CheckStatusOutcome outcome, const CString& path)
         return MibProgramPath() + "CHKPHOTO.XLS "
                                   "がありません。プログラムをインストールし直してください。";
     case CheckStatusOutcome::NoWorkFolder:
-        return "作業フォルダを作れません。書き込みの権限と空き容量を確かめてください。";
+        return "作業フォルダ " + SuiteFolder() +
+               " を作れないか、空き容量が64MBありません。書き込み"
+               "の権限と空き容量を確かめてください。";
     case CheckStatusOutcome::OutputOpen:
         return path + " はほかのプログラムで開かれています。閉じてからやり直してください。";
     case CheckStatusOutcome::OutputReadOnly:
