@@ -1,6 +1,8 @@
 #include "hosts/cli/Conditions.h"
 
+#include "hosts/cli/NearWords.h"
 #include "hosts/cli/Records.h"
+#include "hosts/cli/Usage.h"
 
 #include <algorithm>
 #include <cctype>
@@ -87,6 +89,23 @@ CString WhatIsWrong(const ConditionArguments& arguments)
     return {};
 }
 
+/// The items that the command line names and \p def doesn't, in a sentence; empty when there are
+/// none.
+CString UnknownItems(const ToviItemDef& def, const ConditionArguments& arguments)
+{
+    const ExtractionConditions conditions = ConditionsOf(arguments);
+    std::vector<CString> titles(conditions.itemTitle.begin(), conditions.itemTitle.end());
+    titles.push_back(arguments.sortItem);
+    for (const CString& title : titles) {
+        if (title.empty() || def.GetIndexFromTitle(title) >= 0) continue;
+        std::vector<CString> known;
+        for (int i = 0; i < def.GetCount(); ++i) known.push_back(def.GetTitleFromIndex(i));
+        return "項目「" + title + "」はこの納品データにありません。" + MeantPerhaps(title, known) +
+               "項目の名前は tovi photos で確かめてください。";
+    }
+    return {};
+}
+
 void SetSort(ToviData& document, const ConditionArguments& arguments)
 {
     ToviSortCondition condition;
@@ -117,7 +136,7 @@ void AddConditionOptions(CLI::App& command, ConditionArguments& arguments)
     command
         .add_option("--label", arguments.label,
                     "この付箋の写真を選ぶ（0 OK、1～3 NG1～NG3、4 コメント、5 任意）")
-        ->check(CLI::Range(0u, labelCount - 1))
+        ->check(Between(0, labelCount - 1))
         ->option_text("N");
     CLI::Option* all =
         command.add_flag("--and", arguments.all, "抽出条件のすべてに当たる写真（既定）");
@@ -145,6 +164,10 @@ int MakeCurrentArray(ToviData& document, const ConditionArguments& arguments)
 {
     if (const CString wrong = WhatIsWrong(arguments); !wrong.empty()) {
         Complain(wrong);
+        return ExitWrongUsage;
+    }
+    if (const CString unknown = UnknownItems(*document.GetItemDef(), arguments); !unknown.empty()) {
+        Complain(unknown);
         return ExitWrongUsage;
     }
     if (!LoadRecord(document, arguments.record)) return ExitFailed;

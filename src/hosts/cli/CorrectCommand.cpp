@@ -1,6 +1,7 @@
 #include "hosts/cli/Commands.h"
 #include "hosts/cli/PhotoChoice.h"
 #include "hosts/cli/Records.h"
+#include "hosts/cli/Usage.h"
 #include "hosts/cli/UserInPlace.h"
 
 #include "platform/TerminalUserInterface.h"
@@ -76,7 +77,7 @@ void AddCorrectCommand(CLI::App& app, int& status)
         ->add_option("--action", arguments.action,
                      "ok（NGのない写真にOK）、unchecked（OK・NGをはがして未検査に）、clear（付箋と"
                      "コメントをすべて消す）")
-        ->check(CLI::IsMember({"ok", "unchecked", "clear"}))
+        ->check(OneOf({"ok", "unchecked", "clear"}))
         ->required()
         ->option_text("NAME（必須）");
     AddTreeTypeOption(*command, arguments.choice.type);

@@ -1,4 +1,5 @@
 #include "hosts/cli/Delivery.h"
+#include "hosts/cli/Usage.h"
 
 #include "platform/CDocument.h"
 #include "platform/HostServices.h"
@@ -84,7 +85,7 @@ void AddDeliveryArguments(CLI::App& command, DeliveryArguments& arguments)
         .add_option("--family", arguments.family,
                     "要領の系統: "
                     "auto（DTDなどから判断）、mlit（国交省）、kowan（港湾）、maff（農水省）、nexco")
-        ->check(CLI::IsMember({"auto", "mlit", "kowan", "maff", "nexco"}))
+        ->check(OneOf({"auto", "mlit", "kowan", "maff", "nexco"}))
         ->option_text("NAME");
 }
 
@@ -105,7 +106,7 @@ void AddTreeTypeOption(CLI::App& command, TreeTypeArgument& type)
             "--type", type,
             "木の種類（既定は設定のとおり）: 0 大分類・写真区分・工種・種別・細別、1 撮影箇所、2 "
             "工種・種別・細別")
-        ->check(CLI::Range(0, 2))
+        ->check(Between(0, 2))
         ->option_text("0|1|2");
 }
 

@@ -1,6 +1,7 @@
 #include "hosts/cli/Commands.h"
 #include "hosts/cli/PhotoChoice.h"
 #include "hosts/cli/Records.h"
+#include "hosts/cli/Usage.h"
 
 #include "review/LabelRules.h"
 
@@ -74,7 +75,7 @@ void AddLabelCommand(CLI::App& app, int& status)
             ->add_option(name, *slots,
                          CString(text) +
                              "（0 OK、1～3 NG1～NG3、4 コメント、5 任意）。繰り返してよい")
-            ->check(CLI::Range(0u, labelCount - 1))
+            ->check(Between(0, labelCount - 1))
             ->allow_extra_args(false)
             ->option_text("N ...");
     }

@@ -23,7 +23,7 @@ constexpr const char* resultNames[] = {"none", "unaltered", "altered", "unknown"
 std::string WhyNoTypes(const std::string& text)
 {
     if (IsEditCheckTypes(text)) return {};
-    return "0、1、2 を 0,2,1 のように19文字まで並べる";
+    return "0、1、2 を 0,2,1 のように19文字まで並べてください";
 }
 
 bool HasVerifier(unsigned short type)

@@ -1,5 +1,6 @@
 #include "hosts/cli/Commands.h"
 #include "hosts/cli/Profile.h"
+#include "hosts/cli/Usage.h"
 
 #include "platform/FileProfileStore.h"
 #include "platform/HostProcess.h"
@@ -22,6 +23,7 @@ void DescribeProgram(CLI::App& app)
     app.require_subcommand(1);
     app.option_defaults()->group("オプション");
     app.set_help_flag("-h,--help", "この説明を表示する")->group("オプション");
+    app.set_version_flag("--version", "tovi " TOVI_VERSION, "名前と版を表示する");
     const auto formatter = std::dynamic_pointer_cast<CLI::Formatter>(app.get_formatter());
     const std::pair<const char*, const char*> labels[] = {
         {"Usage", "使い方"},         {"Positionals", "引数"},  {"Options", "オプション"},
@@ -45,18 +47,25 @@ void AddProfileOption(CLI::App& app)
 
 int Parse(CLI::App& app, int argc, char** argv)
 {
+    if (argc < 2) {
+        std::cerr << app.help();
+        return ExitWrongUsage;
+    }
     try {
         app.parse(argc, argv);
         return ExitDone;
-    } catch (const CLI::CallForHelp& help) {
-        app.exit(help);
+    } catch (const CLI::Success& answer) {
+        app.exit(answer);
         return ExitDone;
     } catch (const CLI::ParseError& error) {
-        Complain(CString("使い方が正しくありません（") + error.what() +
-                 "）。tovi --help か tovi COMMAND --help で確かめてください。");
+        const std::vector<CLI::App*> called = app.get_subcommands();
+        const CString command = called.empty() ? "" : called.front()->get_name() + " ";
+        Complain("使い方が正しくありません。" + WhatIsWrong(app, {argv + 1, argv + argc}, error) +
+                 "tovi " + command + "--help で確かめてください。");
         return ExitWrongUsage;
     }
 }
+
 /// Parses the command line, which runs the command, and returns the exit status.
 int Run(CLI::App& app, int argc, char** argv, const int& status)
 {
