@@ -19,16 +19,19 @@ constexpr unsigned long white = 0xFFFFFF;
 constexpr unsigned long ink = 0x302820;
 constexpr unsigned long palePlate = 0xE6FFE6;
 
-void DrawPhoto(LumCanvas& canvas, const LumRect& place, ToviPhoto& photo)
+/// False when it can't be decoded.
+bool DrawPhoto(LumCanvas& canvas, const LumRect& place, ToviPhoto& photo)
 {
     photo.LoadThumb();
-    if (photo.GetImage().IsValid()) {
+    const bool shown = photo.GetImage().IsValid();
+    if (shown) {
         canvas.DrawImage(place, photo.GetImage());
     } else {
         canvas.FillRect(place, palePlate);
         canvas.DrawText(place, "表示できません", noticePixels, 1, ink);
     }
     photo.ReleaseImage();
+    return shown;
 }
 
 CString CaptionOf(const ToviPhoto& photo, const ToviItemDef& def)
@@ -75,19 +78,21 @@ LumRect ContactSheetLayout::Title(int position) const
     return {above.left, above.top + thumbHeight, thumbWidth, titleHeight};
 }
 
-LumImage MakeContactSheet(ToviData& document, int columns, const std::function<void(int)>& report)
+ContactSheet MakeContactSheet(ToviData& document, int columns,
+                              const std::function<void(int)>& report)
 {
     const int count = document.GetCurrentPhotoCount();
     const ContactSheetLayout layout(count, columns);
     if (!layout.Fits()) return {};
     LumCanvas canvas(layout.Width(), layout.Height(), white);
     if (!canvas.IsValid()) return {};
+    int notShown = 0;
     for (int position = 0; position < count; ++position) {
         ToviPhoto& photo = *document.GetPhoto(position);
-        DrawPhoto(canvas, layout.Thumbnail(position), photo);
+        if (!DrawPhoto(canvas, layout.Thumbnail(position), photo)) ++notShown;
         canvas.DrawText(layout.Title(position), CaptionOf(photo, *document.GetItemDef()),
                         titlePixels, 2, ink);
         report(position);
     }
-    return canvas.GetImage();
+    return {canvas.GetImage(), notShown};
 }

@@ -27,9 +27,16 @@ private:
     int columns;
 };
 
+struct ContactSheet
+{
+    /// Invalid when the sheet doesn't fit.
+    LumImage image;
+    /// The photographs that can't be decoded.
+    int notShown = 0;
+};
+
 /// A sheet with the photographs of the current array of \p document, \p columns in a row:
 /// thumbnails with their titles, and 表示できません on pale green for a photograph that can't be
-/// decoded. \p report hears the position of each photograph. An invalid image when the sheet
-/// doesn't fit.
-TOVI_EXPORT LumImage MakeContactSheet(ToviData& document, int columns,
-                                      const std::function<void(int)>& report);
+/// decoded. \p report hears the position of each photograph.
+TOVI_EXPORT ContactSheet MakeContactSheet(ToviData& document, int columns,
+                                          const std::function<void(int)>& report);

@@ -32,10 +32,11 @@ TEST(ContactSheet, ShowsWhatCanBeDecodedAndGoesOn)
     const OpenedSample sample(DeliveryBuilder({.photos = 3, .drawings = 0}));
     std::filesystem::remove(sample.Photo(1).GetImagePath());
     std::vector<int> reported;
-    const LumImage sheet = MakeContactSheet(
+    const ContactSheet made = MakeContactSheet(
         *sample.document, 2, [&reported](int position) { reported.push_back(position); });
-    EXPECT_TRUE(sheet.IsValid());
-    EXPECT_EQ(sheet.GetWidth(), ContactSheetLayout(3, 2).Width());
+    EXPECT_TRUE(made.image.IsValid());
+    EXPECT_EQ(made.notShown, 1);
+    EXPECT_EQ(made.image.GetWidth(), ContactSheetLayout(3, 2).Width());
     EXPECT_EQ(reported, (std::vector{0, 1, 2}));
     EXPECT_FALSE(sample.Photo(0).GetImage().IsValid()) << "pictures don't stay in memory";
 }

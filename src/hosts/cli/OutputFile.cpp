@@ -1,10 +1,20 @@
 #include "hosts/cli/OutputFile.h"
 
-#include "hosts/cli/Delivery.h"
+#include "hosts/cli/Records.h"
 
 #include "platform/AtomicFile.h"
 
 #include <iostream>
+
+int ExamineOutput(const CString& path, const OpenedDelivery& delivery)
+{
+    if (path == standardOutputName) return ExitDone;
+    if (RefuseInDelivery(path, delivery)) return ExitWrongUsage;
+    const WriteFailure failure = WhyNotReplaceable(path);
+    if (failure == WriteFailure::None) return ExitDone;
+    Complain(WhyNotWritten(path, failure));
+    return ExitFailed;
+}
 
 int WriteOutput(const CString& path, std::string_view bytes)
 {

@@ -1,11 +1,17 @@
 #pragma once
 
+#include "hosts/cli/Delivery.h"
+
 #include "platform/Text.h"
 
 #include <string_view>
 
 /// The name of an output file that means standard output.
 inline constexpr const char* standardOutputName = "-";
+
+/// The exit status that \p path, where a result of \p delivery is to be written, calls for; what
+/// isn't ExitDone was told on standard error.
+int ExamineOutput(const CString& path, const OpenedDelivery& delivery);
 
 /// Writes \p bytes to the file \p path, or to standard output when that is its name. Returns the
 /// exit status; a failure is told on standard error.

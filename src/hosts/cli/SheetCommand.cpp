@@ -2,6 +2,7 @@
 #include "hosts/cli/Conditions.h"
 #include "hosts/cli/OutputFile.h"
 #include "hosts/cli/Records.h"
+#include "hosts/cli/Usage.h"
 
 #include "platform/HostServices.h"
 #include "platform/MibFile.h"
@@ -52,26 +53,31 @@ int Run(const Arguments& arguments)
     const OpenedDelivery delivery =
         OpenDelivery(arguments.delivery, arguments.conditions.choice.type);
     if (!delivery.IsLoaded()) return ExitFailed;
-    const bool isFile = arguments.output != standardOutputName;
-    if (isFile && RefuseInDelivery(arguments.output, delivery)) return ExitWrongUsage;
+    if (const int wrong = ExamineOutput(arguments.output, delivery); wrong != ExitDone)
+        return wrong;
     ToviData& document = *delivery.document;
     const int status = MakeCurrentArray(document, arguments.conditions);
     if (status != ExitDone) return status;
     UserInterface& user = *GetHostServices().userInterface;
     const int total = document.GetCurrentPhotoCount();
-    const LumImage sheet =
+    const ContactSheet sheet =
         MakeContactSheet(document, arguments.columns, [&user, total](int position) {
             user.ShowProgress(Format("一覧の作成　%d / %d枚", position + 1, total));
         });
     user.ShowProgress("");
-    const auto bytes = sheet.Encode(*type, bestQuality);
+    const auto bytes = sheet.image.Encode(*type, bestQuality);
     if (!bytes) {
         Complain(Format("%d枚の写真は1枚の一覧に入りません。--node で分類を選ぶか、--columns "
                         "を変えてください。",
                         total));
         return ExitWrongUsage;
     }
-    return WriteOutput(arguments.output, *bytes);
+    const int written = WriteOutput(arguments.output, *bytes);
+    if (written != ExitDone || sheet.notShown == 0) return written;
+    Complain(Format("%d枚の写真を表示できません。ファイルがないか、壊れています。一覧では「表示でき"
+                    "ません」になっています。",
+                    sheet.notShown));
+    return ExitFailed;
 }
 } // namespace
 
@@ -90,7 +96,7 @@ void AddSheetCommand(CLI::App& app, int& status)
         ->option_text("（必須）");
     AddConditionOptions(*command, arguments.conditions);
     command->add_option("--columns", arguments.columns, "横に並べる枚数（1～100、既定は5）")
-        ->check(CLI::Range(1, 100))
+        ->check(Between(1, 100))
         ->option_text("N");
     command->callback([&status] { status = Run(arguments); });
 }
