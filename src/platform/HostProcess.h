@@ -9,3 +9,7 @@ TOVI_EXPORT void PrepareHostProcess();
 
 /// What every host asks last: false when not all that was written to standard output has arrived.
 TOVI_EXPORT bool StandardOutputHasArrived();
+
+/// What the user is told then.
+inline constexpr const char* outputLost =
+    "標準出力に結果を書き込めません。出力先と空き容量を確かめてください。";

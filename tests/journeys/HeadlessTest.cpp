@@ -1,3 +1,4 @@
+#include "platform/HostServices.h"
 #include "platform/LumImage.h"
 #include "platform/MibFile.h"
 #include "sample/DeliveryBuilder.h"
@@ -241,6 +242,35 @@ TEST_F(Headless, ReadsDeliveriesOfTheSameNamesAtOnce)
     for (std::thread& program : programs) program.join();
     for (const Delivery& delivery : deliveries) EXPECT_THAT(delivery.wrong, testing::IsEmpty());
     EXPECT_FALSE(MibIsFolderExist(temp.Path("work/QVScratch/QV-SUITE/QVフォトビューアー")));
+}
+
+TEST_F(Headless, ViewerAnswersWithoutADisplay)
+{
+    const struct
+    {
+        const char* arguments;
+        int status;
+        const char* output;
+        const char* sentence;
+    } cases[] = {
+        {"--help", 0, "使い方: tovi-viewer", ""},
+        {"-platform offscreen --version", 0, "tovi-viewer 0.", ""},
+        {"--unknown", 2, "", "オプション unknown はありません。"},
+        {"--record", 2, "", "値がない"},
+        {"--family x", 2, "", "--family は"},
+        {"a b", 2, "", "フォルダは1つだけ"},
+        {"--help >/dev/full", 1, "", "標準出力"},
+    };
+    const CString program = RunningProgramPath();
+    const CString viewer = program.substr(0, program.rfind('/')) + "/tovi-viewer";
+    for (const auto& c : cases) {
+        const ProgramResult result =
+            Run({"/bin/sh", "-c",
+                 "unset DISPLAY WAYLAND_DISPLAY QT_QPA_PLATFORM; '" + viewer + "' " + c.arguments});
+        EXPECT_EQ(result.status, c.status) << c.arguments << result.errors;
+        EXPECT_THAT(result.output, HasSubstr(c.output)) << c.arguments;
+        EXPECT_THAT(result.errors, HasSubstr(c.sentence)) << c.arguments;
+    }
 }
 
 TEST_F(Headless, PreparesTheIndexInTheWorkFolder)

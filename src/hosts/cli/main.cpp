@@ -86,7 +86,7 @@ int Run(CLI::App& app, int argc, char** argv, const int& status)
 int WithOutputArrived(int status)
 {
     if (StandardOutputHasArrived()) return status;
-    Complain("標準出力に結果を書き込めません。出力先と空き容量を確かめてください。");
+    Complain(outputLost);
     return status == ExitDone ? ExitFailed : status;
 }
 } // namespace

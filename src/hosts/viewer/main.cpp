@@ -1,5 +1,6 @@
 #include "dialogs/QtUserInterface.h"
 #include "hosts/viewer/MainFrame.h"
+#include "hosts/viewer/ViewerOptions.h"
 #include "platform/controls/GaluFont.h"
 #include "platform/FileProfileStore.h"
 #include "platform/HostProcess.h"
@@ -8,7 +9,6 @@
 #include "platform/QtText.h"
 
 #include <QApplication>
-#include <QCommandLineParser>
 #include <QLibraryInfo>
 #include <QStatusBar>
 #include <QTranslator>
@@ -17,55 +17,24 @@
 
 namespace
 {
-constexpr int wrongUsage = 2;
+constexpr int outputFailed = 1;
 
-struct Options
+/// What the command line says and what it asks for without a window needs no display.
+std::optional<ViewerOptions> ReadCommandLine(int argc, char** argv, int& status)
 {
-    CString delivery;
-    CString record;
-    CString profile;
-    std::optional<PhotoXMLType> family;
-};
-
-void Describe(QCommandLineParser& parser)
-{
-    parser.setApplicationDescription(
-        QStringLiteral("工事写真の電子納品データを検査する。納品データには書き込まない。"));
-    parser.addPositionalArgument(QStringLiteral("DELIVERY"),
-                                 QStringLiteral("PHOTO.XML か INDEX_*.XML、またはそのあるフォルダ"),
-                                 QStringLiteral("[DELIVERY]"));
-    parser.addOptions(
-        {{QStringLiteral("family"), QStringLiteral("要領の系統: auto、mlit、kowan、maff、nexco"),
-          QStringLiteral("NAME"), QStringLiteral("auto")},
-         {QStringLiteral("record"), QStringLiteral("検査状況の記録ファイル"),
-          QStringLiteral("FILE")},
-         {QStringLiteral("profile"), QStringLiteral("設定ファイル"), QStringLiteral("FILE")}});
-    parser.addHelpOption();
-    parser.addVersionOption();
+    const QCoreApplication application(argc, argv);
+    return ReadOptions(QCoreApplication::arguments(), status);
 }
 
-/// Nothing when the command line is wrong, which is told on standard error.
-std::optional<Options> ReadOptions(const QCommandLineParser& parser)
+/// The exit status of what ended with \p status, after a look whether its output has arrived.
+int WithOutputArrived(int status)
 {
-    Options options;
-    const QStringList names = {QStringLiteral("auto"), QStringLiteral("mlit"),
-                               QStringLiteral("kowan"), QStringLiteral("maff"),
-                               QStringLiteral("nexco")};
-    const auto family = names.indexOf(parser.value(QStringLiteral("family")));
-    const QStringList arguments = parser.positionalArguments();
-    if (family < 0 || arguments.size() > 1) {
-        std::cerr << "使い方が正しくありません。tovi-viewer --help で確かめてください。"
-                  << std::endl;
-        return std::nullopt;
-    }
-    if (family > 0) options.family = static_cast<PhotoXMLType>(family - 1);
-    if (!arguments.isEmpty()) options.delivery = FromQtText(arguments.front());
-    options.record = FromQtText(parser.value(QStringLiteral("record")));
-    options.profile = FromQtText(parser.value(QStringLiteral("profile")));
-    return options;
+    if (StandardOutputHasArrived()) return status;
+    std::cerr << outputLost << std::endl;
+    return outputFailed;
 }
 
-int Run(const Options& options)
+int Run(const ViewerOptions& options)
 {
     QtUserInterface user;
     FileProfileStore profile(options.profile.empty() ? DefaultProfilePath() : options.profile);
@@ -91,6 +60,9 @@ int Run(const Options& options)
 int main(int argc, char** argv)
 {
     PrepareHostProcess();
+    int status = 0;
+    const std::optional<ViewerOptions> options = ReadCommandLine(argc, argv, status);
+    if (!options) return WithOutputArrived(status);
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("tovi-viewer"));
     QApplication::setApplicationVersion(QStringLiteral(TOVI_VERSION));
@@ -101,9 +73,5 @@ int main(int argc, char** argv)
                         QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
         QApplication::installTranslator(&translator);
     }
-    QCommandLineParser parser;
-    Describe(parser);
-    parser.process(application);
-    const std::optional<Options> options = ReadOptions(parser);
-    return options ? Run(*options) : wrongUsage;
+    return Run(*options);
 }
