@@ -5,7 +5,11 @@
 //
 // A program of its own, since what a hostile drawing does to the drawing library, to memory and to
 // time ends here: it is killed when it takes too long, and nothing but this one picture is lost.
+// From behind its fence it sees nothing but fonts and the system's own files, and reaches nobody.
 
+#include "platform/fence/ProcessFence.h"
+
+#include <fontconfig/fontconfig.h>
 #include <gio/gunixinputstream.h>
 #include <librsvg/rsvg.h>
 
@@ -51,6 +55,24 @@ void LimitOurselves()
     const rlimit memory = {mostMemory, mostMemory};
     setrlimit(RLIMIT_AS, &memory);
 #endif
+}
+
+void Append(FcStrList* folders, std::vector<std::string>& out)
+{
+    while (const FcChar8* folder = FcStrListNext(folders)) {
+        out.emplace_back(reinterpret_cast<const char*>(folder));
+    }
+    FcStrListDone(folders);
+}
+
+void FenceOurselves()
+{
+    // The configuration, which may lie anywhere, tells where the fonts are.
+    FcInit();
+    FencePlan plan = {.readable = {"/usr", "/lib", "/lib64"}};
+    Append(FcConfigGetFontDirs(nullptr), plan.readable);
+    Append(FcConfigGetCacheDirs(nullptr), plan.readable);
+    ProcessFence(plan).Enter();
 }
 
 /// The size that the drawing says it has; without one that of its view box, else of what is drawn.
@@ -140,10 +162,11 @@ bool WritePicture(cairo_surface_t* picture)
 int main(int argc, char** argv)
 {
     LimitOurselves();
+    FenceOurselves();
     if (argc != 3) return EXIT_FAILURE;
     RsvgHandle* drawing = ReadDrawing();
     if (drawing == nullptr) return EXIT_FAILURE;
     const Surface picture = Draw(drawing, {std::atof(argv[1]), std::atof(argv[2])});
-    // What was read is left to the end of the program.
-    return picture && WritePicture(picture.get()) ? EXIT_SUCCESS : EXIT_FAILURE;
+    // What was read goes with the process.
+    std::_Exit(picture && WritePicture(picture.get()) ? EXIT_SUCCESS : EXIT_FAILURE);
 }

@@ -14,6 +14,7 @@
 #include <dlfcn.h>
 #include <sys/stat.h>
 
+#include <cstdlib>
 #include <random>
 #include <sstream>
 #include <thread>
@@ -37,6 +38,25 @@ std::string ProgramFolder()
     if (dladdr(inLibrary, &facts) == 0) return {};
     const std::string library = facts.dli_fname;
     return library.substr(0, library.rfind('/') + 1);
+}
+
+/// What the office needs: the system, which keeps parts of it in every one of these folders, fonts,
+/// and the folder \p home of its own, in which the form lies and the report is made. No delivery
+/// and nothing else of the user is in its sight.
+FencePlan PlanFor(const std::string& home)
+{
+    FencePlan plan = {
+        .readable = {"/usr", "/lib", "/lib64", "/etc", "/opt", "/var", "/proc", "/sys", "/dev"},
+        .writable = {home, "/dev/null"},
+        .socketFolders = {"/tmp", "/var/tmp"},
+        .mayStartPrograms = true};
+    if (const char* user = std::getenv("HOME")) {
+        for (const char* fonts :
+             {"/.fonts", "/.local/share/fonts", "/.config/fontconfig", "/.cache/fontconfig"}) {
+            plan.readable.push_back(user + std::string(fonts));
+        }
+    }
+    return plan;
 }
 
 std::string NewAddress()
@@ -106,7 +126,8 @@ bool Office::Launch()
         {ProgramFolder() + "soffice.bin", "--headless", "--norestore", "--nologo", "--nodefault",
          "--nofirststartwizard", "-env:UserInstallation=" + profile,
          "--accept=" + address + ";urp;"},
-        {"TMPDIR=" + home + "/temporary", "LC_ALL=C.UTF-8", "SAL_USE_VCLPLUGIN=svp"});
+        {"TMPDIR=" + home + "/temporary", "LC_ALL=C.UTF-8", "SAL_USE_VCLPLUGIN=svp"},
+        ProcessFence(PlanFor(home)));
 }
 
 bool Office::IsRunning()

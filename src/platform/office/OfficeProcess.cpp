@@ -34,7 +34,8 @@ std::vector<std::string> WithOwnVariables(std::vector<std::string> variables)
 
 /// What the child does before it becomes the program. Other threads may hold any lock of the
 /// parent, so it makes system calls only.
-[[noreturn]] void BecomeProgram(pid_t parent, char** command, char** variables)
+[[noreturn]] void BecomeProgram(pid_t parent, const ProcessFence& fence, char** command,
+                                char** variables)
 {
     setpgid(0, 0);
     prctl(PR_SET_PDEATHSIG, SIGKILL);
@@ -42,6 +43,7 @@ std::vector<std::string> WithOwnVariables(std::vector<std::string> variables)
     const int nothing = open("/dev/null", O_RDWR);
     for (const int standard : {0, 1, 2}) dup2(nothing, standard);
     signal(SIGPIPE, SIG_DFL);
+    fence.Enter();
     execve(command[0], command, variables);
     _exit(127);
 }
@@ -72,7 +74,7 @@ OfficeProcess::~OfficeProcess()
 }
 
 bool OfficeProcess::Start(const std::vector<std::string>& command,
-                          const std::vector<std::string>& variables)
+                          const std::vector<std::string>& variables, const ProcessFence& fence)
 {
     const std::vector<std::string> environment = WithOwnVariables(variables);
     const std::vector<char*> arguments = PointersTo(command);
@@ -81,7 +83,7 @@ bool OfficeProcess::Start(const std::vector<std::string>& command,
     exitStatus = -1;
     process = fork();
     if (process == 0) {
-        BecomeProgram(parent, const_cast<char**>(arguments.data()),
+        BecomeProgram(parent, fence, const_cast<char**>(arguments.data()),
                       const_cast<char**>(settings.data()));
     }
     return process > 0;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/fence/ProcessFence.h"
+
 #include <sys/types.h>
 
 #include <chrono>
@@ -19,8 +21,9 @@ public:
     ~OfficeProcess();
 
     /// Starts \p command, a full path and its arguments, with \p variables ("NAME=value") before
-    /// those of this process.
-    bool Start(const std::vector<std::string>& command, const std::vector<std::string>& variables);
+    /// those of this process, behind \p fence.
+    bool Start(const std::vector<std::string>& command, const std::vector<std::string>& variables,
+               const ProcessFence& fence);
     /// Notes the sockets that it has bound. They are removed after its end, which it doesn't do
     /// itself when it is killed. Their paths stand in the file \p list from then on, a line each,
     /// for whoever clears up behind this process.
