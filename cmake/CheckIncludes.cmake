@@ -17,7 +17,7 @@ set(see_model platform ${model})
 set(see_windows ${see_model} controls ${windows})
 set(see_viewer ${see_windows} hosts)
 set(see_hosts ${see_model} hosts)
-set(see_vectoradaptor platform)
+set(see_vectoradaptor platform vectoradaptor)
 
 set(standard "<[a-z_]+>")
 set(qt "<Q[A-Za-z]+>")

@@ -8,42 +8,21 @@
 // From behind its fence it sees nothing but fonts and the system's own files, and reaches nobody.
 
 #include "platform/fence/ProcessFence.h"
+#include "vectoradaptor/Drawing.h"
 
 #include <fontconfig/fontconfig.h>
 #include <gio/gunixinputstream.h>
-#include <librsvg/rsvg.h>
 
 #include <sys/resource.h>
 #include <unistd.h>
 
-#include <algorithm>
-#include <cmath>
 #include <cstdint>
 #include <cstdlib>
-#include <memory>
 
 namespace
 {
 constexpr rlim_t cpuSeconds = 5;
 constexpr rlim_t mostMemory = rlim_t{2} << 30;
-constexpr double mostPixels = 40e6;
-constexpr double dotsPerInch = 96;
-
-template <class T, void (*release)(T*)>
-struct Release
-{
-    void operator()(T* object) const { release(object); }
-};
-using Surface = std::unique_ptr<cairo_surface_t, Release<cairo_surface_t, cairo_surface_destroy>>;
-using Context = std::unique_ptr<cairo_t, Release<cairo_t, cairo_destroy>>;
-
-struct Size
-{
-    double width = 0;
-    double height = 0;
-
-    bool IsEmpty() const { return !(width > 0 && height > 0); }
-};
 
 void LimitOurselves()
 {
@@ -73,64 +52,6 @@ void FenceOurselves()
     Append(FcConfigGetFontDirs(nullptr), plan.readable);
     Append(FcConfigGetCacheDirs(nullptr), plan.readable);
     ProcessFence(plan).Enter();
-}
-
-/// The size that the drawing says it has; without one that of its view box, else of what is drawn.
-Size SizeOf(RsvgHandle* drawing)
-{
-    Size size;
-    if (rsvg_handle_get_intrinsic_size_in_pixels(drawing, &size.width, &size.height) &&
-        !size.IsEmpty()) {
-        return size;
-    }
-    gboolean hasWidth;
-    gboolean hasHeight;
-    gboolean hasViewBox;
-    RsvgLength width;
-    RsvgLength height;
-    RsvgRectangle box;
-    rsvg_handle_get_intrinsic_dimensions(drawing, &hasWidth, &width, &hasHeight, &height,
-                                         &hasViewBox, &box);
-    if (hasViewBox) return {box.width, box.height};
-    if (!rsvg_handle_get_geometry_for_element(drawing, nullptr, &box, nullptr, nullptr)) return {};
-    return {box.width, box.height};
-}
-
-Size Fitted(Size size, Size within)
-{
-    double scale = std::min(1.0, std::sqrt(mostPixels / size.width / size.height));
-    if (!within.IsEmpty()) {
-        scale = std::min({scale, within.width / size.width, within.height / size.height});
-    }
-    return {std::max(1.0, std::round(size.width * scale)),
-            std::max(1.0, std::round(size.height * scale))};
-}
-
-/// Nothing outside the drawing is ever fetched: without a base no link but those with the data in
-/// them is followed.
-RsvgHandle* ReadDrawing()
-{
-    GInputStream* input = g_unix_input_stream_new(STDIN_FILENO, FALSE);
-    RsvgHandle* drawing = rsvg_handle_new_from_stream_sync(
-        input, nullptr, RSVG_HANDLE_FLAG_UNLIMITED, nullptr, nullptr);
-    if (drawing != nullptr) rsvg_handle_set_dpi(drawing, dotsPerInch);
-    return drawing;
-}
-
-Surface Draw(RsvgHandle* drawing, Size within)
-{
-    const Size own = SizeOf(drawing);
-    if (own.IsEmpty() || !std::isfinite(own.width * own.height)) return {};
-    const Size size = Fitted(own, within);
-    Surface picture(cairo_image_surface_create(CAIRO_FORMAT_RGB24, static_cast<int>(size.width),
-                                               static_cast<int>(size.height)));
-    const Context context(cairo_create(picture.get()));
-    cairo_set_source_rgb(context.get(), 1, 1, 1);
-    cairo_paint(context.get());
-    const RsvgRectangle whole = {0, 0, size.width, size.height};
-    if (!rsvg_handle_render_document(drawing, context.get(), &whole, nullptr)) return {};
-    cairo_surface_flush(picture.get());
-    return cairo_status(context.get()) == CAIRO_STATUS_SUCCESS ? std::move(picture) : Surface();
 }
 
 bool Write(const void* data, std::size_t size)
@@ -164,9 +85,8 @@ int main(int argc, char** argv)
     LimitOurselves();
     FenceOurselves();
     if (argc != 3) return EXIT_FAILURE;
-    RsvgHandle* drawing = ReadDrawing();
-    if (drawing == nullptr) return EXIT_FAILURE;
-    const Surface picture = Draw(drawing, {std::atof(argv[1]), std::atof(argv[2])});
-    // What was read goes with the process.
+    GInputStream* input = g_unix_input_stream_new(STDIN_FILENO, FALSE);
+    const Surface picture = DrawSvg(input, {std::atof(argv[1]), std::atof(argv[2])});
+    // What is left goes with the process.
     std::_Exit(picture && WritePicture(picture.get()) ? EXIT_SUCCESS : EXIT_FAILURE);
 }
