@@ -21,6 +21,10 @@ if(TOVI_SANITIZE)
         -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -O1)
     target_link_options(tovi_switches INTERFACE -fsanitize=address,undefined)
 endif()
+if(TOVI_FUZZ)
+    target_compile_options(tovi_switches INTERFACE
+        -fsanitize=fuzzer-no-link,float-cast-overflow -fno-sanitize-recover=all)
+endif()
 
 # For code that is all templates of others, in tests and around a command line: to optimize it and to watch
 # its every access takes several times as long to compile as it is worth. What it calls of ours is
