@@ -76,8 +76,10 @@ std::optional<SvgContent> ReadSvgContent(const CString& path)
     std::optional<std::string> text = MibReadFile(path, largestFile);
     if (!text) return std::nullopt;
     pugi::xml_document document;
+    // With its terminator: in its place the parser would take the last character for the end, and
+    // any NUL in the text for that character.
     const pugi::xml_parse_result parsed =
-        document.load_buffer_inplace(text->data(), text->size(), pugi::parse_minimal);
+        document.load_buffer_inplace(text->data(), text->size() + 1, pugi::parse_minimal);
     if (!IsSvg(parsed, document)) return std::nullopt;
     return SvgContent{MainImage(document), LinksOutside(document)};
 }
