@@ -166,7 +166,8 @@ std::string WithStylesheet(std::string xml, const CString& name)
     const Width width = WidthOf(xml);
     const std::string narrow = width.bytesPerUnit == 1 ? std::string() : Narrow(xml, width);
     const std::string_view text = width.bytesPerUnit == 1 ? xml : narrow;
-    const bool endsInLine = text.empty() || text.back() == '\n';
+    const bool isCut = xml.size() % width.bytesPerUnit != 0;
+    const bool endsInLine = text.empty() || text.back() == '\n' || isCut;
     const auto place = PlaceForInstruction(text);
     if (!endsInLine) xml += Widened("\n", width);
     if (!place) return xml;

@@ -17,5 +17,5 @@ CString IndexCopyFolder();
 /// \p xml, the bytes of an XML file in any of the encodings that deliveries come in, with an
 /// instruction that names the stylesheet \p name (in ASCII): in place of the file's own, else in
 /// front of the root element, which the attribute DTD_version tells. A file with neither comes out
-/// as it is. The last line ends in a line feed.
+/// as it is. The last line ends in a line feed, unless it is cut off inside a character.
 std::string WithStylesheet(std::string xml, const CString& name);
