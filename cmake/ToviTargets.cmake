@@ -18,12 +18,12 @@ if(NOT TOVI_SANITIZE)
 endif()
 if(TOVI_SANITIZE)
     target_compile_options(tovi_switches INTERFACE
-        -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -O1)
+        -fsanitize=address,undefined,float-cast-overflow -fno-sanitize-recover=all
+        -fno-omit-frame-pointer -O1)
     target_link_options(tovi_switches INTERFACE -fsanitize=address,undefined)
 endif()
 if(TOVI_FUZZ)
-    target_compile_options(tovi_switches INTERFACE
-        -fsanitize=fuzzer-no-link,float-cast-overflow -fno-sanitize-recover=all)
+    target_compile_options(tovi_switches INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
 # For code that is all templates of others, in tests and around a command line: to optimize it and to watch

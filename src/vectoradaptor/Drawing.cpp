@@ -6,6 +6,8 @@
 namespace
 {
 constexpr double mostPixels = 40e6;
+/// No picture of cairo's is longer.
+constexpr double longestSide = 32767;
 constexpr double dotsPerInch = 96;
 
 void Unref(RsvgHandle* drawing)
@@ -52,6 +54,7 @@ Surface Draw(RsvgHandle* drawing, DrawingSize within)
     const DrawingSize own = SizeOf(drawing);
     if (own.IsEmpty() || !std::isfinite(own.width * own.height)) return {};
     const DrawingSize size = Fitted(own, within);
+    if (std::max(size.width, size.height) > longestSide) return {};
     Surface picture(cairo_image_surface_create(CAIRO_FORMAT_RGB24, static_cast<int>(size.width),
                                                static_cast<int>(size.height)));
     const Context context(cairo_create(picture.get()));
