@@ -14,6 +14,10 @@ constexpr std::size_t largestSource = std::size_t{4} << 20;
 
 CString WhyNotWritten(const CString& index)
 {
+    if (IndexCopyFolder().empty()) {
+        return index + " の写しを作る作業フォルダの場所がありません。ホームフォルダを確かめてくださ"
+                       "い。";
+    }
     return index + " の写しを作業フォルダ " + IndexCopyFolder() +
            " に作れません。書き込みの権限と空き容量を確かめてください。";
 }
