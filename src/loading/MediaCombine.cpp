@@ -115,7 +115,7 @@ bool MediaCombine::Take(const CString& path, bool rebuildPaths)
 bool MediaCombine::ClaimArea()
 {
     if (claim) return true;
-    MibCreateDirectory(area.folder);
+    MibCreateDirectory(area.folder, IntoDelivery::Allowed);
     auto made = std::make_shared<FolderClaim>(area.folder);
     if (made->IsOthers()) {
         Tell("メディアから取り込んだ別の納品データが、ほかのプログラムで開かれています。\nそれを閉"
@@ -146,7 +146,7 @@ bool MediaCombine::CopyFilesAbove(const CString& source) const
         Tell("ファイルの取得に失敗しました。\n（" + above + "*.*）", MessageIcon::Warning);
         return false;
     }
-    MibCreateDirectory(area.photoFolder);
+    MibCreateDirectory(area.photoFolder, IntoDelivery::Allowed);
     for (const CString& file : files) {
         MibFileDirCopy(file, area.folder, true, IntoDelivery::Allowed);
     }

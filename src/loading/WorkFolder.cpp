@@ -3,6 +3,7 @@
 #include "loading/Environment.h"
 #include "loading/ProductList.h"
 #include "platform/Cp932.h"
+#include "platform/DeliveredFolder.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -39,6 +40,7 @@ bool IsFolder(const CString& path)
 /// A relative text is no place: it would be another one for each current folder.
 bool IsUsable(const CString& location)
 {
+    if (IsInDelivery(location)) return false;
     std::error_code error;
     return IsFolder(location) ||
            (location.starts_with('/') && std::filesystem::create_directory(location, error));

@@ -95,7 +95,7 @@ bool ReadFolder(const CString& folder, Entries& entries)
 bool CopyFolder(const CString& from, const CString& to, const std::function<bool()>& goOn)
 {
     Entries entries;
-    if (!ReadFolder(from, entries) || !MibCreateDirectory(to)) return false;
+    if (!ReadFolder(from, entries) || !MibCreateDirectory(to, IntoDelivery::Allowed)) return false;
     const Names known = NamesIn(to);
     const auto placeOf = [&](const CString& name) {
         const auto found = known.find(FoldCase(name));

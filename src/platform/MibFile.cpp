@@ -1,6 +1,7 @@
 #include "platform/MibFile.h"
 
 #include "platform/CaseFallback.h"
+#include "platform/DeliveredFolder.h"
 #include "platform/HostServices.h"
 #include "platform/RegularFile.h"
 
@@ -67,8 +68,10 @@ bool MibIsFolderExist(const CString& path)
     return facts && S_ISDIR(facts->st_mode);
 }
 
-bool MibCreateDirectory(const CString& path)
+bool MibCreateDirectory(const CString& path, IntoDelivery intoDelivery)
 {
+    if (MibIsFolderExist(path)) return true;
+    if (intoDelivery == IntoDelivery::Refused && IsInDelivery(path)) return false;
     for (std::size_t end = 0; end != CString::npos;) {
         end = path.find('/', end + 1);
         const CString folder = path.substr(0, end);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Text.h"
+#include "platform/WriteFailure.h"
 
 #include <functional>
 #include <optional>
@@ -24,8 +25,10 @@ TOVI_EXPORT bool MibIsFileExist(const CString& path);
 /// True when \p path is a folder.
 TOVI_EXPORT bool MibIsFolderExist(const CString& path);
 
-/// Makes the folder \p path and those above it that are missing. True when it is there afterwards.
-TOVI_EXPORT bool MibCreateDirectory(const CString& path);
+/// Makes the folder \p path and those above it that are missing, but none in a delivery unless
+/// \p intoDelivery allows it. True when it is there afterwards.
+TOVI_EXPORT bool MibCreateDirectory(const CString& path,
+                                    IntoDelivery intoDelivery = IntoDelivery::Refused);
 
 /// The full paths of what in \p folder fits \p pattern ("*" any text, "?" any one byte, no regard
 /// to letter case), in the order of their names.

@@ -1,6 +1,7 @@
 #include "platform/SharedSectionFile.h"
 
 #include "platform/AtomicFile.h"
+#include "platform/DeliveredFolder.h"
 #include "platform/FileDescriptor.h"
 #include "platform/MibFile.h"
 
@@ -22,7 +23,7 @@ class WriteLock
 public:
     explicit WriteLock(const CString& sharedPath)
     {
-        if (sharedPath.empty()) return;
+        if (sharedPath.empty() || IsInDelivery(sharedPath)) return;
         file.Reset(
             open((sharedPath + ".lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0666));
         while (file.IsOpen() && !held) {
@@ -86,8 +87,7 @@ bool SharedSectionFile::Write(const CString& section, const CString& entry, cons
 bool SharedSectionFile::WriteTogether(const std::function<bool()>& writes)
 {
     if (isWriting) return writes();
-    std::error_code error;
-    std::filesystem::create_directories(std::filesystem::path(path).parent_path(), error);
+    MibCreateDirectory(std::filesystem::path(path).parent_path().string());
     const WriteLock lock(path);
     // Read in any case: two versions within one tick of the clock can look alike from outside.
     Load();

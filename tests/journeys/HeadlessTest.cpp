@@ -101,6 +101,14 @@ TEST_F(Headless, ShowsADeliveryWithoutTouchingIt)
     int height = 0;
     EXPECT_TRUE(LumImage::GetCommentImageSize(temp.Path("sheet.png").c_str(), width, height));
     EXPECT_GT(width, 600);
+    EXPECT_EQ(sheet.errors, "");
+    const CString folderOfPrograms =
+        RunningProgramPath().substr(0, RunningProgramPath().rfind('/') + 1);
+    const CString noFonts = temp.Write("fonts.conf", "<fontconfig/>");
+    EXPECT_THAT(Run({"/usr/bin/env", "FONTCONFIG_FILE=" + noFonts, folderOfPrograms + "tovi",
+                     "sheet", folder, temp.Path("boxes.png")})
+                    .errors,
+                HasSubstr("日本語のフォントがない"));
     EXPECT_EQ(Run({"tovi", "sheet", folder, folder + "/PHOTO/PIC/sheet.png"}).status, 2);
     EXPECT_EQ(ReadFileTree(folder), before);
 }

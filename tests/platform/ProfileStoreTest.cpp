@@ -2,6 +2,7 @@
 #include "platform/HostServices.h"
 #include "platform/MemoryProfileStore.h"
 #include "platform/ScriptedUserInterface.h"
+#include "support/FileTree.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
@@ -168,5 +169,20 @@ TEST_F(FileProfile, DamagedFileThatCannotBeSetAsideIsNotOverwritten)
     EXPECT_EQ(temp.Read(profileName), "[S]\ne=1\ngarbage\n");
     EXPECT_EQ(user.Messages(),
               CStringArray{"設定ファイルを読み取れないため、既定の設定を使用します。"});
+}
+TEST(FileProfileStore, KeepsOutOfADelivery)
+{
+    const TempFolder temp;
+    temp.Write("PHOTO/PHOTO.XML", "");
+    temp.MakeFolder("PHOTO/PIC");
+    for (const char* name :
+         {"PHOTO/profile.ini", "PHOTO/PIC/profile.ini", "PHOTO/new/profile.ini"}) {
+        const auto before = ReadFileTree(temp.Path());
+        FileProfileStore profile(temp.Path(name));
+        EXPECT_FALSE(profile.WriteProfileString("Section", "entry", "value"));
+        EXPECT_EQ(profile.GetProfileString("Section", "entry", ""), "value");
+        EXPECT_EQ(ReadFileTree(temp.Path()), before) << name;
+        EXPECT_FALSE(std::filesystem::exists(temp.Path("PHOTO/new")));
+    }
 }
 } // namespace

@@ -5,6 +5,7 @@
 #include "hosts/cli/Usage.h"
 
 #include "platform/HostServices.h"
+#include "platform/MachineLacks.h"
 #include "platform/MibFile.h"
 #include "reports/ContactSheet.h"
 
@@ -50,6 +51,7 @@ int Run(const Arguments& arguments)
                  " の種類の画像は作れません。.png、.jpg、.jpeg のどれかにしてください。");
         return ExitWrongUsage;
     }
+    for (const CString& sentence : WhatMachineLacks()) Complain(sentence);
     const OpenedDelivery delivery =
         OpenDelivery(arguments.delivery, arguments.conditions.choice.type);
     if (!delivery.IsLoaded()) return ExitFailed;
