@@ -18,7 +18,8 @@ constexpr int photos = 3;
 std::unique_ptr<ToviData> Open()
 {
     static const bool written = [] {
-        DeliveryBuilder({.photos = photos, .drawings = 0, .images = false}).Write(Folder().Path());
+        DeliveryBuilder({.photos = photos, .drawings = 0, .images = false})
+            .Write(Folder().Path("delivery"));
         const CString work = Folder().MakeFolder("work");
         SetEnvironment({Registry(Folder().Path("user.ini"), Folder().Path("machine.ini")),
                         {"", work, work, work},
@@ -27,8 +28,8 @@ std::unique_ptr<ToviData> Open()
     }();
     Require(written, "there is a delivery");
     ToviEnouDataFactory factory;
-    return std::unique_ptr<ToviData>(
-        factory.Create(nullptr, Folder().Path("PHOTO").c_str(), PhotoXMLMlit, nullptr, nullptr));
+    return std::unique_ptr<ToviData>(factory.Create(
+        nullptr, Folder().Path("delivery/PHOTO").c_str(), PhotoXMLMlit, nullptr, nullptr));
 }
 
 void Clear(const ToviData& document)
