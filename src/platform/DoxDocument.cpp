@@ -44,9 +44,9 @@ std::optional<std::size_t> FindForbidden(std::string_view text)
     constexpr std::size_t block = 256;
     std::size_t at = 0;
     const auto isClean = [&text, &at] {
-        bool found = false;
+        unsigned char found = 0;
         for (std::size_t i = 0; i < block; ++i) found |= IsForbidden(text[at + i]);
-        return !found;
+        return found == 0;
     };
     while (at + block <= text.size() && isClean()) at += block;
     const auto* const first = std::find_if(text.begin() + at, text.end(), IsForbidden);
