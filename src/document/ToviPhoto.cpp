@@ -290,7 +290,10 @@ void ToviPhoto::LoadExif()
 const ToviExifInfo& ToviPhoto::GetExif()
 {
     ToviExifInfo& room = ExifRoom();
-    if (!room.IsLoaded()) room.Load(ExifPath());
+    if (room.IsLoaded()) return room;
+    const CString file = ExifPath();
+    room.MakeMainImageFromSvg(file);
+    room.Load(file.c_str());
     return room;
 }
 

@@ -132,14 +132,13 @@ public:
     /// The local date of the image file's last change as YYYY-MM-DD; empty without a file.
     CString GetFileRenewalDate();
 
-    /// The file tells an Exif version, as found on the first call. For an SVG photograph that call
-    /// also writes the work file that its Exif data are read from, so it comes before the other
-    /// operations.
+    /// The file tells an Exif version, as found on the first call. One that tells none may hold
+    /// other Exif data all the same.
     bool CheckExif();
-    /// Reads the Exif data, unless that was done.
+    /// Reads whatever Exif data there are, unless that was done. Whoever shows them calls it first.
     void LoadExif();
-    /// The Exif data, read on the first call. Not loaded for a photograph without a path, or with
-    /// one that leads out of the delivery.
+    /// The Exif data, read on the first call; those of an SVG photograph by way of a work file. Not
+    /// loaded for a photograph without a path, or with one that leads out of the delivery.
     const ToviExifInfo& GetExif();
     /// Replaces \p value by what LoadExif has read under \p title (see imagefacts/FactsByTitle.h);
     /// by nothing when the file isn't there. The path isn't made.

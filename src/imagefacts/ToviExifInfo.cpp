@@ -135,7 +135,8 @@ void ToviExifInfo::MakeMainImageFromSvg(const CString& svgPath)
 {
     if (!IsSvg(svgPath)) return;
     SetMainImagePath(svgPath);
-    if (!mainImagePath.empty()) {
+    // A work file's name tells which content of which file it was made from.
+    if (!mainImagePath.empty() && !MibIsFileExist(mainImagePath)) {
         LumImage::GetMainImageFromSvg(svgPath.c_str(), mainImagePath.c_str());
     }
 }

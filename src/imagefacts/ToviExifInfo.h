@@ -44,8 +44,8 @@ public:
     const ToviTextPairArray& GetShoot() const { return shoot; }
     const ToviTextPairArray& GetGPS() const { return gps; }
 
-    /// Writes the main image of the SVG photograph \p svgPath to its work file (see RunWorkFile);
-    /// nothing for any other. A failure shows in the work file being absent.
+    /// Makes sure that the work file with the main image of the SVG photograph \p svgPath is there
+    /// (see RunWorkFile); nothing for any other. A failure shows in the work file being absent.
     void MakeMainImageFromSvg(const CString& svgPath);
 
 private:

@@ -9,7 +9,7 @@ CString ItemText(ToviPhoto& photo, const ToviItemShowSetting& item)
         text = photo.GetTitle(item.index);
         return item.title == "撮影年月日" ? ReplaceAll(text, "-", "/") : text;
     }
-    if (photo.CheckExif()) photo.LoadExif();
+    photo.LoadExif();
     if (item.infoType == InfoFile) {
         photo.GetFileInfoFromTitle(item.title, text);
     } else {

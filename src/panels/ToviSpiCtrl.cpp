@@ -167,7 +167,7 @@ void ToviSpiCtrl::SetPhoto(int index)
     LayoutChildren();
     ShowPicture(*photo, isSame);
     if (!data->GetItemDef()->IsEmpty()) {
-        if (photo->CheckExif()) photo->LoadExif();
+        photo->LoadExif();
         FillItems(*photo);
         infoList->itemColours.AddShowSettings(visualSetting->GetItemShowSettings());
         FillValues(*photo);

@@ -22,7 +22,7 @@ PhotoDescription BeginPairs(ToviData& document)
 {
     const ToviItemShowSettings& items = document.GetVisualSetting().GetItemShowSettings();
     return [&document, &items, needsExif = ShowsExif(items)](ToviPhoto& photo, int index) -> Json {
-        if (needsExif && photo.CheckExif()) photo.LoadExif();
+        if (needsExif) photo.LoadExif();
         ToviTextPairArray pairs;
         photo.GetTextPairs(document.GetItemDef(), items, pairs);
         return {{"index", index}, {"pairs", ToJson(pairs)}};
