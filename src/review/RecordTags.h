@@ -43,7 +43,7 @@ enum RecordFailure
     RecordNoSpace = 1,
     RecordNotWritten = 2,
     RecordCancelled = 3,
-    /// Also a file that is missing or no XML.
+    /// Also a file with fewer entries than it says, one that is missing or no XML.
     RecordCountDiffers = 4,
     RecordNoStates = 5
 };

@@ -1,16 +1,9 @@
 #include "review/ToviXmlLoadManager.h"
 
 #include "reports/ToviProgressDlg.h"
-#include "review/RecordTags.h"
 
 #include <algorithm>
 #include <cstdlib>
-
-namespace
-{
-/// A comment that goes on to photographs without an entry must not fill the memory.
-constexpr std::size_t longestRepeatedComment = 4096;
-} // namespace
 
 ToviXmlLoadManager::ToviXmlLoadManager(const char* recordPath, const char* deliveryRoot)
     : ToviXmlManager(recordPath, deliveryRoot), place(&document)
@@ -23,30 +16,39 @@ ToviXmlLoadManager::ToviXmlLoadManager(const char* recordPath, const char* deliv
 bool ToviXmlLoadManager::Load(const ToviPhotoArray& photos, int* result)
 {
     const int count = photos.GetSize();
-    if (!Find(RecordTags::photoCount) || ReadCount() != count) {
-        *result = RecordCountDiffers;
-        return false;
-    }
-    if (!Find(RecordTags::states) || !place.Child()) {
-        *result = RecordNoStates;
+    if (const std::optional<RecordFailure> failure = WhyNot(count)) {
+        *result = *failure;
         return false;
     }
     ToviProgressDlg progress(true);
     progress.SetCancelBtnEnabled(false);
     progress.Begin(count);
-    Entry entry = count > 0 ? ReadEntry() : Entry();
     for (int index = 0; index < count; ++index) {
-        Apply(entry, *photos[index]);
-        // Where the record has too few entries, the last one goes on.
-        if (place.NextSibling()) {
-            entry = ReadEntry();
-        } else if (entry.comment && entry.comment->size() > longestRepeatedComment) {
-            entry.comment.reset();
-        }
+        while (!place.IsTag(RecordTags::photo)) place.NextSibling();
+        Apply(ReadEntry(), *photos[index]);
+        place.NextSibling();
         progress.SetMessage(Format("検査状況読み込み中　%d / %d", index + 1, count));
         progress.StepIt();
     }
     return true;
+}
+
+std::optional<RecordFailure> ToviXmlLoadManager::WhyNot(int count)
+{
+    if (!Find(RecordTags::photoCount) || ReadCount() != count) return RecordCountDiffers;
+    if (!Find(RecordTags::states) || !place.Child()) return RecordNoStates;
+    if (CountEntries() < count) return RecordCountDiffers;
+    return std::nullopt;
+}
+
+int ToviXmlLoadManager::CountEntries() const
+{
+    int count = 0;
+    DoxIterator entry = place;
+    do {
+        count += entry.IsTag(RecordTags::photo);
+    } while (entry.NextSibling());
+    return count;
 }
 
 long ToviXmlLoadManager::ReadCount() const

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "document/ToviPhotoArray.h"
+#include "review/RecordTags.h"
 #include "review/ToviXmlManager.h"
 
 #include <array>
@@ -24,7 +25,11 @@ private:
         std::array<std::optional<bool>, labelCount> labels;
     };
 
+    /// Nothing when the record can be loaded into \p count photographs.
+    std::optional<RecordFailure> WhyNot(int count);
     long ReadCount() const;
+    /// The number of 写真 from the place on.
+    int CountEntries() const;
     Entry ReadEntry();
     void ReadField(Entry& entry) const;
     static void Apply(const Entry& entry, ToviPhoto& photo);

@@ -111,8 +111,11 @@ TEST_F(Record, GivesBackEveryCommentAndLabel)
         document.SetCheckStatusChanged(true);
         ASSERT_TRUE(Save());
         EXPECT_FALSE(document.IsCheckStatusChanged());
-        sample.Photo(0).SetComment("消える");
-        for (int i = 1; i < 3; ++i) sample.Photo(i).RemoveAllLabel();
+        // What the record doesn't have goes.
+        for (int i = 0; i < 3; ++i) {
+            sample.Photo(i).SetComment("消える");
+            for (unsigned int slot = 0; slot < labelCount; ++slot) sample.Photo(i).PasteLabel(slot);
+        }
         ASSERT_TRUE(Load());
         EXPECT_EQ(State(0), "000000");
         EXPECT_EQ(State(1), "001000" + comment);
@@ -157,6 +160,9 @@ TEST_F(Record, RefusesWhatDoesNotFitAndChangesNothing)
         {"no states", "", "3", RecordNoStates},
         {"empty states", "<状況/>", "3", RecordNoStates},
         {"a number with text behind it", "<状況/>", " +3枚", RecordNoStates},
+        {"too few entries", "<状況>" + photo + photo + "</状況>", "3", RecordCountDiffers},
+        {"an entry that is none", "<状況>" + photo + photo + "<写真枚数/></状況>", "3",
+         RecordCountDiffers},
     };
     for (const auto& c : cases) {
         WriteRecord(c.inside, c.count);
@@ -195,12 +201,14 @@ TEST_F(Record, EndsOnHostileFiles)
     } cases[] = {
         {"a million photographs too many",
          "<状況>" + repeated("<写真><付箋1-OK>1</付箋1-OK></写真>", 300000) + "</状況>", "100000"},
-        {"too few photographs", "<状況><写真><付箋1-OK>1</付箋1-OK></写真></状況>", "100000"},
         {"a million children",
-         "<状況><写真>" + repeated("<x/>", 1000000) + "<付箋2-NG1>1</付箋2-NG1></写真></状況>",
+         "<状況>" +
+             repeated("<写真>" + repeated("<x/>", 300000) + "<付箋2-NG1>1</付箋2-NG1></写真>", 3) +
+             "</状況>",
          "010000"},
         {"deep nesting",
-         "<状況><写真>" + repeated("<x>", 100000) + repeated("</x>", 100000) + "</写真></状況>",
+         "<状況><写真>" + repeated("<x>", 100000) + repeated("</x>", 100000) +
+             "</写真><写真/><写真/></状況>",
          "000000"},
         {"no children", "<状況><写真/><写真/><写真/></状況>", "000000"},
     };
