@@ -105,9 +105,12 @@ TEST(Selection, FillsTheCurrentArrayAndTellsTheViews)
     EXPECT_EQ(hints.size(), 2u);
     EXPECT_EQ(document.GetCurrentPhotoCount(), 2);
 
+    EXPECT_TRUE(document.PhotoSelectSetting(0));
     hints.clear();
     EXPECT_FALSE(document.PhotoSelectSetting(-1));
     EXPECT_TRUE(document.PhotoSelectSetting(2));
+    EXPECT_TRUE(sample.Photo(2).IsSelected());
+    EXPECT_FALSE(sample.Photo(0).IsSelected()) << "one at a time";
     EXPECT_TRUE(document.PhotoSelectSetting(2));
     EXPECT_EQ(hints, std::vector<int>{ToviData::HintPhotoSelected});
     EXPECT_THROW(document.PhotoSelectSetting(3), InvalidArgument);
