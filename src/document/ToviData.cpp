@@ -221,15 +221,24 @@ void ToviData::AllRemoveLabel()
 bool ToviData::SaveExamination(const char* path, const char* note, int* result)
 {
     if (*path == '\0') return false;
-    const bool saved = ToviXmlSaveManager(path, note, RootPath()).Save(photoData, result);
+    ToviXmlSaveManager manager(path, note, RootPath());
+    manager.WriteOrigin(RecordOrigin(*this));
+    const bool saved = manager.Save(photoData, result);
     if (saved) SetCheckStatusChanged(false);
     return saved;
 }
 
 bool ToviData::LoadExamination(const char* path, int* result)
 {
+    return LoadExamination(path, result, RecordsOfThisDelivery);
+}
+
+bool ToviData::LoadExamination(const char* path, int* result, RecordsTaken taken)
+{
     if (*path == '\0') return false;
-    const bool loaded = ToviXmlLoadManager(path, RootPath()).Load(photoData, result);
+    ToviXmlLoadManager manager(path, RootPath());
+    if (taken == RecordsOfThisDelivery) manager.Expect(RecordOrigin(*this));
+    const bool loaded = manager.Load(photoData, result);
     UpdateHasComment();
     return loaded;
 }
@@ -245,6 +254,7 @@ bool ToviData::ReturnExam(const char* path, int* result)
     if (*path == '\0') return false;
     ToviXmlSaveManager manager(path, nullptr, nullptr);
     manager.WritePath(true);
+    manager.WriteOrigin(RecordOrigin(*this));
     return manager.Save(photoData, result);
 }
 

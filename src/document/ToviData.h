@@ -139,9 +139,17 @@ public:
     /// leaves the file as it was, with the reason (RecordFailure of review/RecordTags.h) in \p
     /// result; an empty path gives no reason. \p note may be null.
     virtual bool SaveExamination(const char* path, const char* note, int* result);
-    /// Reads such a record back: the n-th entry belongs to the n-th photograph. False changes
-    /// nothing, with the reason as in SaveExamination.
+    /// Reads such a record back: the n-th entry belongs to the n-th photograph. One that says that
+    /// it is another delivery's is refused. False changes nothing, with the reason as in
+    /// SaveExamination.
     virtual bool LoadExamination(const char* path, int* result);
+    enum RecordsTaken
+    {
+        RecordsOfThisDelivery,
+        /// For whoever was told that the record is another delivery's, and wants it all the same.
+        RecordsOfAnyDelivery
+    };
+    bool LoadExamination(const char* path, int* result, RecordsTaken taken);
     /// Writes the variant of the record that names each photograph's file.
     void ReturnExam(const char* path);
     /// The same, with an outcome as in SaveExamination.

@@ -135,7 +135,8 @@ bool DoxDocument::Load(const CString& path, bool, CStringArray* errors)
     tree->text = std::move(*text);
     // With the NUL behind the text: the parser makes room for one of its own at the end.
     const pugi::xml_parse_result result = tree->document.load_buffer_inplace(
-        tree->text.data(), tree->text.size() + 1, parseOptions, pugi::encoding_utf8);
+        tree->text.data(), tree->text.size() + 1,
+        keepsInstructions ? parseOptions | pugi::parse_pi : parseOptions, pugi::encoding_utf8);
     if (!result) {
         const std::size_t line = LineOf(tree->text, static_cast<std::size_t>(result.offset));
         return Fail(Format("%zu行目の近くでXMLの書式が壊れています", line), errors);
@@ -165,6 +166,22 @@ bool DoxDocument::LoadOwn(std::string_view bytes)
 void DoxDocument::TransIndent(const char* indent)
 {
     indentation = indent == nullptr ? "\t" : indent;
+}
+
+void DoxDocument::AddInstruction(const char* target, const CString& text)
+{
+    pugi::xml_node instruction = tree->document.append_child(pugi::node_pi);
+    instruction.set_name(target);
+    instruction.set_value(text.c_str());
+}
+
+CString DoxDocument::Instruction(const char* target) const
+{
+    if (!tree) return {};
+    for (const pugi::xml_node& node : tree->document) {
+        if (node.type() == pugi::node_pi && CString(node.name()) == target) return node.value();
+    }
+    return {};
 }
 
 bool DoxDocument::Save(const CString& path, unsigned long, int*) const

@@ -19,6 +19,9 @@ public:
     /// Has Load refuse files of more than \p bytes at once.
     void LimitSize(std::size_t bytes) { largestFile = bytes; }
 
+    /// Has Load keep the processing instructions, which it skips otherwise.
+    void KeepInstructions() { keepsInstructions = true; }
+
     /// Reads the file \p path. False when it is missing, no regular file, too large, not in its
     /// declared encoding or not well formed; Problem() then says why. What misleads nobody is let
     /// pass, such as a bare "&" or an entity that isn't known, which stay as they are written.
@@ -34,6 +37,13 @@ public:
     /// Has Save put every element on a line of its own, indented by \p indent a level (null: one
     /// tab).
     void TransIndent(const char* indent);
+
+    /// Adds the processing instruction \p target, which Save writes behind the root element. \p
+    /// text must not hold "?>".
+    void AddInstruction(const char* target, const CString& text);
+    /// What the first processing instruction \p target outside the root element says; empty when
+    /// there is none or Load didn't keep it.
+    CString Instruction(const char* target) const;
 
     /// Writes the tree to the file \p path in the encoding that its declaration names, whole or not
     /// at all. Shift_JIS loses nothing: what readers of it don't agree on becomes a numeric
@@ -62,6 +72,7 @@ private:
 
     std::unique_ptr<Tree> tree;
     std::size_t largestFile = usualLimit;
+    bool keepsInstructions = false;
     CString indentation;
     CString problem;
 };

@@ -127,5 +127,10 @@ CString WriteXml(const pugi::xml_document& document, const CString& indentation)
         }
     }
     ElementWriter(text, indentation).Write(document.document_element());
-    return text + '\n';
+    text += '\n';
+    for (const pugi::xml_node& node : document) {
+        if (node.type() != pugi::node_pi) continue;
+        text.append("<?").append(node.name()).append(" ").append(node.value()).append("?>\n");
+    }
+    return text;
 }

@@ -76,6 +76,21 @@ CString ChooseOtherName(UserInterface& user, const CString& record)
 }
 } // namespace
 
+bool AskAboutOtherDelivery(ToviData& document, const CString& record)
+{
+    UserInterface* const user = GetHostServices().userInterface;
+    if (user == nullptr) return false;
+    Choice choice;
+    choice.title = "検査状況を開く";
+    choice.accept = "開く";
+    choice.notes.Add(RecordIsOther(document, record));
+    choice.options.Add({"それでもこの納品データの検査状況として開く。",
+                        "写真の並び順で対応させます。別の工事の記録なら、付箋とコメントが違う写真"
+                        "に付きます。"});
+    int chosen = 0;
+    return user->Choose(choice, chosen);
+}
+
 RecordConflictAnswer AskAboutConflict(ToviData& document, const CString& record,
                                       const RecordMerge* merge)
 {

@@ -22,6 +22,10 @@ struct RecordConflictAnswer
     RecordMerge::Side side = RecordMerge::Side::Mine;
 };
 
+/// Asks the user whether to take up the inspection in the file \p record, which is another
+/// delivery's than \p document. Nobody to ask doesn't want it.
+bool AskAboutOtherDelivery(ToviData& document, const CString& record);
+
 /// Asks the user about the file \p record, which would come together with the inspection of \p
 /// document as \p merge says; that is null when the file can't be read as such a record. Nobody to
 /// ask has given up.

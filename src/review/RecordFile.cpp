@@ -12,8 +12,9 @@ namespace
 {
 constexpr int noReason = -1;
 
-/// What the record \p file says; what it has no element for is as in \p base.
-std::optional<PhotoReviews> ReadReviews(const CString& file, const PhotoReviews& base)
+/// What the record \p file of \p document says; what it has no element for is as in \p base.
+std::optional<PhotoReviews> ReadReviews(ToviData& document, const CString& file,
+                                        const PhotoReviews& base)
 {
     ToviPhotoArray photos;
     for (const PhotoReview& review : base) {
@@ -21,26 +22,35 @@ std::optional<PhotoReviews> ReadReviews(const CString& file, const PhotoReviews&
         SetReview(*photo, review);
         photos.Add(photo.release());
     }
+    ToviXmlLoadManager manager(file.c_str(), nullptr);
+    manager.Expect(RecordOrigin(document));
     int reason = noReason;
-    if (!ToviXmlLoadManager(file.c_str(), nullptr).Load(photos, &reason)) return std::nullopt;
+    if (!manager.Load(photos, &reason)) return std::nullopt;
     PhotoReviews reviews;
     for (const ToviPhoto* photo : photos) reviews.push_back(ReviewOf(*photo));
     return reviews;
 }
 } // namespace
 
-CString RecordFile::Load(ToviData& document, const CString& record)
+bool RecordFile::Load(ToviData& document, const CString& record, CString& problem)
 {
+    problem.clear();
     const CString file = RecordHold(record).Target();
     // Taken before the bytes are read: what comes in between counts as changed by others.
     const CString before = FileVersion(file);
     int reason = noReason;
-    if (!document.LoadExamination(file.c_str(), &reason)) {
-        return WhyRecordNotLoaded(document, record, reason);
+    bool loaded = document.LoadExamination(file.c_str(), &reason);
+    if (!loaded && reason == RecordOtherDelivery) {
+        if (!AskAboutOtherDelivery(document, record)) return false;
+        loaded = document.LoadExamination(file.c_str(), &reason, ToviData::RecordsOfAnyDelivery);
+    }
+    if (!loaded) {
+        problem = WhyRecordNotLoaded(document, record, reason);
+        return false;
     }
     Remember(document, record, file);
     version = before;
-    return {};
+    return true;
 }
 
 RecordFile::SaveResult RecordFile::Save(ToviData& document, const CString& record)
@@ -87,7 +97,7 @@ RecordFile::SaveUnchanged(ToviData& document, const CString& record, Others& oth
     const CString now = IsMine(record, file) ? FileVersion(file) : CString();
     // A file that is gone has nothing to lose.
     if (!now.empty() && now != version) {
-        others = {now, ReadReviews(file, base)};
+        others = {now, ReadReviews(document, file, base)};
         return std::nullopt;
     }
     int reason = noReason;

@@ -33,9 +33,10 @@ public:
     const CString& Path() const { return path; }
     void Forget() { *this = {}; }
 
-    /// Takes up the inspection in the file \p record. Returns what is wrong in a sentence, empty
-    /// when nothing is.
-    CString Load(ToviData& document, const CString& record);
+    /// Takes up the inspection in the file \p record; that of another delivery only if the user
+    /// wants it. False when it isn't taken up: \p problem then says what is wrong, unless the user
+    /// has given up.
+    bool Load(ToviData& document, const CString& record, CString& problem);
 
     /// Saves the inspection to the file \p record. Where that is the one at Path() and others have
     /// changed it, the user chooses between bringing both together and another file. Any other file

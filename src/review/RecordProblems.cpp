@@ -3,7 +3,7 @@
 #include "document/ToviData.h"
 #include "platform/AtomicFile.h"
 #include "platform/MibFile.h"
-#include "review/RecordTags.h"
+#include "review/ToviXmlLoadManager.h"
 
 namespace
 {
@@ -20,7 +20,7 @@ CString FolderOfFile(const CString& path)
     return path.find('/') == CString::npos ? "." : path.substr(0, path.rfind('/') + 1);
 }
 
-CString WhyRecordNotLoaded(const ToviData& document, const CString& record, int reason)
+CString WhyRecordNotLoaded(ToviData& document, const CString& record, int reason)
 {
     if (!MibIsFileExist(record)) {
         return "記録ファイル " + record + " がありません。ファイルの場所と名前を確かめてください。";
@@ -31,7 +31,17 @@ CString WhyRecordNotLoaded(const ToviData& document, const CString& record, int 
                                "この納品データの記録を指定してください。",
                                document.GetTotalCountPhoto());
     }
+    if (reason == RecordOtherDelivery) {
+        return RecordIsOther(document, record) + "この納品データの記録を指定してください。";
+    }
     return record + " に写真ごとの状況がありません。別の記録ファイルを指定してください。";
+}
+
+CString RecordIsOther(ToviData& document, const CString& record)
+{
+    const RecordOrigin origin = ToviXmlLoadManager(record.c_str(), nullptr).Origin();
+    return record + " は別の納品データの検査状況のようです。" +
+           origin.DifferenceFrom(RecordOrigin(document));
 }
 
 CString WhyRecordNotSaved(const CString& record, int reason)

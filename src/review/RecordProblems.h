@@ -7,7 +7,10 @@ class ToviData;
 /// Why an inspection could not be taken up or saved, each in one sentence that says what to do.
 
 /// \p reason is what ToviData::LoadExamination of \p record gave.
-TOVI_EXPORT CString WhyRecordNotLoaded(const ToviData& document, const CString& record, int reason);
+TOVI_EXPORT CString WhyRecordNotLoaded(ToviData& document, const CString& record, int reason);
+
+/// That \p record is another delivery's than \p document, and wherein that shows.
+CString RecordIsOther(ToviData& document, const CString& record);
 
 /// \p reason is what ToviData::SaveExamination or ReturnExam to \p record gave.
 TOVI_EXPORT CString WhyRecordNotSaved(const CString& record, int reason);

@@ -18,9 +18,11 @@
 ///             …
 ///         </状況>
 ///     </検査状況>
+///     <?tovi-delivery names="…" sizes="…"?>
 ///
-/// The n-th 写真 belongs to the n-th photograph of PHOTO.XML; the number of photographs is all that
-/// ties a record to its delivery.
+/// The n-th 写真 belongs to the n-th photograph of PHOTO.XML. Besides their number, the processing
+/// instruction behind the root element ties a record to its delivery (see RecordOrigin); records
+/// of others have none.
 namespace RecordTags
 {
 inline constexpr const char* root = "検査状況";
@@ -33,6 +35,7 @@ inline constexpr const char* path = "写真ファイルパス";
 inline constexpr const char* comment = "コメント";
 inline constexpr std::string_view labels[labelCount] = {
     "付箋1-OK", "付箋2-NG1", "付箋3-NG2", "付箋4-NG3", "付箋5-コメント", "付箋6-任意"};
+inline constexpr const char* origin = "tovi-delivery";
 } // namespace RecordTags
 
 /// Why a record was not saved or loaded.
@@ -45,5 +48,7 @@ enum RecordFailure
     RecordCancelled = 3,
     /// Also a file with fewer entries than it says, one that is missing or no XML.
     RecordCountDiffers = 4,
-    RecordNoStates = 5
+    RecordNoStates = 5,
+    /// It was made of another delivery, as far as that can be told.
+    RecordOtherDelivery = 6
 };

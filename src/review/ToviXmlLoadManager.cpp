@@ -9,6 +9,7 @@ ToviXmlLoadManager::ToviXmlLoadManager(const char* recordPath, const char* deliv
     : ToviXmlManager(recordPath, deliveryRoot), place(&document)
 {
     document.Initiate();
+    document.KeepInstructions();
     // A file that can't be read leaves an empty tree, in which nothing will be found.
     if (document.Load(path, false, nullptr)) iterator = &place;
 }
@@ -38,6 +39,7 @@ std::optional<RecordFailure> ToviXmlLoadManager::WhyNot(int count)
     if (!Find(RecordTags::photoCount) || ReadCount() != count) return RecordCountDiffers;
     if (!Find(RecordTags::states) || !place.Child()) return RecordNoStates;
     if (CountEntries() < count) return RecordCountDiffers;
+    if (expected && !Origin().DifferenceFrom(*expected).empty()) return RecordOtherDelivery;
     return std::nullopt;
 }
 

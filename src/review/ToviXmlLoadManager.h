@@ -1,6 +1,7 @@
 #pragma once
 
 #include "document/ToviPhotoArray.h"
+#include "review/RecordOrigin.h"
 #include "review/RecordTags.h"
 #include "review/ToviXmlManager.h"
 
@@ -13,6 +14,12 @@ class ToviXmlLoadManager : public ToviXmlManager
 public:
     /// \p deliveryRoot may be null.
     ToviXmlLoadManager(const char* recordPath, const char* deliveryRoot);
+
+    /// What the record says of the delivery that it was made of.
+    RecordOrigin Origin() const { return RecordOrigin(document.Instruction(RecordTags::origin)); }
+
+    /// Has Load refuse a record that was made of another delivery than \p origin.
+    void Expect(RecordOrigin origin) { expected = std::move(origin); }
 
     /// False, with a RecordFailure in \p result, before anything has changed.
     bool Load(const ToviPhotoArray& photos, int* result);
@@ -34,6 +41,7 @@ private:
     void ReadField(Entry& entry) const;
     static void Apply(const Entry& entry, ToviPhoto& photo);
 
+    std::optional<RecordOrigin> expected;
     DoxDocument document;
     DoxIterator place;
 };

@@ -24,6 +24,13 @@ ToviXmlSaveManager::ToviXmlSaveManager(const char* recordPath, const char* recor
     if (header.Make()) iterator = header.iterator.get();
 }
 
+void ToviXmlSaveManager::WriteOrigin(const RecordOrigin& delivery)
+{
+    if (iterator != nullptr) {
+        header.document.AddInstruction(RecordTags::origin, delivery.Text());
+    }
+}
+
 bool ToviXmlSaveManager::Save(const ToviPhotoArray& photos, int* result)
 {
     if (MibIsReadOnly(path)) return Fail(RecordReadOnly, result);

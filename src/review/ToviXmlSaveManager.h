@@ -1,6 +1,7 @@
 #pragma once
 
 #include "document/ToviPhotoArray.h"
+#include "review/RecordOrigin.h"
 #include "review/ToviXmlManager.h"
 
 /// Writes the inspection record: the comments and labels of all photographs.
@@ -12,6 +13,8 @@ public:
 
     /// Has each photograph's image path written too.
     void WritePath(bool write) { writePath = write; }
+    /// Has the record say of which delivery it is.
+    void WriteOrigin(const RecordOrigin& delivery);
 
     /// False leaves the file as it was and a RecordFailure in \p result.
     bool Save(const ToviPhotoArray& photos, int* result);

@@ -127,6 +127,8 @@ TEST_F(Inspection, SaysWhatIsWrong)
                "<検査状況><情報><写真枚数>7</写真枚数></情報><状況><写真/></状況></検査状況>");
     const CString locked = temp.Write("locked.xml", temp.Read("記録.xml"));
     chmod(locked.c_str(), 0444);
+    const CString foreign =
+        temp.Write("foreign.xml", ReplaceAll(temp.Read("記録.xml"), "names=\"", "names=\"0"));
     const struct
     {
         std::vector<CString> arguments;
@@ -136,6 +138,9 @@ TEST_F(Inspection, SaysWhatIsWrong)
         {{"record", temp.Path("missing.xml")}, 1, "がありません"},
         {{"record", temp.Path("other.xml")}, 1, "写真の枚数がこの納品データ（6枚）と違います"},
         {{"label", "--record", locked, "--at", "0", "--paste", "1"}, 1, "読み取り専用"},
+        {{"label", "--record", foreign, "--at", "0", "--paste", "1"}, 1, "シリアル番号が違います"},
+        {{"select", "--record", foreign}, 1, "--force"},
+        {{"record", foreign, "--force"}, 0, ""},
         {{"label", "--record", temp.Path("none/r.xml"), "--at", "0", "--paste", "1"},
          1,
          "フォルダがありません"},

@@ -36,7 +36,7 @@ protected:
     {
         const PhotoReviews mine = ReviewsOf(*sample.document);
         RecordFile other;
-        EXPECT_EQ(other.Load(*sample.document, path), "");
+        EXPECT_TRUE(other.Load(*sample.document, path, problem)) << problem;
         Paste(photo, slot);
         EXPECT_EQ(other.Save(*sample.document, path).outcome, Outcome::Saved);
         SetReviews(*sample.document, mine);
@@ -48,7 +48,7 @@ protected:
     {
         const PhotoReviews mine = ReviewsOf(*sample.document);
         RecordFile file;
-        EXPECT_EQ(file.Load(*sample.document, temp.Path(name)), "");
+        EXPECT_TRUE(file.Load(*sample.document, temp.Path(name), problem)) << problem;
         const CString text = Here();
         SetReviews(*sample.document, mine);
         return text;
@@ -71,6 +71,7 @@ protected:
     TempFolder temp;
     CString path = temp.Path("r.xml");
     RecordFile record;
+    mutable CString problem;
 };
 
 TEST_F(OpenRecord, AsksNothingWhileNobodyElseSaves)
@@ -154,6 +155,27 @@ TEST_F(OpenRecord, DoesNotMergeWithWhatItCannotRead)
     EXPECT_EQ(temp.Read("r.xml"), "<検査状況>");
 }
 
+TEST_F(OpenRecord, TakesUpAnotherDeliverysRecordOnlyIfTheUserWantsIt)
+{
+    temp.Write("r.xml", ReplaceAll(temp.Read("r.xml"), "names=\"", "names=\"0"));
+    sample.Photo(0).RemoveAllLabel();
+    EXPECT_FALSE(record.Load(*sample.document, path, problem));
+    EXPECT_EQ(problem, "") << "the user has said no";
+    EXPECT_THAT(user.choice.notes[0], HasSubstr("ファイル名かシリアル番号が違います"));
+    EXPECT_EQ(Here(), ",,,,,,,,");
+
+    Paste(1, LabelNg1);
+    user.options = {0};
+    EXPECT_EQ(Save().outcome, Outcome::GivenUp);
+    EXPECT_EQ(user.choice.options.GetSize(), 1) << "what is another work's is never merged";
+
+    user.options = {0};
+    EXPECT_TRUE(record.Load(*sample.document, path, problem));
+    EXPECT_EQ(Here(), "0,,,,,,,,");
+    EXPECT_EQ(Save().outcome, Outcome::Saved);
+    EXPECT_EQ(Saved(), Here()) << "from now on it is this delivery's";
+}
+
 TEST_F(OpenRecord, SeesWhatComesWhileTheUserThinks)
 {
     /// Another program saves while the question stands.
@@ -183,7 +205,7 @@ TEST_F(OpenRecord, FollowsALinkToItsRecord)
     temp.Write("real/r.xml", temp.Read("r.xml"));
     std::filesystem::remove(path);
     std::filesystem::create_symlink("real/r.xml", path);
-    EXPECT_EQ(record.Load(*sample.document, path), "");
+    EXPECT_TRUE(record.Load(*sample.document, path, problem)) << problem;
     Paste(4, LabelNg1);
     EXPECT_EQ(Save().outcome, Outcome::Saved);
     EXPECT_TRUE(std::filesystem::is_symlink(path));

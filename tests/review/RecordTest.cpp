@@ -1,10 +1,11 @@
 #include "loading/Environment.h"
 #include "platform/Cp932.h"
 #include "platform/DiskSpace.h"
+#include "review/RecordProblems.h"
 #include "review/RecordTags.h"
 #include "support/OpenedSample.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <fcntl.h>
 #include <signal.h>
@@ -75,7 +76,11 @@ TEST_F(Record, HoldsWhatItsFormatSays)
         "<!DOCTYPE examinationdata SYSTEM \"\">\n"
         "<検査状況>\n\t<情報>\n\t\t<写真枚数>3</写真枚数>\n\t</情報>\n\t<状況>\n"
         "\t\t<写真>\n\t\t\t<コメント>&lt;&#9312;&gt;</コメント>\n\t\t\t<付箋1-OK>1</付箋1-OK>\n";
-    EXPECT_TRUE(Cp932::Decode(sample.temp.Read("r.xml"))->starts_with(expected));
+    const CString record = *Cp932::Decode(sample.temp.Read("r.xml"));
+    EXPECT_TRUE(record.starts_with(expected));
+    EXPECT_THAT(record, testing::ContainsRegex("</検査状況>\n"
+                                               "<\\?tovi-delivery names=\"[0-9a-f]{32}\" "
+                                               "sizes=\"- - -\"\\?>\n$"));
     EXPECT_FALSE(
         std::filesystem::exists(sample.temp.Path("work/QVScratch/QV-SUITE/HeaderExamination.tmp")));
     EXPECT_EQ(sample.temp.Read("r.xml").find(Cp932::EncodeForXml("写真ファイルパス")),
@@ -184,6 +189,89 @@ TEST_F(Record, RefusesWhatDoesNotFitAndChangesNothing)
     EXPECT_FALSE(document.LoadExamination("", &reason));
     EXPECT_FALSE(document.SaveExamination("", nullptr, &reason));
     EXPECT_EQ(reason, -1);
+}
+
+/// A delivery in a folder of its own, of which photograph n has a file of sizes[n] bytes; -1 for
+/// none.
+std::unique_ptr<ToviData> Open(OpenedSample& sample, const CString& name,
+                               const DeliveryBuilder& builder, const std::vector<int>& sizes)
+{
+    builder.Write(sample.temp.Path(name));
+    ToviEnouDataFactory factory;
+    std::unique_ptr<ToviData> document(factory.Create(
+        &sample.host, sample.temp.Path(name + "/PHOTO").c_str(), PhotoXMLMlit, nullptr, nullptr));
+    for (int i = 0; i < static_cast<int>(sizes.size()); ++i) {
+        const int size = sizes[static_cast<std::size_t>(i)];
+        if (size < 0) continue;
+        std::ofstream(document->GetPhotoActualPhotoArray(i)->GetImagePath())
+            << CString(static_cast<std::size_t>(size), 'x');
+    }
+    return document;
+}
+
+TEST_F(Record, TellsTheRecordOfAnotherDelivery)
+{
+    const DeliveryBuilder builder({.photos = 3, .drawings = 0, .images = false});
+    const auto with = [&builder](std::string_view title, const CString& value) {
+        return DeliveryBuilder(builder).Set(2, title, value);
+    };
+    const struct
+    {
+        const char* what;
+        DeliveryBuilder loadedInto;
+        std::vector<int> savedSizes;
+        std::vector<int> loadedSizes;
+        const char* difference;
+    } cases[] = {
+        {"the same", builder, {1, 2, 0}, {1, 2, 0}, ""},
+        {"other texts", with("写真タイトル", "訂正"), {1, 2, 3}, {1, 2, 3}, ""},
+        {"another letter case", with("写真ファイル名", "p0000003.svg"), {}, {}, ""},
+        {"discs that weren't in", builder, {1, -1, -1}, {1, 2, 3}, ""},
+        {"discs that aren't in", builder, {1, 2, 3}, {-1, -1, 3}, ""},
+        {"another disc", builder, {1, -1, -1}, {-1, 2, 3}, ""},
+        {"another name",
+         with("写真ファイル名", "P0000004.SVG"),
+         {},
+         {},
+         "ファイル名かシリアル番号"},
+        {"another number", with("シリアル番号", "4"), {1}, {1}, "ファイル名かシリアル番号"},
+        {"another size", builder, {1, 2, -1}, {1, 3, 9}, "ファイル2個のうち1個"},
+        {"an emptied file", builder, {1, 2, 3}, {1, 2, 0}, "ファイル3個のうち1個"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.what);
+        const CString record = sample.temp.Path(CString(c.what) + ".xml");
+        const auto saved = Open(sample, CString(c.what) + " saved", builder, c.savedSizes);
+        saved->GetPhotoActualPhotoArray(0)->PasteLabel(LabelNg1);
+        ASSERT_TRUE(saved->SaveExamination(record.c_str(), nullptr, &reason));
+        const auto other = Open(sample, c.what, c.loadedInto, c.loadedSizes);
+        const ToviPhoto& photo = *other->GetPhotoActualPhotoArray(0);
+        reason = -1;
+        const bool loaded = other->LoadExamination(record.c_str(), &reason);
+        EXPECT_EQ(loaded, *c.difference == '\0');
+        EXPECT_EQ(photo.IsLabelPasted(LabelNg1), loaded);
+        if (loaded) continue;
+        EXPECT_EQ(reason, RecordOtherDelivery);
+        EXPECT_THAT(WhyRecordNotLoaded(*other, record, reason), testing::HasSubstr(c.difference));
+        EXPECT_TRUE(
+            other->LoadExamination(record.c_str(), &reason, ToviData::RecordsOfAnyDelivery));
+        EXPECT_TRUE(photo.IsLabelPasted(LabelNg1));
+    }
+}
+
+TEST_F(Record, LoadsWhatDoesNotSayOrTellWhoseItIs)
+{
+    ASSERT_TRUE(Save());
+    const CString record = sample.temp.Read("r.xml");
+    const CString element = record.substr(0, record.find("<?tovi-delivery"));
+    for (const char* behind :
+         {"", "<?tovi-delivery?>", "<?tovi-delivery names=?>", "<?tovi-delivery sizes=\"x  9\"?>",
+          "<?other names=\"0\"?>", "<!-- <?tovi-delivery names=\"0\"?> -->"}) {
+        sample.temp.Write("r.xml", element + behind);
+        EXPECT_TRUE(Load()) << behind;
+    }
+    sample.temp.Write("r.xml", element + "<?tovi-delivery names=\"0\"?>");
+    EXPECT_FALSE(Load());
 }
 
 TEST_F(Record, EndsOnHostileFiles)

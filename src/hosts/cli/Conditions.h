@@ -1,6 +1,7 @@
 #pragma once
 
 #include "hosts/cli/PhotoChoice.h"
+#include "hosts/cli/Records.h"
 
 #include "extraction/ToviExtractionDlg.h"
 
@@ -8,7 +9,7 @@
 struct ConditionArguments
 {
     PhotoChoice choice;
-    std::string record;
+    RecordArguments record;
     int label = -1;
     ExtractionConditions conditions;
     std::vector<std::string> items;

@@ -20,7 +20,7 @@ const std::map<std::string, Action> actions = {{"ok", LabelProcessSelectDlg::Pas
 struct Arguments
 {
     DeliveryArguments delivery;
-    std::string record;
+    RecordArguments record;
     std::string action;
     PhotoChoice choice;
 };

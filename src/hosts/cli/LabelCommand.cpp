@@ -10,7 +10,7 @@ namespace
 struct Arguments
 {
     DeliveryArguments delivery;
-    std::string record;
+    RecordArguments record;
     PhotoChoice choice;
     std::vector<unsigned int> paste;
     std::vector<unsigned int> remove;

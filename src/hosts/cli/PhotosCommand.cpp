@@ -10,7 +10,7 @@ struct Arguments
 {
     DeliveryArguments delivery;
     bool facts = false;
-    std::string record;
+    RecordArguments record;
 };
 
 constexpr int photosPerReport = 50;
@@ -48,7 +48,7 @@ int Run(const Arguments& arguments)
         for (const CString& path : photo.GetPicturePaths()) entry["pictures"].push_back(path);
         entry["items"] = ToJson(photo.GetItems(), *document.GetItemDef());
         if (arguments.facts) AddFacts(entry, photo);
-        if (!arguments.record.empty()) AddReview(entry, photo);
+        if (!arguments.record.path.empty()) AddReview(entry, photo);
         output.Add(entry);
         if (arguments.facts && index % photosPerReport == 0) {
             user.ShowProgress(Format("写真ファイルの確認　%d / %d枚", index, total));

@@ -12,7 +12,7 @@ namespace
 struct Arguments
 {
     DeliveryArguments delivery;
-    std::string record;
+    RecordArguments record;
     std::string output;
 };
 
@@ -75,9 +75,10 @@ void AddRecordCommand(CLI::App& app, int& status)
     CLI::App* command = app.add_subcommand("record", "検査状況の記録ファイルの内容を表示する");
     command->group("コマンド");
     AddDeliveryArguments(*command, arguments.delivery);
-    command->add_option("FILE", arguments.record, "検査状況の記録ファイル")
+    command->add_option("FILE", arguments.record.path, "検査状況の記録ファイル")
         ->required()
         ->option_text("（必須）");
+    AddForceOption(*command, arguments.record);
     command->footer("出力: [{\"index\",\"labels\":[付箋],\"comment\"}]\n"
                     "付箋: 0 OK、1～3 NG1～NG3、4 コメント、5 任意");
     command->callback([&status] { status = Show(arguments); });

@@ -8,16 +8,30 @@
 #include "review/RecordProblems.h"
 #include "review/RecordTags.h"
 
-CLI::Option* AddRecordOption(CLI::App& command, std::string& record)
+CLI::Option* AddRecordOption(CLI::App& command, RecordArguments& record)
 {
-    return command.add_option("--record", record, "検査状況の記録ファイル")->option_text("FILE");
+    CLI::Option* const option =
+        command.add_option("--record", record.path, "検査状況の記録ファイル")->option_text("FILE");
+    AddForceOption(command, record);
+    return option;
 }
 
-bool LoadRecord(ToviData& document, const CString& record)
+void AddForceOption(CLI::App& command, RecordArguments& record)
 {
+    command.add_flag("--force", record.force, "別の納品データの記録のようでも読み込む");
+}
+
+bool LoadRecord(ToviData& document, const RecordArguments& record)
+{
+    const auto taken =
+        record.force ? ToviData::RecordsOfAnyDelivery : ToviData::RecordsOfThisDelivery;
     int reason = noReason;
-    if (record.empty() || document.LoadExamination(record.c_str(), &reason)) return true;
-    Complain(WhyRecordNotLoaded(document, record, reason));
+    if (record.path.empty() || document.LoadExamination(record.path.c_str(), &reason, taken)) {
+        return true;
+    }
+    const CString why = WhyRecordNotLoaded(document, record.path, reason);
+    Complain(reason == RecordOtherDelivery ? why + "それでも読み込むなら --force を付けてください。"
+                                           : why);
     return false;
 }
 
@@ -26,14 +40,16 @@ int Open(Inspection& inspection, const DeliveryArguments& arguments, TreeTypeArg
     OpenedDelivery& delivery = inspection.delivery;
     delivery = OpenDelivery(arguments, tree);
     if (!delivery.IsLoaded()) return ExitFailed;
-    const CString& record = inspection.record;
+    const CString& record = inspection.record.path;
     const CString& file = inspection.hold.Target();
     if (RefuseInDelivery(record, delivery) || RefuseInDelivery(file, delivery)) {
         return ExitWrongUsage;
     }
     if (const int taken = Take(inspection.hold, record); taken != ExitDone) return taken;
     inspection.version = FileVersion(file);
-    if (MibIsFileExist(file) && !LoadRecord(*delivery.document, record)) return ExitFailed;
+    if (MibIsFileExist(file) && !LoadRecord(*delivery.document, inspection.record)) {
+        return ExitFailed;
+    }
     return ExitDone;
 }
 
@@ -41,14 +57,14 @@ int Save(Inspection& inspection)
 {
     const CString& file = inspection.hold.Target();
     if (FileVersion(file) != inspection.version) {
-        Complain(WhyRecordChanged(inspection.record));
+        Complain(WhyRecordChanged(inspection.record.path));
         return ExitFailed;
     }
     int reason = noReason;
     const bool saved =
         inspection.delivery.document->SaveExamination(file.c_str(), nullptr, &reason);
     inspection.hold.Release();
-    return TellSaved(saved, inspection.record, reason);
+    return TellSaved(saved, inspection.record.path, reason);
 }
 
 int Take(RecordHold& hold, const CString& path)

@@ -5,19 +5,30 @@
 
 #include "review/RecordHold.h"
 
-/// Adds --record. \p record outlives \p command.
-CLI::Option* AddRecordOption(CLI::App& command, std::string& record);
+/// The record of an inspection, as the user names it.
+struct RecordArguments
+{
+    /// Empty for no inspection.
+    std::string path;
+    /// Also the record of another delivery.
+    bool force = false;
+};
+
+/// Adds --record and --force and returns the first. \p record outlives \p command.
+CLI::Option* AddRecordOption(CLI::App& command, RecordArguments& record);
+/// Adds --force alone.
+void AddForceOption(CLI::App& command, RecordArguments& record);
 
 /// Takes up the inspection in the file \p record. False, with a sentence on standard error, when it
-/// doesn't fit; an empty name is no inspection and true.
-bool LoadRecord(ToviData& document, const CString& record);
+/// doesn't fit; no inspection is true.
+bool LoadRecord(ToviData& document, const RecordArguments& record);
 
 /// An inspection to be changed: the delivery, and the record that nobody else changes meanwhile.
 struct Inspection
 {
-    explicit Inspection(const CString& path) : record(path), hold(path) {}
+    explicit Inspection(RecordArguments named) : record(std::move(named)), hold(record.path) {}
 
-    CString record;
+    RecordArguments record;
     RecordHold hold;
     /// The content of the record that was taken up.
     CString version;

@@ -78,10 +78,11 @@ void MainFrame::ChooseDeliveryWithFamily()
 
 bool MainFrame::OpenRecord(const CString& path)
 {
-    const CString problem = document.LoadRecord(path);
+    CString problem;
+    const bool loaded = document.LoadRecord(path, problem);
     if (!problem.empty()) Tell(problem);
     Refresh();
-    return problem.empty();
+    return loaded;
 }
 
 void MainFrame::ChooseRecord()

@@ -94,13 +94,12 @@ bool ViewerDocument::SaveRecord(const CString& path, CString& problem)
     return result.outcome == RecordFile::Outcome::Saved;
 }
 
-CString ViewerDocument::LoadRecord(const CString& path)
+bool ViewerDocument::LoadRecord(const CString& path, CString& problem)
 {
-    const CString problem = record.Load(*data, path);
-    if (!problem.empty()) return problem;
+    if (!record.Load(*data, path, problem)) return false;
     data->SetCheckStatusChanged(false);
     UpdateAllViews(nullptr, ToviData::HintLabelsChanged, nullptr);
-    return {};
+    return true;
 }
 
 void ViewerDocument::ApplySettings(const ToviPhotoCtrlVisualSetting& setting)

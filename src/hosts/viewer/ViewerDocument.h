@@ -44,8 +44,8 @@ public:
     /// changed that one (see RecordFile). False when it isn't saved: \p problem then says what is
     /// wrong, unless the user has given up.
     bool SaveRecord(const CString& path, CString& problem);
-    /// Takes up the inspection in the file \p path. Returns what is wrong, empty when nothing is.
-    CString LoadRecord(const CString& path);
+    /// Takes up the inspection in the file \p path. False as in SaveRecord.
+    bool LoadRecord(const CString& path, CString& problem);
     /// Labels or comments were changed since they were last saved.
     bool HasUnsavedWork() const { return data && data->IsCheckStatusChanged(); }
 

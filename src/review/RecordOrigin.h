@@ -1,0 +1,33 @@
+#pragma once
+
+#include "platform/Text.h"
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+class ToviData;
+
+/// What tells the delivery that a record was made of from another with as many photographs: a
+/// digest of all file names and serial numbers in their order, and the sizes of some photograph
+/// files, which are compared where both sides have them. So discs that weren't in make no
+/// difference. It can't tell apart deliveries with the same numbering of which no file was at hand
+/// on both sides.
+class RecordOrigin
+{
+public:
+    /// That of \p document, as it is now.
+    explicit RecordOrigin(ToviData& document);
+    /// That of the record that says \p text; where this isn't like what Text() gives, it differs
+    /// from none.
+    explicit RecordOrigin(const CString& text);
+
+    CString Text() const;
+    /// Wherein the two differ, in a sentence; empty when in nothing that both say.
+    CString DifferenceFrom(const RecordOrigin& other) const;
+
+private:
+    CString names;
+    /// Nothing for a file that wasn't there.
+    std::vector<std::optional<std::uint64_t>> sizes;
+};
