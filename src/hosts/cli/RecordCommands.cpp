@@ -31,7 +31,7 @@ int Show(const Arguments& arguments)
 }
 
 /// By way of a file: the record is made whole or not at all.
-int ReturnToStandardOutput(ToviData& document, const CString& record)
+int ReturnToStandardOutput(ToviData& document, const RecordArguments& record)
 {
     if (!LoadRecord(document, record)) return ExitFailed;
     const CString shared = CurrentUserFolders().temporary;
