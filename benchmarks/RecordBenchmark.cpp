@@ -6,6 +6,7 @@
 #include "platform/Cp932.h"
 #include "platform/MibFile.h"
 #include "review/RecordTags.h"
+#include "support/Labels.h"
 
 #include <benchmark/benchmark.h>
 #include <pugixml.hpp>
@@ -24,8 +25,8 @@ struct Inspected
                         {}});
         InstallHostServices({nullptr, &host.profile, "Tovi", RunningProgramPath()});
         for (int i = 0; i < photos; i += 3) {
-            document->GetPhotoActualPhotoArray(i)->SetComment("測点番号と黒板の記載が違います。");
-            document->GetPhotoActualPhotoArray(i)->PasteLabel(LabelNg1);
+            SetComment(*document, i, "測点番号と黒板の記載が違います。");
+            PasteLabel(*document, i, LabelNg1);
         }
         document->SaveExamination(path.c_str(), nullptr, &reason);
     }

@@ -6,6 +6,7 @@
 #include "platform/MibFile.h"
 #include "reports/CheckStatusPages.h"
 #include "reports/ToviCheckStatusFileOut.h"
+#include "support/Labels.h"
 
 #include <benchmark/benchmark.h>
 
@@ -50,8 +51,8 @@ struct Reported
         document->BuildTreeNode(ToviPhotoCtrlVisualSetting::TreeWorkTypeFull);
         document->SetSelected(document.get(), true);
         for (int i = 0; i < photos; i += 3) {
-            document->GetPhotoActualPhotoArray(i)->SetComment("測点番号と黒板の記載が違います。");
-            document->GetPhotoActualPhotoArray(i)->PasteLabel(LabelNg1);
+            SetComment(*document, i, "測点番号と黒板の記載が違います。");
+            PasteLabel(*document, i, LabelNg1);
         }
         office = StartSpreadsheet(temp.MakeFolder("office"), [] { return false; });
     }

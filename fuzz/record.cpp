@@ -6,8 +6,8 @@
 #include "loading/Environment.h"
 #include "loading/ToviEnouDataFactory.h"
 #include "platform/DoxWriter.h"
-#include "review/LabelSlots.h"
 #include "sample/DeliveryBuilder.h"
+#include "support/Labels.h"
 
 #include <memory>
 
@@ -32,13 +32,9 @@ std::unique_ptr<ToviData> Open()
         nullptr, Folder().Path("delivery/PHOTO").c_str(), PhotoXMLMlit, nullptr, nullptr));
 }
 
-void Clear(const ToviData& document)
+void Clear(ToviData& document)
 {
-    for (int i = 0; i < photos; ++i) {
-        ToviPhoto& photo = *document.GetPhotoActualPhotoArray(i);
-        photo.SetComment("");
-        for (unsigned slot = 0; slot < labelCount; ++slot) photo.RemoveLabel(slot);
-    }
+    for (int i = 0; i < photos; ++i) RemoveAllLabel(document, i);
 }
 
 CString State(const ToviData& document)

@@ -11,6 +11,7 @@
 #include "reports/ToviCheckStatusFileOut.h"
 #include "review/LabelCorrection.h"
 #include "review/LabelProcessSelectDlg.h"
+#include "review/LabelRules.h"
 #include "review/ToviXmlLoadManager.h"
 #include "review/ToviXmlSaveManager.h"
 #include "settings/ItemCandidates.h"
@@ -156,18 +157,12 @@ int ToviData::CollectionLabel(unsigned long label, ToviPhotoRef& out) const
 
 int ToviData::CountLabel(unsigned long label) const
 {
-    return static_cast<int>(
-        std::count_if(photoData.begin(), photoData.end(), [label](const ToviPhoto* photo) {
-            return photo->IsLabelPasted(static_cast<unsigned int>(label));
-        }));
+    return label < labelCount ? labelEdits.Count(LabelSet().set(label)) : 0;
 }
 
 int ToviData::IsLabeled() const
 {
-    for (unsigned int slot = 0; slot < labelCount; ++slot) {
-        if (CountLabel(slot) > 0) return 1;
-    }
-    return 0;
+    return labelEdits.Count(LabelSet().set()) > 0 ? 1 : 0;
 }
 
 void ToviData::UpdateHasComment()
@@ -177,9 +172,9 @@ void ToviData::UpdateHasComment()
                              [this](int index) { return !photoData[index]->GetComment().empty(); });
 }
 
-void ToviData::UpdatePhotoInf(CWnd* sender)
+void ToviData::UpdatePhotoInf(CWnd* sender, LabelEdit* edit)
 {
-    Broadcast(HintPhotoInfoChanged, sender);
+    Broadcast(HintPhotoInfoChanged, sender, edit);
 }
 
 bool ToviData::AllLabelCorrection()
@@ -198,24 +193,29 @@ bool ToviData::AllLabelCorrection()
         AllRemoveLabel();
         break;
     }
-    SetCheckStatusChanged(true);
-    Broadcast(HintLabelsChanged);
     return corrected;
 }
 
 bool ToviData::AllOKLabel()
 {
-    return PasteOkOnAll(photoData, curPhotos);
+    CorrectShown(LabelRules::CorrectUnlessNG);
+    return !curPhotos.IsEmpty();
 }
 
 bool ToviData::AllRemoveCheckLabel()
 {
-    return RemoveChecksFromAll(photoData, curPhotos);
+    CorrectShown(LabelRules::CorrectAllNotCheck);
+    return !curPhotos.IsEmpty();
 }
 
 void ToviData::AllRemoveLabel()
 {
-    RemoveAllFromAll(photoData, curPhotos);
+    CorrectShown(LabelRules::RemoveAllLabel);
+}
+
+void ToviData::CorrectShown(const LabelEdits::Rule& rule)
+{
+    labelEdits.Apply(labelEdits.Make(LabelEdit::Batch, curPhotos, rule));
 }
 
 bool ToviData::SaveExamination(const char* path, const char* note, int* result)
@@ -238,7 +238,9 @@ bool ToviData::LoadExamination(const char* path, int* result, RecordsTaken taken
     if (*path == '\0') return false;
     ToviXmlLoadManager manager(path, RootPath());
     if (taken == RecordsOfThisDelivery) manager.Expect(RecordOrigin(*this));
-    const bool loaded = manager.Load(photoData, result);
+    PhotoReviews reviews = ReviewsOf(*this);
+    const bool loaded = manager.Load(reviews, result);
+    if (loaded) labelEdits.Apply(labelEdits.Make(LabelEdit::RecordLoad, reviews));
     UpdateHasComment();
     return loaded;
 }
@@ -533,7 +535,7 @@ void ToviData::RebuildCurrentArray()
     if (sortCondition->IsExecSort()) Sort();
 }
 
-void ToviData::Broadcast(UpdateHint hint, CWnd* sender)
+void ToviData::Broadcast(UpdateHint hint, CWnd* sender, CObject* object)
 {
-    if (hostDocument != nullptr) hostDocument->UpdateAllViews(sender, hint, nullptr);
+    if (hostDocument != nullptr) hostDocument->UpdateAllViews(sender, hint, object);
 }

@@ -11,6 +11,7 @@
 #include "loading/ToviItemDef.h"
 #include "platform/CDocument.h"
 #include "reports/CheckStatusOutcome.h"
+#include "review/LabelEdits.h"
 #include "review/ToviLabelManager.h"
 #include "settings/ToviItemManager.h"
 #include "settings/ToviPhotoCtrlVisualSetting.h"
@@ -116,6 +117,9 @@ public:
     /// PHOTO.XML, and returns their number.
     int CollectionLabel(unsigned long label, ToviPhotoRef& out) const;
     int CountLabel(unsigned long label) const;
+    /// What all changes of labels and comments go through.
+    LabelEdits& GetLabelEdits() { return labelEdits; }
+    const LabelEdits& GetLabelEdits() const { return labelEdits; }
     /// 1 when any photograph has any label, else 0. A comment alone doesn't count.
     int IsLabeled() const;
     /// Labels or comments differ from what was last saved.
@@ -125,14 +129,15 @@ public:
     bool HasComment() const { return hasComment; }
     /// Looks for comments in the current array; an empty one leaves the answer as it was.
     void UpdateHasComment();
-    /// Tells all views but \p sender that labels or a comment of a photograph changed.
-    void UpdatePhotoInf(CWnd* sender);
+    /// Tells all views but \p sender that labels or comments changed: those that \p edit tells of,
+    /// or any where it is null.
+    void UpdatePhotoInf(CWnd* sender, LabelEdit* edit = nullptr);
 
     /// Lets the user choose a correction of the labels of all photographs on show
     /// (付箋の一括訂正・削除), confirm it, and runs it. False when the user refuses or there was
     /// nothing to correct.
     bool AllLabelCorrection();
-    /// Takes all labels and comments off the photographs of the current array.
+    /// Takes all labels and comments off the photographs of the current array, as a batch.
     virtual void AllRemoveLabel();
 
     /// Writes the comments and labels of all photographs to the inspection record \p path. False
@@ -251,6 +256,8 @@ protected:
     void ExtractionProcess();
     bool AllOKLabel();
     bool AllRemoveCheckLabel();
+    /// Does \p rule to all photographs of the current array.
+    void CorrectShown(const LabelEdits::Rule& rule);
     void BuildTreeNodeForKousyu(ToviPhotoCtrlVisualSetting::TreeType type);
     void BuildTreeNodeForSatsueikasyo();
     /// The first node, depth first from \p from on, that holds \p photoIndex itself; null if none.
@@ -260,13 +267,15 @@ private:
     ToviItemShowSettings LoadItems();
     /// Makes the photographs beneath the selected node, extracted and sorted, the current array.
     void RebuildCurrentArray();
-    void Broadcast(UpdateHint hint, CWnd* sender = nullptr);
+    friend class LabelEdits;
+    void Broadcast(UpdateHint hint, CWnd* sender = nullptr, CObject* object = nullptr);
 
     CString rootPath;
     CStringArray earlierRoots;
     std::shared_ptr<const FolderClaim> folderClaim;
     CDocument* hostDocument;
     ToviPhotoArray photoData;
+    LabelEdits labelEdits{*this};
     ToviItemArray mngItems;
     ToviPhotoRef curPhotos;
     ToviNode* selectedNode = nullptr;

@@ -211,26 +211,9 @@ void ToviPhoto::RemoveLabel(unsigned int slot)
     if (slot < labels.size()) labels[slot] = false;
 }
 
-void ToviPhoto::RemoveAllLabel()
-{
-    labels.fill(false);
-    comment.clear();
-}
-
 bool ToviPhoto::HasNGLabel() const
 {
     return labels[LabelNg1] || labels[LabelNg2] || labels[LabelNg3];
-}
-
-void ToviPhoto::CorrectAllOK()
-{
-    CorrectAllNotCheck();
-    labels[LabelOk] = true;
-}
-
-void ToviPhoto::CorrectAllNotCheck()
-{
-    for (const LabelSlot slot : {LabelOk, LabelNg1, LabelNg2, LabelNg3}) labels[slot] = false;
 }
 
 bool ToviPhoto::LoadThumb()

@@ -60,15 +60,10 @@ public:
     virtual void GetPicturePath(CStringArray& out, int index);
     virtual const LumImage& GetImage() const { return image; }
     virtual int GetPictureCount() const { return picturePaths.GetSize(); }
-    /// The label operations take a slot (see review/LabelSlots.h). A slot of labelCount or more is
-    /// never pasted and changes nothing.
+    /// The label in a slot (see review/LabelSlots.h) is pasted. One of labelCount or more never is.
     virtual bool IsLabelPasted(unsigned int slot) const;
     virtual ~ToviPhoto() = default;
     virtual void ReleaseImage();
-    virtual void PasteLabel(unsigned int slot);
-    virtual void RemoveLabel(unsigned int slot);
-    /// Takes all labels off and empties the comment.
-    virtual void RemoveAllLabel();
     /// Loads the thumbnail in place of whatever is loaded. A file that failed is not tried again
     /// until ReleaseImage.
     virtual bool LoadThumb();
@@ -112,13 +107,7 @@ public:
     bool HasNGLabel() const;
     /// 未検査: neither OK nor any NG label is pasted.
     bool IsNotCheck() const { return !IsOK() && !HasNGLabel(); }
-    /// OK in place of OK and NG; the other labels and the comment stay.
-    void CorrectAllOK();
-    /// Neither OK nor NG; the other labels and the comment stay.
-    void CorrectAllNotCheck();
     const CString& GetComment() const { return comment; }
-    /// Touches no label: whoever edits the comment keeps LabelComment in step.
-    void SetComment(const CString& text) { comment = text; }
 
     EditJPEGCheckResult GetEditChkResult() const { return editResult; }
     void SetEditChkResult(EditJPEGCheckResult result) { editResult = result; }
@@ -148,6 +137,13 @@ public:
     void GetFileInfoFromTitle(const CString& title, CString& value) const;
 
 private:
+    /// The one that changes labels and comments. Nobody else does, so that each change is known.
+    friend class LabelEdits;
+    virtual void PasteLabel(unsigned int slot);
+    virtual void RemoveLabel(unsigned int slot);
+    /// Touches no label.
+    void SetComment(const CString& text) { comment = text; }
+
     void AddItemPairs(const ToviItemShowSetting& setting, ToviTextPairArray& pairs) const;
     const ToviItem* FindItem(int defIndex) const;
     /// True when \p path is a file of the delivery, and not one that a symbolic link brings in.

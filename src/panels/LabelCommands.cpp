@@ -3,68 +3,56 @@
 #include "review/LabelRules.h"
 #include "review/SlideMode.h"
 
-void LabelCommands::Paste(unsigned int label)
+void LabelCommands::Paste(int photo, unsigned int label)
 {
-    ToviPhoto* const photo = desk.Photo();
-    if (photo == nullptr || label >= labelCount) return;
+    if (photo < 0 || label >= labelCount) return;
     if (label == LabelComment) {
-        EditComment(*photo);
+        EditComment(photo);
     } else {
-        LabelRules::Paste(*photo, label);
-        TellOfChange(*photo);
+        Change(photo, [label](PhotoReview& review) { LabelRules::Paste(review, label); });
     }
 }
 
-void LabelCommands::EditComment(ToviPhoto& photo)
+void LabelCommands::EditComment(int photo)
 {
     const ToviData* const document = desk.Document();
-    const std::optional<CString> answer = desk.AskComment(photo.GetComment());
+    const std::optional<CString> answer =
+        desk.AskComment(document->GetPhotoActualPhotoArray(photo)->GetComment());
     // Closed meanwhile, and the photograph is gone with it.
-    if (desk.Document() != document) return;
-    if (answer) {
-        LabelRules::EditComment(photo, *answer);
-        desk.ShowComment(photo);
-    }
-    TellOfChange(photo);
+    if (!answer || desk.Document() != document) return;
+    Change(photo, [&answer](PhotoReview& review) { LabelRules::EditComment(review, *answer); });
 }
 
-void LabelCommands::Remove(unsigned int label)
+void LabelCommands::Remove(int photo, unsigned int label)
 {
-    ToviPhoto* const photo = desk.Photo();
-    if (photo == nullptr || label >= labelCount) return;
+    if (photo < 0 || label >= labelCount) return;
     if (label == LabelComment && RefuseInSlideMode(SlideModeRefusal::EditComment)) return;
-    LabelRules::Remove(*photo, label);
-    if (label == LabelComment) desk.ShowComment(*photo);
-    TellOfChange(*photo);
+    Change(photo, [label](PhotoReview& review) { LabelRules::Remove(review, label); });
 }
 
-void LabelCommands::RemoveAll()
+void LabelCommands::RemoveAll(int photo)
 {
-    ToviPhoto* const photo = desk.Photo();
-    if (photo == nullptr) return;
-    photo->RemoveAllLabel();
-    desk.ShowComment(*photo);
-    TellOfChange(*photo);
+    if (photo >= 0) Change(photo, LabelRules::RemoveAllLabel);
 }
 
-void LabelCommands::Toggle(unsigned int label)
+void LabelCommands::Toggle(int photo, unsigned int label)
 {
-    const ToviPhoto* const photo = desk.Photo();
-    if (photo == nullptr) return;
+    if (photo < 0) return;
     if (label == LabelComment) {
-        if (!RefuseInSlideMode(SlideModeRefusal::EditComment)) Paste(label);
-    } else if (photo->IsLabelPasted(label)) {
-        Remove(label);
+        if (!RefuseInSlideMode(SlideModeRefusal::EditComment)) Paste(photo, label);
+    } else if (desk.Document()->GetPhotoActualPhotoArray(photo)->IsLabelPasted(label)) {
+        Remove(photo, label);
     } else {
-        Paste(label);
+        Paste(photo, label);
     }
 }
 
-/// The mark first, so that whoever hears of the change finds the document changed.
-void LabelCommands::TellOfChange(const ToviPhoto& photo)
+void LabelCommands::Change(int photo, const LabelEdits::Rule& rule)
 {
     ToviData* const document = desk.Document();
-    document->SetCheckStatusChanged(true);
-    document->UpdatePhotoInf(nullptr);
-    desk.ShowLabels(photo);
+    LabelEdits& edits = document->GetLabelEdits();
+    const LabelEdit edit = edits.Make(LabelEdit::OnePhoto, {&photo, 1}, rule, window);
+    edits.Apply(edit);
+    // Whoever heard of it may have closed the document.
+    if (desk.Document() == document) desk.ShowEdit(edit);
 }

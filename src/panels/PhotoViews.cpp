@@ -62,7 +62,6 @@ std::unique_ptr<ToviSpiCtrl> PhotoViews::MakeCell(int index)
     connect(cell, &ToviSpiCtrl::KeyPressed, this, &PhotoViews::CellKeyPressed);
     connect(cell, &ToviSpiCtrl::PasteLabelRequested, this, &PhotoViews::PasteLabelRequested);
     connect(cell, &ToviSpiCtrl::RemoveLabelRequested, this, &PhotoViews::RemoveLabelRequested);
-    connect(cell, &ToviSpiCtrl::CommentChanged, this, &PhotoViews::CommentChanged);
     made->show();
     return made;
 }

@@ -64,7 +64,6 @@ signals:
     void CellKeyPressed(int qtKey);
     void PasteLabelRequested(unsigned int label, ToviSpiCtrl* cell);
     void RemoveLabelRequested(unsigned int label, ToviSpiCtrl* cell);
-    void CommentChanged(ToviSpiCtrl* cell);
     /// Of the list; a row is a position.
     void ItemSelected(int row);
     void ItemDoubleClicked(int row);

@@ -4,6 +4,7 @@
 #include "panels/ToviPhotoListCtrl.h"
 #include "panels/ToviPopUpMenu.h"
 #include "panels/UncheckedSearch.h"
+#include "platform/controls/WindowHandle.h"
 #include "platform/controls/WindowId.h"
 #include "review/SlideMode.h"
 
@@ -46,7 +47,7 @@ int CellChildOf(const QWidget* widget)
 } // namespace
 
 ToviMpiPanel::ToviMpiPanel(CDocument* theDocument)
-    : document(theDocument), views(*this, visualSetting, theDocument), labels(*this)
+    : views(*this, visualSetting, theDocument), labels(*this, AsWindow(this))
 {
     QPalette colors = palette();
     colors.setColor(QPalette::Window, Qt::white);
@@ -58,7 +59,6 @@ ToviMpiPanel::ToviMpiPanel(CDocument* theDocument)
     connect(&views, &PhotoViews::CellKeyPressed, this, &ToviMpiPanel::OnSpiKeyDown);
     connect(&views, &PhotoViews::PasteLabelRequested, this, &ToviMpiPanel::OnSpiPasteLabel);
     connect(&views, &PhotoViews::RemoveLabelRequested, this, &ToviMpiPanel::OnSpiRemoveLabel);
-    connect(&views, &PhotoViews::CommentChanged, this, &ToviMpiPanel::OnSpiUpdateCommentWindow);
     connect(&views, &PhotoViews::ItemSelected, this, &ToviMpiPanel::OnSelect);
     connect(&views, &PhotoViews::ItemDoubleClicked, this, &ToviMpiPanel::RequestZoom);
     connect(&views, &PhotoViews::ItemRightClicked, this, &ToviMpiPanel::OnRClicked);
@@ -85,6 +85,12 @@ int ToviMpiPanel::SelectedPosition() const
     return GetData() == nullptr ? -1 : GetData()->GetSelectCurIndex();
 }
 
+/// The photo index of the selected photograph, unless the user doesn't see it among those on show.
+int ToviMpiPanel::SelectedPhoto() const
+{
+    return GetData() == nullptr ? -1 : GetData()->GetIndexPhotoArray(SelectedPosition());
+}
+
 // Updates
 
 void ToviMpiPanel::OnUpdate(CWnd* sender, ToviData::UpdateHint hint, CObject* object)
@@ -94,6 +100,10 @@ void ToviMpiPanel::OnUpdate(CWnd* sender, ToviData::UpdateHint hint, CObject* ob
     const Setting::DivideType mode = hint == ToviData::HintInitialize
                                          ? GetData()->GetVisualSetting().GetDivType()
                                          : visualSetting.GetDivType();
+    if (const auto* const edit = dynamic_cast<const LabelEdit*>(object)) {
+        ShowEdit(*edit);
+        return;
+    }
     for (const PanelStep step : StepsOf(hint, mode)) TakeStep(step);
     TellPage();
 }
@@ -402,18 +412,12 @@ void ToviMpiPanel::Move(const CellMove& move)
 
 void ToviMpiPanel::OnSpiPasteLabel(unsigned int label, ToviSpiCtrl* cell)
 {
-    ChangeLabel(*cell, [label](ToviPhoto& photo) { photo.PasteLabel(label); });
+    labels.Paste(GetData()->GetIndexPhotoArray(cell->GetPhotoIndex()), label);
 }
 
 void ToviMpiPanel::OnSpiRemoveLabel(unsigned int label, ToviSpiCtrl* cell)
 {
-    ChangeLabel(*cell, [label](ToviPhoto& photo) { photo.RemoveLabel(label); });
-}
-
-void ToviMpiPanel::OnSpiUpdateCommentWindow(ToviSpiCtrl* cell)
-{
-    const int index = views.Cells().CellOf(cell->GetPhotoIndex());
-    if (index >= 0) UpdateComment(index, GetData()->GetPhoto(cell->GetPhotoIndex())->GetComment());
+    labels.Remove(GetData()->GetIndexPhotoArray(cell->GetPhotoIndex()), label);
 }
 
 // Mouse and keys on the list
@@ -434,19 +438,13 @@ void ToviMpiPanel::OnFusen(unsigned int label)
 {
     if (views.List() == nullptr || views.List()->GetSelected() < 0) return;
     if (label == LabelComment) {
-        labels.Paste(label);
+        labels.Paste(SelectedPhoto(), label);
     } else {
-        labels.Toggle(label);
+        labels.Toggle(SelectedPhoto(), label);
     }
 }
 
 // Labels and comments
-
-/// The selected photograph, unless the user doesn't see it among those on show.
-ToviPhoto* ToviMpiPanel::Photo() const
-{
-    return SelectedPosition() < 0 ? nullptr : GetData()->GetSelectedPhoto();
-}
 
 std::optional<CString> ToviMpiPanel::AskComment(const CString& comment)
 {
@@ -456,71 +454,46 @@ std::optional<CString> ToviMpiPanel::AskComment(const CString& comment)
     return dialog.GetComment();
 }
 
-/// The position of \p photo in the current array, or -1.
-int ToviMpiPanel::PositionOf(const ToviPhoto& photo) const
+void ToviMpiPanel::ShowEdit(const LabelEdit& edit)
 {
-    if (Photo() == &photo) return SelectedPosition();
-    int position = PhotoCount() - 1;
-    while (position >= 0 && GetData()->GetPhoto(position) != &photo) --position;
-    return position;
+    for (const LabelEdit::Change& change : edit.changes) ShowChange(change);
 }
 
-void ToviMpiPanel::ShowLabels(const ToviPhoto& photo)
+void ToviMpiPanel::ShowChange(const LabelEdit::Change& change)
 {
-    const int position = PositionOf(photo);
-    if (position >= 0) views.ShowLabels(position);
-}
-
-void ToviMpiPanel::ShowComment(const ToviPhoto& photo)
-{
-    const int position = PositionOf(photo);
+    const int position = GetData()->GetCurrentArray().Find(change.photo);
+    if (position < 0) return;
+    views.ShowLabels(position);
+    if (change.before.comment == change.after.comment) return;
     const int index = views.List() != nullptr ? position : views.Cells().CellOf(position);
-    if (index >= 0) UpdateComment(index, photo.GetComment());
+    if (index >= 0) UpdateComment(index, change.after.comment);
 }
 
 void ToviMpiPanel::PasteLabel(int label)
 {
-    labels.Paste(static_cast<unsigned int>(label));
+    labels.Paste(SelectedPhoto(), static_cast<unsigned int>(label));
 }
 
 void ToviMpiPanel::RemoveLabel(int label)
 {
-    labels.Remove(static_cast<unsigned int>(label));
+    labels.Remove(SelectedPhoto(), static_cast<unsigned int>(label));
 }
 
 void ToviMpiPanel::ToggleLabel(int label)
 {
-    labels.Toggle(static_cast<unsigned int>(label));
+    labels.Toggle(SelectedPhoto(), static_cast<unsigned int>(label));
 }
 
 void ToviMpiPanel::OnRemoveAllLabel()
 {
-    labels.RemoveAll();
+    labels.RemoveAll(SelectedPhoto());
 }
 
 void ToviMpiPanel::AllPhotoAllLabelRemove()
 {
     if (PhotoCount() == 0) return;
     GetData()->AllRemoveLabel();
-    GetData()->SetCheckStatusChanged(true);
-    if (document != nullptr) {
-        document->UpdateAllViews(nullptr, ToviData::HintLabelsChanged, nullptr);
-    } else {
-        OnUpdate(nullptr, ToviData::HintLabelsChanged, nullptr);
-    }
     views.EnableFloaty();
-}
-
-/// What the cell asks for has been decided; it has marked the document as changed.
-template <class Change>
-void ToviMpiPanel::ChangeLabel(ToviSpiCtrl& cell, const Change& change)
-{
-    ToviPhoto* const photo = GetData()->GetPhoto(cell.GetPhotoIndex());
-    if (photo == nullptr) return;
-    const QPointer<ToviSpiCtrl> alive = &cell;
-    change(*photo);
-    GetData()->UpdatePhotoInf(nullptr);
-    if (alive) alive->UpdateLabelButtons();
 }
 
 void ToviMpiPanel::UpdateComment(int index, const CString& text)
@@ -541,11 +514,10 @@ void ToviMpiPanel::RefreshComments()
 
 void ToviMpiPanel::ShowPopUpMenu()
 {
-    const ToviPhoto* const photo = Photo();
-    if (photo == nullptr) return;
+    if (SelectedPosition() < 0) return;
     CloseMenu();
     menu = new ToviPopUpMenu(*GetData()->GetLabelManager(), this);
-    menu->EnableItems(EnabledLabelItems(*photo));
+    menu->EnableItems(EnabledLabelItems(*GetData()->GetSelectedPhoto()));
     connect(menu, &ToviPopUpMenu::CommandChosen, this, &ToviMpiPanel::OnMenuCommand);
     connect(menu, &QMenu::aboutToHide, this, [this] { views.ShowFloaty(true); });
     views.ShowFloaty(false);
@@ -579,10 +551,10 @@ void ToviMpiPanel::OnMenuCommand(unsigned int id)
 
 void ToviMpiPanel::OnPasteLabel(unsigned int id)
 {
-    labels.Paste(id - LabelMenuId::paste);
+    labels.Paste(SelectedPhoto(), id - LabelMenuId::paste);
 }
 
 void ToviMpiPanel::OnRemoveLabel(unsigned int id)
 {
-    labels.Remove(id - LabelMenuId::remove);
+    labels.Remove(SelectedPhoto(), id - LabelMenuId::remove);
 }

@@ -109,15 +109,14 @@ protected:
 private:
     using Setting = ToviPhotoCtrlVisualSetting;
 
-    ToviPhoto* Photo() const override;
     ToviData* Document() const override { return GetData(); }
     std::optional<CString> AskComment(const CString& comment) override;
-    void ShowLabels(const ToviPhoto& photo) override;
-    void ShowComment(const ToviPhoto& photo) override;
-    int PositionOf(const ToviPhoto& photo) const;
+    void ShowEdit(const LabelEdit& edit) override;
+    void ShowChange(const LabelEdit::Change& change);
 
     int PhotoCount() const;
     int SelectedPosition() const;
+    int SelectedPhoto() const;
     void TakeStep(PanelStep step);
     void AdjustTo(const SettingChange& change);
 
@@ -137,7 +136,6 @@ private:
     void OnSpiKeyDown(int key);
     void OnSpiPasteLabel(unsigned int label, ToviSpiCtrl* cell);
     void OnSpiRemoveLabel(unsigned int label, ToviSpiCtrl* cell);
-    void OnSpiUpdateCommentWindow(ToviSpiCtrl* cell);
     CellPosition PositionOnPage() const;
     void Move(const CellMove& move);
 
@@ -146,13 +144,10 @@ private:
     void RequestZoom(int position);
 
     void RefreshComments();
-    template <class Change>
-    void ChangeLabel(ToviSpiCtrl& cell, const Change& change);
     void OnMenuCommand(unsigned int id);
     void CloseMenu();
     QPoint MenuPlace() const;
 
-    CDocument* document;
     ToviPhotoCtrlVisualSetting visualSetting;
     PageArithmetic pages;
     PhotoViews views;

@@ -1,6 +1,5 @@
 #include "panels/ToviSpiCtrl.h"
 
-#include "dialogs/ToviInputCommentDlg.h"
 #include "imagefacts/ControlValueParser.h"
 #include "imagefacts/ToviControlValueArray.h"
 #include "panels/CellChild.h"
@@ -14,7 +13,6 @@
 #include "platform/controls/LumImgWnd.h"
 #include "platform/controls/WindowId.h"
 #include "platform/QtText.h"
-#include "review/LabelRules.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -361,44 +359,18 @@ QSize ToviSpiCtrl::GetImageSize() const
 
 void ToviSpiCtrl::OnLabelClicked(int label)
 {
-    ToviPhoto* const photo = Photo();
+    const ToviPhoto* const photo = Photo();
     if (photo == nullptr) return;
     const QPointer<ToviSpiCtrl> alive = this;
     const auto slot = static_cast<unsigned int>(label);
-    const bool isComment = slot == LabelComment;
-    const auto requests = isComment ? EditComment(*photo) : RequestsOfPress(*photo, slot);
-    if (!alive) return;
-    // First, so that whoever hears of a label finds the document changed.
-    data->SetCheckStatusChanged(true);
-    for (const LabelRequest& request : requests) {
-        if (!alive || Photo() != photo) return;
-        if (request.paste) {
-            emit PasteLabelRequested(request.label, this);
-        } else {
-            emit RemoveLabelRequested(request.label, this);
-        }
+    // What the press flipped tells of the label, which only a comment brings.
+    if (slot == LabelComment) UpdateLabelButtons();
+    if (slot != LabelComment && photo->IsLabelPasted(slot)) {
+        emit RemoveLabelRequested(slot, this);
+    } else {
+        emit PasteLabelRequested(slot, this);
     }
     if (alive) OnClicked();
-    if (alive && isComment) emit CommentChanged(this);
-}
-
-std::vector<LabelRequest> ToviSpiCtrl::EditComment(ToviPhoto& photo)
-{
-    // What the press flipped tells of the label, which only a comment brings.
-    UpdateLabelButtons();
-    const QPointer<ToviSpiCtrl> alive = this;
-    ToviInputCommentDlg dialog(window());
-    dialog.SetComment(photo.GetComment());
-    if (!dialog.DoModal() || !alive) return {};
-    if (Photo() != &photo) {
-        // Another one took its place meanwhile; what was written is still about this one.
-        LabelRules::EditComment(photo, dialog.GetComment());
-        return {};
-    }
-    photo.SetComment(LabelRules::KeptComment(dialog.GetComment()));
-    UpdateLabelButtons();
-    LayoutChildren();
-    return RequestsOfComment(photo);
 }
 
 void ToviSpiCtrl::OnCommentWindowClicked(QWidget* strip)

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "document/ToviData.h"
-#include "panels/LabelRequests.h"
 
 #include <QTimer>
 #include <QWidget>
@@ -18,8 +17,7 @@ class ToviSpiListCtrl;
 /// control values. It shows a position of the current array, at first by the thumbnail and a moment
 /// later by the full picture, and lets go of the picture when it shows another one or none.
 ///
-/// What the user does is told by signals. The panel answers them; the cell itself changes nothing
-/// but a photograph's comment, which is edited here.
+/// What the user does is told by signals. The panel answers them; the cell itself changes nothing.
 class TOVI_EXPORT ToviSpiCtrl : public QWidget
 {
     Q_OBJECT
@@ -57,12 +55,11 @@ public:
     /// The size of the photograph's window.
     QSize GetImageSize() const;
 
-    /// What a flipped button of \p label does: see the signals. For the comment's, lets the user
-    /// edit the comment.
+    /// What a flipped button of \p label does: see the signals.
     void OnLabelClicked(int label);
     /// A comment strip of this cell was clicked.
     void OnCommentWindowClicked(QWidget* strip);
-    /// One was double-clicked: lets the user edit the comment.
+    /// One was double-clicked: as the button of the comment label.
     void OnCommentWindowDblClicked(QWidget* strip);
 
 signals:
@@ -72,10 +69,9 @@ signals:
     void RightClicked(int windowId);
     /// A key (a Qt::Key) that the panel is to act on.
     void KeyPressed(int qtKey);
+    /// For the comment label, whether pasted or not: the user wants to edit the comment.
     void PasteLabelRequested(unsigned int label, ToviSpiCtrl* cell);
     void RemoveLabelRequested(unsigned int label, ToviSpiCtrl* cell);
-    /// The comment was edited, if only to be left as it was.
-    void CommentChanged(ToviSpiCtrl* cell);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -97,7 +93,6 @@ private:
     void FillValues(const ToviPhoto& photo);
     void ShowPlate(ToviPhoto& photo);
 
-    std::vector<LabelRequest> EditComment(ToviPhoto& photo);
     void OnClicked() { emit Clicked(windowId); }
     void OnDoubleClicked() { emit DoubleClicked(windowId); }
     void OnRightClicked();

@@ -10,22 +10,3 @@ bool ConfirmLabelCorrection()
                                            host.applicationName, MessageButtons::OkCancel,
                                            MessageIcon::Question) == MessageAnswer::Ok;
 }
-
-bool PasteOkOnAll(const ToviPhotoArray& photos, const ToviPhotoRef& shown)
-{
-    for (const int index : shown) {
-        if (!photos[index]->HasNGLabel()) photos[index]->PasteLabel(LabelOk);
-    }
-    return !shown.IsEmpty();
-}
-
-bool RemoveChecksFromAll(const ToviPhotoArray& photos, const ToviPhotoRef& shown)
-{
-    for (const int index : shown) photos[index]->CorrectAllNotCheck();
-    return !shown.IsEmpty();
-}
-
-void RemoveAllFromAll(const ToviPhotoArray& photos, const ToviPhotoRef& shown)
-{
-    for (const int index : shown) photos[index]->RemoveAllLabel();
-}

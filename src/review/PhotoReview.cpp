@@ -12,15 +12,6 @@ PhotoReview ReviewOf(const ToviPhoto& photo)
     return review;
 }
 
-void SetReview(ToviPhoto& photo, const PhotoReview& review)
-{
-    photo.RemoveAllLabel();
-    for (unsigned int slot = 0; slot < labelCount; ++slot) {
-        if (review.labels[slot]) photo.PasteLabel(slot);
-    }
-    photo.SetComment(review.comment);
-}
-
 PhotoReviews ReviewsOf(const ToviData& document)
 {
     PhotoReviews reviews;
@@ -28,11 +19,4 @@ PhotoReviews ReviewsOf(const ToviData& document)
         reviews.push_back(ReviewOf(*document.GetPhotoActualPhotoArray(index)));
     }
     return reviews;
-}
-
-void SetReviews(ToviData& document, const PhotoReviews& reviews)
-{
-    for (int index = 0; const PhotoReview& review : reviews) {
-        SetReview(*document.GetPhotoActualPhotoArray(index++), review);
-    }
 }

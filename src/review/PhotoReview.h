@@ -9,10 +9,13 @@
 class ToviData;
 class ToviPhoto;
 
+/// A set of labels, by their slots.
+using LabelSet = std::bitset<labelCount>;
+
 /// What an inspector has said of one photograph.
 struct PhotoReview
 {
-    std::bitset<labelCount> labels;
+    LabelSet labels;
     CString comment;
 
     bool operator==(const PhotoReview&) const = default;
@@ -22,8 +25,4 @@ struct PhotoReview
 using PhotoReviews = std::vector<PhotoReview>;
 
 PhotoReview ReviewOf(const ToviPhoto& photo);
-void SetReview(ToviPhoto& photo, const PhotoReview& review);
-
-PhotoReviews ReviewsOf(const ToviData& document);
-/// \p reviews has one for each photograph.
-void SetReviews(ToviData& document, const PhotoReviews& reviews);
+TOVI_EXPORT PhotoReviews ReviewsOf(const ToviData& document);

@@ -16,19 +16,19 @@ constexpr int noReason = -1;
 std::optional<PhotoReviews> ReadReviews(ToviData& document, const CString& file,
                                         const PhotoReviews& base)
 {
-    ToviPhotoArray photos;
-    for (const PhotoReview& review : base) {
-        auto photo = std::make_unique<ToviPhoto>();
-        SetReview(*photo, review);
-        photos.Add(photo.release());
-    }
     ToviXmlLoadManager manager(file.c_str(), nullptr);
     manager.Expect(RecordOrigin(document));
+    PhotoReviews reviews = base;
     int reason = noReason;
-    if (!manager.Load(photos, &reason)) return std::nullopt;
-    PhotoReviews reviews;
-    for (const ToviPhoto* photo : photos) reviews.push_back(ReviewOf(*photo));
+    if (!manager.Load(reviews, &reason)) return std::nullopt;
     return reviews;
+}
+
+void TakeUp(ToviData& document, const PhotoReviews& merged)
+{
+    LabelEdits& edits = document.GetLabelEdits();
+    edits.Apply(edits.Make(LabelEdit::RecordMerge, merged));
+    document.UpdateHasComment();
 }
 } // namespace
 
@@ -56,11 +56,8 @@ bool RecordFile::Load(ToviData& document, const CString& record, CString& proble
 RecordFile::SaveResult RecordFile::Save(ToviData& document, const CString& record)
 {
     Others others;
-    for (bool merged = false;; merged = true) {
-        if (auto done = SaveUnchanged(document, record, others)) {
-            done->merged = merged;
-            return *done;
-        }
+    for (;;) {
+        if (const auto done = SaveUnchanged(document, record, others)) return *done;
         // Nobody is kept waiting while the user thinks: the next round sees what came meanwhile.
         std::optional<RecordMerge> merge;
         if (others.reviews) merge.emplace(base, ReviewsOf(document), *others.reviews);
@@ -68,13 +65,11 @@ RecordFile::SaveResult RecordFile::Save(ToviData& document, const CString& recor
             AskAboutConflict(document, record, merge ? &*merge : nullptr);
         switch (answer.decision) {
         case RecordConflictAnswer::GiveUp:
-            return {Outcome::GivenUp, {}, merged};
+            return {Outcome::GivenUp};
         case RecordConflictAnswer::Elsewhere:
-            return {Outcome::Elsewhere, answer.path, merged};
+            return {Outcome::Elsewhere, answer.path};
         case RecordConflictAnswer::Merge:
-            SetReviews(document, merge->Merged(answer.side));
-            document.SetCheckStatusChanged(true);
-            document.UpdateHasComment();
+            TakeUp(document, merge->Merged(answer.side));
             base = *others.reviews;
             version = others.version;
         }

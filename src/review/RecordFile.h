@@ -25,8 +25,6 @@ public:
     {
         Outcome outcome = Outcome::Saved;
         CString text = {};
-        /// The document has taken up what others have changed.
-        bool merged = false;
     };
 
     /// Where the inspection was last saved to or taken up from; empty when neither.

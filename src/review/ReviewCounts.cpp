@@ -7,11 +7,11 @@ ReviewCounts CountReview(const ToviData& document)
     ReviewCounts counts;
     counts.shown = document.GetCurrentPhotoCount();
     counts.all = document.GetTotalCountPhoto();
-    for (int index = 0; index < counts.all; ++index) {
-        const ToviPhoto& photo = *document.GetPhotoActualPhotoArray(index);
-        counts.ok += photo.IsOK();
-        counts.ng += photo.HasNGLabel();
-        counts.unchecked += photo.IsNotCheck();
-    }
+    const LabelSet ok(1u << LabelOk);
+    const LabelSet ng(1u << LabelNg1 | 1u << LabelNg2 | 1u << LabelNg3);
+    const LabelEdits& edits = document.GetLabelEdits();
+    counts.ok = edits.Count(ok);
+    counts.ng = edits.Count(ng);
+    counts.unchecked = counts.all - edits.Count(ok | ng);
     return counts;
 }

@@ -13,6 +13,8 @@ struct ReviewCounts
     int ng = 0;
     /// 未検査: neither OK nor NG.
     int unchecked = 0;
+
+    bool operator==(const ReviewCounts&) const = default;
 };
 
 /// Counts the photographs of \p document; those on show are the ones of its current array.

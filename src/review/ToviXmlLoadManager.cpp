@@ -14,9 +14,9 @@ ToviXmlLoadManager::ToviXmlLoadManager(const char* recordPath, const char* deliv
     if (document.Load(path, false, nullptr)) iterator = &place;
 }
 
-bool ToviXmlLoadManager::Load(const ToviPhotoArray& photos, int* result)
+bool ToviXmlLoadManager::Load(PhotoReviews& reviews, int* result)
 {
-    const int count = photos.GetSize();
+    const int count = static_cast<int>(reviews.size());
     if (const std::optional<RecordFailure> failure = WhyNot(count)) {
         *result = *failure;
         return false;
@@ -26,7 +26,7 @@ bool ToviXmlLoadManager::Load(const ToviPhotoArray& photos, int* result)
     progress.Begin(count);
     for (int index = 0; index < count; ++index) {
         while (!place.IsTag(RecordTags::photo)) place.NextSibling();
-        Apply(ReadEntry(), *photos[index]);
+        Apply(ReadEntry(), reviews[static_cast<std::size_t>(index)]);
         place.NextSibling();
         progress.SetMessage(Format("検査状況読み込み中　%d / %d", index + 1, count));
         progress.StepIt();
@@ -84,15 +84,10 @@ void ToviXmlLoadManager::ReadField(Entry& entry) const
         entry.labels[label - std::begin(RecordTags::labels)] = text == "1";
 }
 
-void ToviXmlLoadManager::Apply(const Entry& entry, ToviPhoto& photo)
+void ToviXmlLoadManager::Apply(const Entry& entry, PhotoReview& review)
 {
-    if (entry.comment) photo.SetComment(*entry.comment);
+    if (entry.comment) review.comment = *entry.comment;
     for (unsigned int slot = 0; slot < labelCount; ++slot) {
-        if (!entry.labels[slot]) continue;
-        if (*entry.labels[slot]) {
-            photo.PasteLabel(slot);
-        } else {
-            photo.RemoveLabel(slot);
-        }
+        if (entry.labels[slot]) review.labels[slot] = *entry.labels[slot];
     }
 }

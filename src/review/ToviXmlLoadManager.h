@@ -1,6 +1,6 @@
 #pragma once
 
-#include "document/ToviPhotoArray.h"
+#include "review/PhotoReview.h"
 #include "review/RecordOrigin.h"
 #include "review/RecordTags.h"
 #include "review/ToviXmlManager.h"
@@ -21,8 +21,9 @@ public:
     /// Has Load refuse a record that was made of another delivery than \p origin.
     void Expect(RecordOrigin origin) { expected = std::move(origin); }
 
-    /// False, with a RecordFailure in \p result, before anything has changed.
-    bool Load(const ToviPhotoArray& photos, int* result);
+    /// Changes \p reviews as the record says. False, with a RecordFailure in \p result, before
+    /// anything has changed.
+    bool Load(PhotoReviews& reviews, int* result);
 
 private:
     /// What one 写真 says.
@@ -39,7 +40,7 @@ private:
     int CountEntries() const;
     Entry ReadEntry();
     void ReadField(Entry& entry) const;
-    static void Apply(const Entry& entry, ToviPhoto& photo);
+    static void Apply(const Entry& entry, PhotoReview& review);
 
     std::optional<RecordOrigin> expected;
     DoxDocument document;

@@ -1,4 +1,5 @@
 #include "extraction/ToviExtractionDlg.h"
+#include "support/Labels.h"
 #include "support/OpenedSample.h"
 
 #include <gtest/gtest.h>
@@ -120,10 +121,10 @@ TEST(Extraction, JudgesByEveryCondition)
         if (titles[photo] != nullptr) sample.Give(photo, "写真タイトル", titles[photo]);
     }
     sample.Photo(1).GetItems().Add(ToviItem(sample.DefIndex("撮影箇所"), "橋"));
-    sample.Photo(0).PasteLabel(LabelOk);
-    sample.Photo(1).PasteLabel(LabelNg1);
-    sample.Photo(2).PasteLabel(LabelComment);
-    sample.Photo(3).PasteLabel(LabelNg3);
+    PasteLabel(*sample.document, 0, LabelOk);
+    PasteLabel(*sample.document, 1, LabelNg1);
+    PasteLabel(*sample.document, 2, LabelComment);
+    PasteLabel(*sample.document, 3, LabelNg3);
 
     const struct
     {
@@ -165,7 +166,7 @@ TEST(Extraction, TakesKeyPhotographsAsOffWhereThereAreNone)
     sample.window.conditions.keyPhoto = true;
     EXPECT_EQ(sample.Extracted(0), "012");
     EXPECT_EQ(sample.Extracted(1), "");
-    sample.Photo(1).PasteLabel(LabelNg2);
+    PasteLabel(*sample.document, 1, LabelNg2);
     sample.window.conditions.ngPhoto = true;
     EXPECT_EQ(sample.Extracted(0), "1");
     EXPECT_EQ(sample.Extracted(1), "1");
@@ -211,7 +212,7 @@ TEST(Extraction, ShowsHowFarItIs)
 
     sample.services.user.progress.clear();
     sample.services.user.cancelAtPumps = {};
-    sample.Photo(0).PasteLabel(LabelNg1);
+    PasteLabel(*sample.document, 0, LabelNg1);
     sample.Give(0, "撮影年月日", "");
     sample.window.conditions.ngPhoto = true;
     sample.Extracted(1);
@@ -249,14 +250,14 @@ TEST(Extraction, IsOnAndOffAsItIsTold)
     std::vector<int>& hints = sample.host.hints;
     ToviNode* const node = document.ToviNode::GetNode(0);
     sample.window.conditions.notcheckPhoto = true;
-    sample.Photo(1).PasteLabel(LabelOk);
+    PasteLabel(*sample.document, 1, LabelOk);
     hints.clear();
 
     document.CancelExtraction(CancelExtReset);
     EXPECT_TRUE(hints.empty());
     EXPECT_TRUE(sample.window.told.empty()) << "off already";
     EXPECT_EQ(sample.Extracted(0), "02");
-    sample.Photo(0).PasteLabel(LabelOk);
+    PasteLabel(*sample.document, 0, LabelOk);
     EXPECT_EQ(sample.Current(), "02") << "until the next rebuild";
     EXPECT_EQ(sample.Extracted(0), "2");
     EXPECT_EQ(hints, std::vector<int>(2, ToviData::HintSelectionChanged));
@@ -291,7 +292,7 @@ TEST(Extraction, SortsWhatItLeaves)
     descending.SetKeyItem("シリアル番号");
     sample.document->SetSortCondition(descending);
     sample.window.conditions.notcheckPhoto = true;
-    sample.Photo(2).PasteLabel(LabelOk);
+    PasteLabel(*sample.document, 2, LabelOk);
     EXPECT_EQ(sample.Extracted(0), "310");
     sample.services.user.cancelAtPumps = {sample.services.user.pumps + 1};
     EXPECT_EQ(sample.Extracted(0), "3210") << "the whole node after a cancel, too";

@@ -1,5 +1,6 @@
 #include "extraction/ToviSortCondition.h"
 #include "extraction/ToviSorter.h"
+#include "support/Labels.h"
 #include "support/OpenedSample.h"
 
 #include <gtest/gtest.h>
@@ -143,7 +144,7 @@ TEST(Sort, FollowsEveryRebuildThatAsksForIt)
 
     document.BuildTreeNode(ToviPhotoCtrlVisualSetting::TreePlace);
     EXPECT_EQ(Current(document), sorted);
-    for (const int index : {1, 0, 2}) sample.Photo(index).PasteLabel(LabelOk);
+    for (const int index : {1, 0, 2}) PasteLabel(*sample.document, index, LabelOk);
     document.SetSelected(static_cast<int>(LabelOk));
     EXPECT_EQ(Current(document), sorted);
 

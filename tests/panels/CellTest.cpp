@@ -2,7 +2,6 @@
 #include "panels/CellLayout.h"
 #include "panels/InfoRows.h"
 #include "panels/ItemColours.h"
-#include "panels/LabelRequests.h"
 #include "support/OpenedSample.h"
 
 #include <gmock/gmock.h>
@@ -12,11 +11,6 @@
 void PrintTo(const CellPlace& place, std::ostream* out)
 {
     *out << place.x << ' ' << place.y << ' ' << place.width << ' ' << place.height;
-}
-
-void PrintTo(const LabelRequest& request, std::ostream* out)
-{
-    *out << (request.paste ? "paste " : "remove ") << request.label;
 }
 
 namespace
@@ -76,58 +70,6 @@ TEST(PlateLayout, PutsMarksAndButtonsAtTheRightAndCutsNoneOff)
         EXPECT_EQ(layout.photoMark, test.photoMark);
         EXPECT_EQ(layout.checkMark, test.checkMark);
         EXPECT_EQ(layout.titleWidth, test.titleWidth);
-    }
-}
-
-TEST(LabelRequests, FollowThePressedButton)
-{
-    constexpr unsigned int ok = LabelOk, ng1 = LabelNg1, ng2 = LabelNg2, free = LabelFree;
-    const struct
-    {
-        const char* name;
-        std::vector<unsigned int> pasted;
-        unsigned int pressed;
-        std::vector<LabelRequest> requests;
-    } cases[] = {
-        {"OK on a fresh photograph", {}, ok, {{true, ok}}},
-        {"OK takes every NG label off",
-         {ng1, ng2, free},
-         ok,
-         {{true, ok}, {false, ng1}, {false, ng2}}},
-        {"an NG label takes OK off and leaves the other",
-         {ok, ng1},
-         ng2,
-         {{true, ng2}, {false, ok}}},
-        {"NG3 as well", {ok}, LabelNg3, {{true, LabelNg3}, {false, ok}}},
-        {"the free label has no partner", {ok, ng1}, free, {{true, free}}},
-        {"what is pasted is removed alone", {ok, ng1}, ok, {{false, ok}}},
-        {"the free label is removed", {free}, free, {{false, free}}},
-    };
-    for (const auto& test : cases) {
-        ToviPhoto photo;
-        for (const unsigned int label : test.pasted) photo.PasteLabel(label);
-        EXPECT_EQ(RequestsOfPress(photo, test.pressed), test.requests) << test.name;
-    }
-}
-
-TEST(LabelRequests, BringTheCommentLabelInStep)
-{
-    const struct
-    {
-        const char* comment;
-        bool pasted;
-        std::vector<LabelRequest> requests;
-    } cases[] = {
-        {"", false, {}},
-        {"", true, {{false, LabelComment}}},
-        {"舗装厚", false, {{true, LabelComment}}},
-        {"舗装厚", true, {}},
-    };
-    for (const auto& test : cases) {
-        ToviPhoto photo;
-        photo.SetComment(test.comment);
-        if (test.pasted) photo.PasteLabel(LabelComment);
-        EXPECT_EQ(RequestsOfComment(photo), test.requests) << test.comment << test.pasted;
     }
 }
 

@@ -33,10 +33,12 @@ TEST(MpiLabels, PastesAndRemovesLabels)
     shown.panel.PasteLabel(LabelNg2);
     shown.panel.ToggleLabel(LabelFree);
     EXPECT_THAT(pasted(), ElementsAre(LabelNg1, LabelNg2, LabelFree));
-    shown.panel.ToggleLabel(LabelOk);
+    shown.host.hints.clear();
+    QTest::mouseClick(shown.Plate(0).Button(LabelOk), Qt::LeftButton);
     EXPECT_THAT(pasted(), ElementsAre(LabelOk, LabelFree));
+    EXPECT_THAT(shown.host.hints, ElementsAre(ToviData::HintPhotoInfoChanged)) << "one edit";
     shown.panel.ToggleLabel(LabelFree);
-    QTest::mouseClick(shown.Plate(0).Button(LabelNg3), Qt::LeftButton);
+    shown.panel.ToggleLabel(LabelNg3);
     EXPECT_THAT(pasted(), ElementsAre(LabelNg3));
     shown.panel.PasteLabel(6);
     shown.panel.OnRemoveAllLabel();
@@ -86,9 +88,13 @@ TEST(MpiLabels, ShowsCommentsOverThePhotographs)
     EXPECT_THAT(shown.Strips(), ElementsAre("二枚目"));
 
     shown.data->SetCheckStatusChanged(false);
+    shown.panel.OperateNextPhoto();
+    shown.host.hints.clear();
     shown.AnswerComment(nullptr);
-    shown.panel.PasteLabel(LabelComment);
-    EXPECT_TRUE(shown.data->IsCheckStatusChanged()) << "giving up counts as a change";
+    QTest::mouseClick(shown.Plate(0).Button(LabelComment), Qt::LeftButton);
+    EXPECT_FALSE(shown.data->IsCheckStatusChanged()) << "who gives up has changed nothing";
+    EXPECT_THAT(shown.host.hints, ElementsAre(ToviData::HintPhotoSelected));
+    EXPECT_FALSE(shown.Plate(0).Button(LabelComment)->IsPressed());
     EXPECT_THROW(shown.panel.UpdateComment(2, "x"), InvalidArgument);
 
     // The second one is corrected, with all others, in one go.
@@ -97,6 +103,39 @@ TEST(MpiLabels, ShowsCommentsOverThePhotographs)
     EXPECT_TRUE(shown.data->AllLabelCorrection());
     EXPECT_THAT(shown.Strips(), IsEmpty());
     EXPECT_FALSE(shown.Plate(1).Button(LabelComment)->IsPressed());
+}
+
+TEST(MpiLabels, ShowsWhatAnotherWindowChanges)
+{
+    ShownDelivery shown(3, Setting::DivideTwo);
+    QWidget window;
+    window.resize(1000, 700);
+    ToviMpiPanel other(&shown.host);
+    other.Create(&window, 2);
+    other.resize(window.size());
+    other.Attach(shown.data.get());
+    window.show();
+    shown.host.panels.push_back(&other);
+    Setting setting = shown.data->GetVisualSetting();
+    // The comment is the only column, and so in sight.
+    setting.SetItemShowSettings({});
+    for (const auto mode : {Setting::DivideTwo, Setting::DivideThumbnails, Setting::DivideList}) {
+        setting.SetDivType(mode);
+        other.SetVisualSetting(setting, true);
+        QTest::qWait(0);
+        QImage last = other.grab().toImage();
+        const auto hasChanged = [&] {
+            const QImage now = other.grab().toImage();
+            return std::exchange(last, now) != now;
+        };
+        ASSERT_FALSE(hasChanged());
+        shown.AnswerComment("確認");
+        shown.panel.PasteLabel(LabelComment);
+        EXPECT_TRUE(hasChanged()) << "the comment, in mode " << mode;
+        shown.panel.ToggleLabel(LabelNg1);
+        EXPECT_EQ(hasChanged(), mode != Setting::DivideList) << "the label, in mode " << mode;
+        shown.panel.OnRemoveAllLabel();
+    }
 }
 
 TEST(MpiLabels, OffersTheLabelsInAMenu)

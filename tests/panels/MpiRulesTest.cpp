@@ -5,6 +5,7 @@
 #include "panels/PanelUpdates.h"
 #include "panels/StripPlaces.h"
 #include "panels/UncheckedSearch.h"
+#include "support/Labels.h"
 #include "support/OpenedSample.h"
 
 #include <gmock/gmock.h>
@@ -13,7 +14,6 @@ namespace
 {
 using Setting = ToviPhotoCtrlVisualSetting;
 using testing::ElementsAre;
-using testing::ElementsAreArray;
 
 constexpr int onPage[] = {1, 2, 3, 4, 6};
 
@@ -215,49 +215,6 @@ TEST(StripPlaces, AskAboutFewRows)
     EXPECT_EQ(RowsInSight(0, 450, placeOf), (RowRange{0, 0}));
 }
 
-TEST(PanelUpdates, AreWhatEachHintMeans)
-{
-    using enum PanelStep;
-    using Steps = std::vector<PanelStep>;
-    const struct
-    {
-        int hint;
-        Steps paged;
-        Steps thumbnails;
-        Steps list;
-    } cases[] = {
-        {0, {CopySettings, Initialize}, {CopySettings, Initialize}, {CopySettings, Initialize}},
-        {1, {}, {}, {}},
-        {2,
-         {ResetPages, GoToSelected, ChangePage, RebuildStrips},
-         {RefillList, SelectListItem, RebuildStrips},
-         {RefillList, SelectListItem}},
-        {3, {ResetPages, ChangePage, RebuildStrips}, {RefillList, RebuildStrips}, {RefillList}},
-        {4, {ResetPages, Initialize}, {ResetPages, Initialize}, {ResetPages, Initialize}},
-        {5, {}, {}, {}},
-        {6,
-         {RefreshLabels, RefreshComments},
-         {RefreshLabels, RefreshComments},
-         {RefreshLabels, RefreshComments}},
-        {7, {ApplySettings}, {ApplySettings}, {ApplySettings}},
-        {8, {}, {}, {}},
-        {9, {}, {}, {}},
-        {10, {ClearAnchors}, {}, {}},
-        {11, {}, {}, {}}};
-    for (const auto& expected : cases) {
-        const auto hint = static_cast<ToviData::UpdateHint>(expected.hint);
-        for (int mode = Setting::DivideOne; mode <= Setting::DivideSix; ++mode) {
-            EXPECT_THAT(StepsOf(hint, static_cast<Setting::DivideType>(mode)),
-                        ElementsAreArray(expected.paged))
-                << expected.hint;
-        }
-        EXPECT_THAT(StepsOf(hint, Setting::DivideThumbnails), ElementsAreArray(expected.thumbnails))
-            << expected.hint;
-        EXPECT_THAT(StepsOf(hint, Setting::DivideList), ElementsAreArray(expected.list))
-            << expected.hint;
-    }
-}
-
 TEST(PanelUpdates, BuildAnewOnlyWhatSettingsChange)
 {
     constexpr SettingChange rebuild{.rebuild = true};
@@ -319,31 +276,29 @@ TEST(PanelUpdates, BuildAnewOnlyWhatSettingsChange)
 
 TEST(LabelMenuItems, AreEnabledByWhatIsPasted)
 {
-    ToviPhoto photo;
-    EXPECT_EQ(EnabledLabelItems(photo),
+    const OpenedSample sample(DeliveryBuilder({.photos = 1, .drawings = 0, .images = false}));
+    EXPECT_EQ(EnabledLabelItems(sample.Photo(0)),
               (LabelMenuItems{{true, true, true, true, true, true}, {}, false}));
-    photo.PasteLabel(LabelNg2);
-    photo.PasteLabel(LabelFree);
-    EXPECT_EQ(EnabledLabelItems(photo), (LabelMenuItems{{true, true, false, true, true, false},
-                                                        {false, false, true, false, false, true},
-                                                        true}));
-    for (unsigned int label = 0; label < labelCount; ++label) photo.PasteLabel(label);
-    EXPECT_EQ(EnabledLabelItems(photo),
-              (LabelMenuItems{{}, {true, true, true, true, true, true}, true}));
+    PasteLabel(*sample.document, 0, LabelNg2);
+    PasteLabel(*sample.document, 0, LabelFree);
+    EXPECT_EQ(EnabledLabelItems(sample.Photo(0)),
+              (LabelMenuItems{{true, true, false, true, true, false},
+                              {false, false, true, false, false, true},
+                              true}));
 }
 
 TEST(UncheckedSearch, GoesRoundOnce)
 {
     const OpenedSample sample(DeliveryBuilder({.photos = 4, .drawings = 0, .images = false}));
-    const ToviData& data = *sample.document;
+    ToviData& data = *sample.document;
     EXPECT_EQ(NextUnchecked(data, -1), 0);
     EXPECT_EQ(NextUnchecked(data, 3), 0);
-    for (const int checked : {0, 1, 3}) data.GetPhoto(checked)->PasteLabel(LabelOk);
+    for (const int checked : {0, 1, 3}) PasteLabel(data, data.GetPhotoIndex(checked), LabelOk);
     EXPECT_EQ(NextUnchecked(data, 0), 2);
     EXPECT_EQ(NextUnchecked(data, 2), 2);
-    data.GetPhoto(2)->PasteLabel(LabelFree);
+    PasteLabel(data, data.GetPhotoIndex(2), LabelFree);
     EXPECT_EQ(NextUnchecked(data, 3), 2) << "that label checks nothing";
-    data.GetPhoto(2)->PasteLabel(LabelNg3);
+    PasteLabel(data, data.GetPhotoIndex(2), LabelNg3);
     EXPECT_EQ(NextUnchecked(data, 0), -1);
     EXPECT_EQ(NextUnchecked(ToviData(), -1), -1);
 }

@@ -4,6 +4,7 @@
 #include "panels/ToviPhotoListCtrl.h"
 #include "platform/controls/WenToolBarCtrl.h"
 #include "platform/QtText.h"
+#include "support/Labels.h"
 #include "support/OpenedSample.h"
 
 #include <gmock/gmock.h>
@@ -111,7 +112,7 @@ TEST(PhotoListContent, TellsItemsFactsAndCommentByColumn)
 {
     Content content;
     content.ShowOnly({"撮影年月日", "写真タイトル", "更新日時", "機種名"});
-    content.sample.Photo(whole).SetComment("再撮影");
+    SetComment(content.document, whole, "再撮影");
     EXPECT_EQ(content.shown.Columns().back(), "コメント");
     EXPECT_EQ(content.Text("写真タイトル"), "着手前");
     EXPECT_EQ(content.Text("撮影年月日"), "2024/04/01");
@@ -201,9 +202,9 @@ TEST(ThumbnailTile, HasAFixedPlaceForEachMark)
             EXPECT_GT(drawn.width(), 8 * scale);
         };
         for (unsigned int label = 0; label < labelCount; ++label) {
-            photo.PasteLabel(label);
+            PasteLabel(content.document, whole, label);
             expectMarkAt(2 + 17 * static_cast<int>(label), 0);
-            photo.RemoveLabel(label);
+            RemoveLabel(content.document, whole, label);
         }
         for (const auto result : {ToviPhoto::EditCheckUnaltered, ToviPhoto::EditCheckAltered}) {
             photo.SetEditChkResult(result);
@@ -221,13 +222,13 @@ TEST(ThumbnailTile, TellsAPictureFromOneThatCannotBeShown)
     EXPECT_EQ(unread.pixel(11, 19), green);
     EXPECT_EQ(unread.pixel(138, 146), green);
     EXPECT_NE(unread.pixel(11, 16), green);
-    content.sample.Photo(broken).PasteLabel(LabelOk);
+    PasteLabel(content.document, broken, LabelOk);
     EXPECT_NE(content.Tile(broken), unread);
 
     // A picture too narrow to be seen leaves the sheet empty.
     const QImage sheet = content.Tile(narrow);
     EXPECT_EQ(sheet.pixel(75, 83), sheet.pixel(20, 30));
-    content.sample.Photo(narrow).PasteLabel(LabelOk);
+    PasteLabel(content.document, narrow, LabelOk);
     EXPECT_EQ(content.Tile(narrow), sheet);
 
     ASSERT_THAT(content.sample.Photo(vector).GetImagePath(), testing::EndsWith(".SVG"));

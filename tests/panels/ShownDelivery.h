@@ -3,7 +3,9 @@
 #include "panels/ToviCommentWindow.h"
 #include "panels/ToviMpiPanel.h"
 #include "panels/ToviNamePlate.h"
+#include "platform/controls/WindowHandle.h"
 #include "platform/QtText.h"
+#include "support/Labels.h"
 #include "support/OpenedSample.h"
 
 #include <gmock/gmock.h>
@@ -14,18 +16,20 @@
 #include <QTest>
 #include <QTimer>
 
-/// A host with one panel, to which it forwards what is broadcast.
+/// A host with panels, to which it forwards what is broadcast.
 class PanelHost : public CDocument
 {
 public:
     void UpdateAllViews(CWnd* sender, int hint, CObject* object) override
     {
         hints.push_back(hint);
-        if (panel != nullptr)
+        for (ToviMpiPanel* panel : panels) {
+            if (AsWindow(panel) == sender) continue;
             panel->OnUpdate(sender, static_cast<ToviData::UpdateHint>(hint), object);
+        }
     }
 
-    ToviMpiPanel* panel = nullptr;
+    std::vector<ToviMpiPanel*> panels;
     std::vector<int> hints;
 };
 
@@ -42,7 +46,7 @@ struct ShownDelivery
             factory.Create(&host, temp.Path("PHOTO").c_str(), PhotoXMLMlit, nullptr, nullptr));
         data->Load();
         data->BuildTreeNode(Setting::TreeWorkTypeFull);
-        host.panel = &panel;
+        host.panels = {&panel};
         window.resize(1000, 700);
         panel.Create(&window, 1);
         panel.resize(window.size());
@@ -77,9 +81,8 @@ struct ShownDelivery
     void ShowFirst(int count)
     {
         for (int index = 0; index < data->GetTotalCountPhoto(); ++index) {
-            ToviPhoto& photo = *data->GetPhotoActualPhotoArray(index);
-            photo.RemoveLabel(LabelFree);
-            if (index < count) photo.PasteLabel(LabelFree);
+            Review(*data, index,
+                   [=](PhotoReview& review) { review.labels.set(LabelFree, index < count); });
         }
         data->SetSelected(static_cast<int>(LabelFree));
     }

@@ -1,7 +1,7 @@
 #include "panels/ToviFolderTreePanel.h"
 #include "panels/ToviLabelTreePanel.h"
-#include "panels/TreePanelRules.h"
 #include "platform/QtText.h"
+#include "support/Labels.h"
 #include "support/OpenedSample.h"
 
 #include <gmock/gmock.h>
@@ -18,37 +18,6 @@ namespace
 {
 using Setting = ToviPhotoCtrlVisualSetting;
 using testing::ElementsAre;
-
-TEST(TreePanelRules, SayWhatTheFolderTreeDoesAboutEachHint)
-{
-    using enum FolderTreeReaction;
-    struct Row
-    {
-        int hint;
-        FolderTreeReaction whenSameType;
-        FolderTreeReaction whenOtherType;
-    };
-    constexpr Row rows[] = {{0, Rebuild, Rebuild}, {1, Clear, Clear},  {2, None, None},
-                            {3, None, None},       {4, None, None},    {5, None, None},
-                            {6, None, None},       {7, None, Rebuild}, {8, Clear, Clear},
-                            {9, None, None},       {10, None, None},   {11, Clear, Clear}};
-    for (const Row& row : rows) {
-        const auto hint = static_cast<ToviData::UpdateHint>(row.hint);
-        EXPECT_EQ(FolderTreeReactionTo(hint, 2, 2), row.whenSameType) << row.hint;
-        EXPECT_EQ(FolderTreeReactionTo(hint, 0, 2), row.whenOtherType) << row.hint;
-        EXPECT_EQ(FolderTreeReactionTo(hint, noTreeType, 3), row.whenOtherType) << row.hint;
-    }
-}
-
-TEST(TreePanelRules, ChoosePicturesAndTexts)
-{
-    EXPECT_EQ(FolderTreeImagesOf(Setting::TreeWorkTypeFull), (FolderTreeImages{801, 6}));
-    EXPECT_EQ(FolderTreeImagesOf(Setting::TreePlace), (FolderTreeImages{802, 2}));
-    EXPECT_EQ(FolderTreeImagesOf(Setting::TreeWorkType), (FolderTreeImages{808, 4}));
-    EXPECT_EQ(FolderTreeImagesOf(7), (FolderTreeImages{802, 2}));
-    EXPECT_EQ(LabelTreeText("OK", 0), "OK");
-    EXPECT_EQ(LabelTreeText("OK", 12), "OK <12>");
-}
 
 /// Six photographs: A/a1 (two), A/a2, B itself, B/b1, and one that lies on the root.
 OpenedSample Works()
@@ -363,7 +332,7 @@ struct LabelPanel : ShownPanel<ToviLabelTreePanel>
 {
     explicit LabelPanel(OpenedSample& sample) : ShownPanel(sample)
     {
-        for (const int photo : {1, 2, 4}) sample.Photo(photo).PasteLabel(1);
+        for (const int photo : {1, 2, 4}) PasteLabel(*sample.document, photo, 1);
         Send(0);
         panel->OnPostVisible();
         sample.host.hints.clear();
@@ -379,12 +348,12 @@ TEST(LabelTreePanel, CountsPhotographs)
     OpenedSample sample = Works();
     LabelPanel shown(sample);
     EXPECT_EQ(shown.All(), counted);
-    sample.Photo(0).PasteLabel(0);
+    PasteLabel(*sample.document, 0, 0);
     shown.Send(10);
     EXPECT_EQ(shown.All(), counted);
     shown.Send(5);
     EXPECT_EQ(shown.All(), "付箋(OK <1> 追記 <3> 誤記 不鮮明 コメント 印刷)");
-    sample.Photo(0).RemoveLabel(0);
+    RemoveLabel(*sample.document, 0, 0);
     shown.document.GetLabelManager()->GetLabelAttribute(1).SetName("要確認");
     shown.Send(7);
     EXPECT_EQ(shown.All(), "付箋(OK 要確認 <3> 誤記 不鮮明 コメント 印刷)");
@@ -412,11 +381,11 @@ TEST(LabelTreePanel, FollowsABatchOfLabelsWhileItIsInView)
     OpenedSample sample = Works();
     LabelPanel shown(sample);
     shown.Click("追記 <3>");
-    sample.Photo(1).RemoveLabel(1);
+    RemoveLabel(*sample.document, 1, 1);
     shown.Send(6);
     EXPECT_EQ(shown.Selected(), "追記 <2>");
     EXPECT_EQ(shown.document.GetCurrentPhotoCount(), 2);
-    sample.Photo(2).RemoveLabel(1);
+    RemoveLabel(*sample.document, 2, 1);
     shown.panel->hide();
     shown.Send(6);
     EXPECT_EQ(shown.Selected(), "追記 <1>");

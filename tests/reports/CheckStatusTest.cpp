@@ -4,6 +4,7 @@
 #include "reports/CheckStatusCells.h"
 #include "reports/CheckStatusPages.h"
 #include "reports/ToviCheckStatusFileOut.h"
+#include "support/Labels.h"
 #include "support/OpenedSample.h"
 
 #include <gmock/gmock.h>
@@ -180,9 +181,9 @@ TEST(CheckStatus, WritesARowForEachPhotographInTheCurrentOrder)
     document.GetLabelManager()->GetLabelAttribute(LabelNg2).SetName("誤記");
     document.GetLabelManager()->GetLabelAttribute(LabelNg3).SetName("不足");
     for (const auto& c : cases) {
-        ToviPhoto& photo = *document.GetPhoto(position++);
-        for (const unsigned int label : c.labels) photo.PasteLabel(label);
-        photo.SetComment(c.comment);
+        const int photo = document.GetPhotoIndex(position++);
+        for (const unsigned int label : c.labels) PasteLabel(document, photo, label);
+        SetComment(document, photo, c.comment);
     }
     ASSERT_EQ(report.Write(), Outcome::Written);
     EXPECT_EQ(report.sheet.repeated, "32x5 2 times");

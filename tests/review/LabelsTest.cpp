@@ -1,7 +1,12 @@
+#include "support/Labels.h"
 #include "review/LabelRules.h"
+#include "review/ReviewCounts.h"
 #include "support/OpenedSample.h"
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
 
 namespace
 {
@@ -14,39 +19,110 @@ CString Shown(const ToviPhoto& photo)
     return text + (photo.GetComment().empty() ? "" : "\"" + photo.GetComment() + "\"");
 }
 
-TEST(Labels, TellCheckedFromUnchecked)
+/// True where \p Change compiles for anybody.
+template <class Change>
+constexpr bool isOpenToAll = std::is_invocable_v<Change, ToviPhoto&>;
+static_assert(!isOpenToAll<decltype([](auto& photo) -> decltype(photo.PasteLabel(0u)) {})>);
+static_assert(!isOpenToAll<decltype([](auto& photo) -> decltype(photo.RemoveLabel(0u)) {})>);
+static_assert(!isOpenToAll<decltype([](auto& photo) -> decltype(photo.SetComment("")) {})>);
+
+DeliveryBuilder Photos(int count)
 {
-    for (unsigned int mask = 0; mask < 64; ++mask) {
-        ToviPhoto photo;
-        for (unsigned int slot = 0; slot < labelCount; ++slot) {
-            if (mask >> slot & 1) photo.PasteLabel(slot);
-        }
-        EXPECT_EQ(photo.IsOK(), (mask & 1) != 0) << mask;
-        EXPECT_EQ(photo.HasNGLabel(), (mask & 0b1110) != 0) << mask;
-        EXPECT_EQ(photo.IsNotCheck(), (mask & 0b1111) == 0) << mask;
-        photo.SetComment("残る");
-        ToviPhoto copy(photo);
-        photo.CorrectAllNotCheck();
-        EXPECT_EQ(photo.IsLabelPasted(LabelFree), (mask >> 5 & 1) != 0);
-        EXPECT_TRUE(photo.IsNotCheck());
-        copy.CorrectAllOK();
-        EXPECT_TRUE(copy.IsOK() && !copy.HasNGLabel());
-        EXPECT_EQ(copy.GetComment(), "残る");
-        copy.RemoveAllLabel();
-        EXPECT_EQ(Shown(copy), "");
+    DeliveryBuilder builder({.photos = count, .drawings = 0, .images = false});
+    for (int i = 0; i < count; ++i) builder.Set(i, "撮影箇所", i == 2 ? "B" : "A");
+    return builder;
+}
+
+/// A delivery whose labels somebody changes at random.
+struct RandomEdits
+{
+    int Below(int end) { return std::uniform_int_distribution(0, end - 1)(random); }
+
+    LabelEdits::Rule AnyRule()
+    {
+        const auto slot = static_cast<unsigned int>(Below(labelCount + 1));
+        const CString text = std::array{"", " 　", "直す", "　後で "}[Below(4)];
+        const LabelEdits::Rule rules[] = {
+            [slot](PhotoReview& review) { LabelRules::Paste(review, slot); },
+            [slot](PhotoReview& review) { LabelRules::Remove(review, slot); },
+            [text](PhotoReview& review) { LabelRules::EditComment(review, text); },
+            LabelRules::CorrectUnlessNG,
+            LabelRules::CorrectAllNotCheck,
+            LabelRules::RemoveAllLabel};
+        // Few that take all away.
+        return rules[Below(12) < 9 ? Below(3) : Below(6)];
     }
-}
 
-TEST(Labels, IgnoreSlotsThatDoNotExist)
+    LabelEdit AnyEdit()
+    {
+        const auto kind = static_cast<LabelEdit::Kind>(Below(LabelEdit::RecordLoad + 1));
+        std::vector<int> photos = {Below(count)};
+        while (kind != LabelEdit::OnePhoto && photos.size() < 5) photos.push_back(Below(count));
+        std::ranges::sort(photos);
+        photos.erase(std::ranges::unique(photos).begin(), photos.end());
+        return edits.Make(kind, photos, AnyRule());
+    }
+
+    /// What is told of an edit: a hint for each kind, and nothing of what is loaded.
+    void Apply(const LabelEdit& edit)
+    {
+        sample.host.hints.clear();
+        document.SetCheckStatusChanged(false);
+        edits.Apply(edit);
+        const std::vector<int> hints[] = {{5}, {6}, {6}, {}};
+        EXPECT_EQ(sample.host.hints, hints[edit.kind]);
+        EXPECT_EQ(document.IsCheckStatusChanged(), edit.kind != LabelEdit::RecordLoad);
+    }
+
+    void ExpectOrder() const
+    {
+        std::array<int, labelCount> labels{};
+        ReviewCounts counts = {.shown = document.GetCurrentPhotoCount(), .all = count};
+        for (const ToviPhoto* photo : *document.GetPhotoDataArray()) {
+            for (unsigned int slot = 0; slot < labelCount; ++slot) {
+                labels[slot] += photo->IsLabelPasted(slot);
+            }
+            counts.ok += photo->IsLabelPasted(0);
+            counts.ng +=
+                photo->IsLabelPasted(1) || photo->IsLabelPasted(2) || photo->IsLabelPasted(3);
+            EXPECT_FALSE(photo->IsOK() && photo->HasNGLabel());
+            EXPECT_EQ(photo->IsLabelPasted(LabelComment), !photo->GetComment().empty());
+        }
+        counts.unchecked = count - counts.ok - counts.ng;
+        EXPECT_EQ(CountReview(document), counts);
+        for (unsigned int slot = 0; slot < labelCount; ++slot) {
+            EXPECT_EQ(document.CountLabel(slot), labels[slot]) << slot;
+        }
+    }
+
+    static constexpr int count = 12;
+    std::mt19937 random{47};
+    OpenedSample sample{Photos(count)};
+    ToviData& document = *sample.document;
+    LabelEdits& edits = document.GetLabelEdits();
+};
+
+TEST(LabelEdits, KeepOrderThroughAThousandAndLeadBackAgain)
 {
-    ToviPhoto photo;
-    photo.PasteLabel(6);
-    photo.PasteLabel(4000000000u);
-    EXPECT_FALSE(photo.IsLabelPasted(6));
-    EXPECT_EQ(Shown(photo), "");
+    RandomEdits by;
+    for (int i = 0; i < 50; ++i) by.Apply(by.AnyEdit());
+    const PhotoReviews start = ReviewsOf(by.document);
+    std::vector<LabelEdit> done;
+    for (int i = 0; i < 1000 && !testing::Test::HasFailure(); ++i) {
+        done.push_back(by.AnyEdit());
+        by.Apply(done.back());
+        by.ExpectOrder();
+    }
+    EXPECT_NE(ReviewsOf(by.document), start);
+    for (; !done.empty() && !testing::Test::HasFailure(); done.pop_back()) {
+        for (auto& change : done.back().changes) std::swap(change.before, change.after);
+        by.Apply(done.back());
+        by.ExpectOrder();
+    }
+    EXPECT_EQ(ReviewsOf(by.document), start);
 }
 
-TEST(LabelRules, KeepOkAndNgApartAndTheCommentWithItsLabel)
+TEST(LabelRules, LeaveWhatIsNotTheirs)
 {
     const struct
     {
@@ -55,33 +131,31 @@ TEST(LabelRules, KeepOkAndNgApartAndTheCommentWithItsLabel)
         const char* step;
         const char* after;
     } cases[] = {
-        {"", "", "+0", "0"},
-        {"123", "", "+0", "0"},
-        {"0", "", "+2", "2"},
-        {"13", "", "+2", "123"},
-        {"05", "", "+1", "15"},
-        {"0", "", "+3", "3"},
+        {"1235", "", "+0", "05"},
+        {"013", "", "+2", "123"},
         {"0", "", "+5", "05"},
         {"", "", "+4", ""},
         {"", "後で", "+4", "4\"後で\""},
-        {"4", "後で", "-4", ""},
         {"04", "後で", "-0", "4\"後で\""},
-        {"", "", "c直す", "4\"直す\""},
-        {"4", "後で", "c", ""},
+        {"04", "後で", "-4", "0"},
         {"4", "後で", "c 　 ", ""},
         {"0", "", "c　直す ", "04\"　直す \""},
+        {"5", "", "+6", "5"},
     };
+    OpenedSample sample(Photos(1));
     for (const auto& c : cases) {
-        ToviPhoto photo;
-        for (const char* slot = c.before; *slot != '\0'; ++slot) {
-            photo.PasteLabel(static_cast<unsigned int>(*slot - '0'));
-        }
-        photo.SetComment(c.comment);
-        const auto slot = static_cast<unsigned int>(c.step[1] - '0');
-        if (c.step[0] == '+') LabelRules::Paste(photo, slot);
-        if (c.step[0] == '-') LabelRules::Remove(photo, slot);
-        if (c.step[0] == 'c') LabelRules::EditComment(photo, c.step + 1);
-        EXPECT_EQ(Shown(photo), c.after) << c.before << c.comment << c.step;
+        Review(*sample.document, 0, [&c](PhotoReview& review) {
+            review = {};
+            for (const char* slot = c.before; *slot != '\0'; ++slot) {
+                review.labels.set(static_cast<std::size_t>(*slot - '0'));
+            }
+            review.comment = c.comment;
+            const auto slot = static_cast<unsigned int>(c.step[1] - '0');
+            if (c.step[0] == '+') LabelRules::Paste(review, slot);
+            if (c.step[0] == '-') LabelRules::Remove(review, slot);
+            if (c.step[0] == 'c') LabelRules::EditComment(review, c.step + 1);
+        });
+        EXPECT_EQ(Shown(sample.Photo(0)), c.after) << c.before << c.comment << c.step;
     }
 }
 
@@ -114,21 +188,14 @@ TEST(LabelManager, KeepsItsNamesInTheProfile)
     EXPECT_EQ(host.profile.GetProfileString("Label", "Label2", "?"), "追記");
 }
 
-DeliveryBuilder Photos(int count)
-{
-    DeliveryBuilder builder({.photos = count, .drawings = 0, .images = false});
-    for (int i = 0; i < count; ++i) builder.Set(i, "撮影箇所", i == 2 ? "B" : "A");
-    return builder;
-}
-
 TEST(DocumentLabels, CollectCountAndSelect)
 {
     OpenedSample sample(Photos(4));
     ToviData& document = *sample.document;
     EXPECT_EQ(document.IsLabeled(), 0);
-    sample.Photo(3).PasteLabel(LabelNg1);
-    sample.Photo(1).PasteLabel(LabelNg1);
-    sample.Photo(0).SetComment("付箋なし");
+    PasteLabel(*sample.document, 3, LabelNg1);
+    PasteLabel(*sample.document, 1, LabelNg1);
+    SetComment(*sample.document, 0, "付箋なし");
     EXPECT_EQ(document.IsLabeled(), 1);
     EXPECT_EQ(document.CountLabel(LabelNg1), 2);
     ToviPhotoRef found;
@@ -148,8 +215,6 @@ TEST(DocumentLabels, CollectCountAndSelect)
     EXPECT_FALSE(document.HasComment()) << "an empty array changes nothing";
     document.SetSelected(&document, true);
     EXPECT_TRUE(document.HasComment());
-    document.UpdatePhotoInf(nullptr);
-    EXPECT_EQ(sample.host.hints.back(), ToviData::HintPhotoInfoChanged);
 }
 
 TEST(BatchCorrection, AsksTwiceAndCorrectsWhatIsShown)
@@ -163,10 +228,10 @@ TEST(BatchCorrection, AsksTwiceAndCorrectsWhatIsShown)
     for (const auto& c : cases) {
         OpenedSample sample(Photos(4));
         ToviData& document = *sample.document;
-        for (int i = 0; i < 4; ++i) sample.Photo(i).PasteLabel(LabelFree);
-        sample.Photo(1).PasteLabel(LabelNg1);
-        sample.Photo(2).PasteLabel(LabelNg2);
-        sample.Photo(3).PasteLabel(LabelOk);
+        for (int i = 0; i < 4; ++i) PasteLabel(*sample.document, i, LabelFree);
+        PasteLabel(*sample.document, 1, LabelNg1);
+        PasteLabel(*sample.document, 2, LabelNg2);
+        PasteLabel(*sample.document, 3, LabelOk);
         document.BuildTreeNode(ToviPhotoCtrlVisualSetting::TreePlace);
         document.SetSelected(document.ToviNode::GetNode(0), false);
         sample.host.hints.clear();

@@ -2,6 +2,7 @@
 
 #include "loading/Environment.h"
 #include "review/RecordHold.h"
+#include "support/Labels.h"
 #include "support/OpenedSample.h"
 
 #include <gmock/gmock.h>
@@ -28,7 +29,12 @@ protected:
         EXPECT_EQ(Save().outcome, Outcome::Saved);
     }
 
-    void Paste(int photo, unsigned int slot) const { sample.Photo(photo).PasteLabel(slot); }
+    void Paste(int photo, unsigned int slot) const { PasteLabel(*sample.document, photo, slot); }
+    void SetAll(const PhotoReviews& reviews) const
+    {
+        LabelEdits& edits = sample.document->GetLabelEdits();
+        edits.Apply(edits.Make(LabelEdit::RecordLoad, reviews));
+    }
     RecordFile::SaveResult Save() { return record.Save(*sample.document, path); }
 
     /// Another program puts \p slot on \p photo in the record as it stands.
@@ -39,7 +45,7 @@ protected:
         EXPECT_TRUE(other.Load(*sample.document, path, problem)) << problem;
         Paste(photo, slot);
         EXPECT_EQ(other.Save(*sample.document, path).outcome, Outcome::Saved);
-        SetReviews(*sample.document, mine);
+        SetAll(mine);
         sample.document->SetCheckStatusChanged(true);
     }
 
@@ -50,7 +56,7 @@ protected:
         RecordFile file;
         EXPECT_TRUE(file.Load(*sample.document, temp.Path(name), problem)) << problem;
         const CString text = Here();
-        SetReviews(*sample.document, mine);
+        SetAll(mine);
         return text;
     }
     CString Here() const
@@ -91,9 +97,9 @@ TEST_F(OpenRecord, BringsBothTogether)
     OtherPastes(1, LabelNg1);
     Paste(2, LabelNg2);
     user.options = {0};
-    const RecordFile::SaveResult result = Save();
-    EXPECT_EQ(result.outcome, Outcome::Saved);
-    EXPECT_TRUE(result.merged);
+    sample.host.hints.clear();
+    EXPECT_EQ(Save().outcome, Outcome::Saved);
+    EXPECT_EQ(sample.host.hints, std::vector<int>{ToviData::HintLabelsChanged});
     EXPECT_FALSE(sample.document->IsCheckStatusChanged());
     EXPECT_EQ(Here(), "0,1,2,,,,,,");
     EXPECT_EQ(Saved(), Here());
@@ -108,7 +114,7 @@ TEST_F(OpenRecord, AsksWhoseChangesHoldWhereBothHaveChangedAPhotograph)
     for (const int side : {0, 1}) {
         SCOPED_TRACE(side);
         for (int photo = 1; photo < 8; ++photo) {
-            sample.Photo(photo).RemoveAllLabel();
+            RemoveAllLabel(*sample.document, photo);
         }
         ASSERT_EQ(Save().outcome, Outcome::Saved);
         for (int photo = 1; photo < 7; ++photo) OtherPastes(photo, LabelNg1);
@@ -158,7 +164,7 @@ TEST_F(OpenRecord, DoesNotMergeWithWhatItCannotRead)
 TEST_F(OpenRecord, TakesUpAnotherDeliverysRecordOnlyIfTheUserWantsIt)
 {
     temp.Write("r.xml", ReplaceAll(temp.Read("r.xml"), "names=\"", "names=\"0"));
-    sample.Photo(0).RemoveAllLabel();
+    RemoveAllLabel(*sample.document, 0);
     EXPECT_FALSE(record.Load(*sample.document, path, problem));
     EXPECT_EQ(problem, "") << "the user has said no";
     EXPECT_THAT(user.choice.notes[0], HasSubstr("ファイル名かシリアル番号が違います"));

@@ -3,6 +3,7 @@
 #include "platform/DiskSpace.h"
 #include "review/RecordProblems.h"
 #include "review/RecordTags.h"
+#include "support/Labels.h"
 #include "support/OpenedSample.h"
 
 #include <gmock/gmock.h>
@@ -68,8 +69,8 @@ protected:
 
 TEST_F(Record, HoldsWhatItsFormatSays)
 {
-    sample.Photo(0).PasteLabel(LabelOk);
-    sample.Photo(0).SetComment("<①>");
+    PasteLabel(*sample.document, 0, LabelOk);
+    SetComment(*sample.document, 0, "<①>");
     ASSERT_TRUE(Save());
     const CString expected =
         "<?xml version=\"1.0\" encoding=\"Shift_JIS\"?>\n"
@@ -90,7 +91,7 @@ TEST_F(Record, HoldsWhatItsFormatSays)
     document.ReturnExam(sample.temp.Path("paths.xml").c_str());
     EXPECT_TRUE(document.IsCheckStatusChanged());
     EXPECT_NE(sample.temp.Read("paths.xml").find("PIC/P0000"), CString::npos);
-    sample.Photo(0).RemoveAllLabel();
+    RemoveAllLabel(*sample.document, 0);
     EXPECT_TRUE(Load("paths.xml"));
     EXPECT_EQ(State(0), "100000<①>");
 }
@@ -110,23 +111,24 @@ TEST_F(Record, GivesBackEveryCommentAndLabel)
                                 CString(5000, 'x'),
                                 "é"};
     for (const CString& comment : comments) {
-        sample.Photo(1).SetComment(comment);
-        sample.Photo(1).PasteLabel(LabelNg2);
-        sample.Photo(2).PasteLabel(LabelFree);
+        SetComment(*sample.document, 1, comment);
+        PasteLabel(*sample.document, 1, LabelNg2);
+        PasteLabel(*sample.document, 2, LabelFree);
         document.SetCheckStatusChanged(true);
         ASSERT_TRUE(Save());
         EXPECT_FALSE(document.IsCheckStatusChanged());
         // What the record doesn't have goes.
         for (int i = 0; i < 3; ++i) {
-            sample.Photo(i).SetComment("消える");
-            for (unsigned int slot = 0; slot < labelCount; ++slot) sample.Photo(i).PasteLabel(slot);
+            Review(*sample.document, i, [](PhotoReview& review) {
+                review = {LabelSet().set(), "消える"};
+            });
         }
         ASSERT_TRUE(Load());
         EXPECT_EQ(State(0), "000000");
         EXPECT_EQ(State(1), "001000" + comment);
         EXPECT_EQ(State(2), "000001");
     }
-    sample.Photo(0).SetComment(CString("使えない\x01文字"));
+    SetComment(*sample.document, 0, CString("使えない\x01文字"));
     ASSERT_TRUE(Save());
     ASSERT_TRUE(Load());
     EXPECT_EQ(State(0), "000000使えない〓文字");
@@ -134,9 +136,9 @@ TEST_F(Record, GivesBackEveryCommentAndLabel)
 
 TEST_F(Record, ReadsWhatAHandHasWritten)
 {
-    sample.Photo(0).SetComment("前の");
-    sample.Photo(0).PasteLabel(LabelNg3);
-    sample.Photo(2).SetComment("前の");
+    SetComment(*sample.document, 0, "前の");
+    PasteLabel(*sample.document, 0, LabelNg3);
+    SetComment(*sample.document, 2, "前の");
     WriteRecord(
         "<状況>"
         "<写真><付箋6-任意>1</付箋6-任意><知らない>1</知らない><付箋1-OK>1</付箋1-OK></写真>"
@@ -242,7 +244,7 @@ TEST_F(Record, TellsTheRecordOfAnotherDelivery)
         SCOPED_TRACE(c.what);
         const CString record = sample.temp.Path(CString(c.what) + ".xml");
         const auto saved = Open(sample, CString(c.what) + " saved", builder, c.savedSizes);
-        saved->GetPhotoActualPhotoArray(0)->PasteLabel(LabelNg1);
+        PasteLabel(*saved, 0, LabelNg1);
         ASSERT_TRUE(saved->SaveExamination(record.c_str(), nullptr, &reason));
         const auto other = Open(sample, c.what, c.loadedInto, c.loadedSizes);
         const ToviPhoto& photo = *other->GetPhotoActualPhotoArray(0);
@@ -301,7 +303,7 @@ TEST_F(Record, EndsOnHostileFiles)
         {"no children", "<状況><写真/><写真/><写真/></状況>", "000000"},
     };
     for (const auto& c : cases) {
-        for (int i = 0; i < 3; ++i) sample.Photo(i).RemoveAllLabel();
+        for (int i = 0; i < 3; ++i) RemoveAllLabel(*sample.document, i);
         WriteRecord(c.inside);
         EXPECT_TRUE(Load()) << c.what;
         for (int i = 0; i < 3; ++i) EXPECT_EQ(State(i), c.state) << c.what;
@@ -312,7 +314,7 @@ TEST_F(Record, SavesNothingWhereItMustNot)
 {
     ASSERT_TRUE(Save());
     const CString old = sample.temp.Read("r.xml");
-    sample.Photo(0).SetComment("新しい");
+    SetComment(*sample.document, 0, "新しい");
     document.SetCheckStatusChanged(true);
 
     chmod(sample.temp.Path("r.xml").c_str(), 0444);
@@ -351,7 +353,7 @@ TEST_F(Record, LeavesTheFileWhenTheSavingIsCancelled)
     ASSERT_TRUE(Save());
     const CString old = sample.temp.Read("r.xml");
     document.SetCheckStatusChanged(true);
-    sample.Photo(0).SetComment("新しい");
+    SetComment(*sample.document, 0, "新しい");
     int cancelled = 0;
     for (int pump = 1; pump < 12; ++pump) {
         sample.services.user.pumps = 0;
@@ -405,7 +407,8 @@ TEST_F(Record, IsWholeWheneverTheSavingIsKilled)
         const pid_t child = fork();
         if (child == 0) {
             for (int i = 0;; ++i) {
-                sample.Photo(0).SetComment(CString(static_cast<std::size_t>(i % 7) * 3000, 'c'));
+                SetComment(*sample.document, 0,
+                           CString(static_cast<std::size_t>(i % 7) * 3000, 'c'));
                 Save();
             }
         }

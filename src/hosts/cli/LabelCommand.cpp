@@ -19,13 +19,14 @@ struct Arguments
     bool clear = false;
 };
 
-bool Change(ToviPhoto& photo, const Arguments& arguments)
+/// False when a label can't be pasted.
+bool Change(PhotoReview& review, const Arguments& arguments)
 {
-    if (arguments.clear) photo.RemoveAllLabel();
-    if (arguments.hasComment) LabelRules::EditComment(photo, arguments.comment);
-    for (const unsigned int slot : arguments.remove) LabelRules::Remove(photo, slot);
+    if (arguments.clear) LabelRules::RemoveAllLabel(review);
+    if (arguments.hasComment) LabelRules::EditComment(review, arguments.comment);
+    for (const unsigned int slot : arguments.remove) LabelRules::Remove(review, slot);
     bool pasted = true;
-    for (const unsigned int slot : arguments.paste) pasted &= LabelRules::Paste(photo, slot);
+    for (const unsigned int slot : arguments.paste) pasted &= LabelRules::Paste(review, slot);
     return pasted;
 }
 
@@ -41,14 +42,17 @@ int Run(const Arguments& arguments)
     ToviData& document = *inspection.delivery.document;
     ToviPhotoRef chosen;
     if (!FindChosen(document, arguments.choice, chosen)) return ExitWrongUsage;
-    for (const int index : chosen) {
-        if (!Change(*document.GetPhotoActualPhotoArray(index), arguments)) {
-            Complain("コメントのない写真にコメントの付箋は貼れません。--comment "
-                     "でコメントを付けてください。");
-            return ExitWrongUsage;
-        }
+    bool pasted = true;
+    LabelEdits& edits = document.GetLabelEdits();
+    const LabelEdit edit = edits.Make(LabelEdit::Batch, chosen, [&](PhotoReview& review) {
+        pasted &= Change(review, arguments);
+    });
+    if (!pasted) {
+        Complain("コメントのない写真にコメントの付箋は貼れません。--comment "
+                 "でコメントを付けてください。");
+        return ExitWrongUsage;
     }
-    document.SetCheckStatusChanged(true);
+    edits.Apply(edit);
     const int status = Save(inspection);
     if (status != ExitDone) return status;
     JsonArrayWriter output;

@@ -87,7 +87,6 @@ bool ViewerDocument::SaveRecord(const CString& path, CString& problem)
         }
     }
     const RecordFile::SaveResult result = record.Save(*data, path);
-    if (result.merged) UpdateAllViews(nullptr, ToviData::HintLabelsChanged, nullptr);
     if (result.outcome == RecordFile::Outcome::Elsewhere) return SaveRecord(result.text, problem);
     problem = result.text;
     emit Updated();
