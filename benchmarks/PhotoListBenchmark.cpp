@@ -62,7 +62,7 @@ void FillThumbnailList(benchmark::State& state)
 {
     ListBench bench(GaluListCtrl::Look::Icon, SampleFolder(static_cast<int>(state.range(0))));
     for (auto _ : state) {
-        bench.list->SetupThumbList();
+        bench.list->SetupThumbListCtrl();
         bench.window.grab();
     }
 }
@@ -72,7 +72,7 @@ void FillManagementList(benchmark::State& state)
 {
     ListBench bench(GaluListCtrl::Look::Report, SampleFolder(static_cast<int>(state.range(0))));
     for (auto _ : state) {
-        bench.list->SetupManagementList();
+        bench.list->SetupMngmntListCtrl();
         bench.window.grab();
     }
 }
@@ -92,12 +92,12 @@ CString PicturesFolder()
 void ScrollThumbnailsByAScreen(benchmark::State& state)
 {
     ListBench bench(GaluListCtrl::Look::Icon, PicturesFolder());
-    bench.list->SetupThumbList();
+    bench.list->SetupThumbListCtrl();
     std::size_t photos = 0;
     for (auto _ : state) {
         state.PauseTiming();
         photos += bench.NextScreen().size();
-        bench.list->ResetAllItems();
+        bench.list->UpdateImageList();
         state.ResumeTiming();
         bench.window.grab();
     }
@@ -109,7 +109,7 @@ BENCHMARK(ScrollThumbnailsByAScreen)->Unit(benchmark::kMillisecond);
 void BareScaledDecodesOfAScreen(benchmark::State& state)
 {
     ListBench bench(GaluListCtrl::Look::Icon, PicturesFolder());
-    bench.list->SetupThumbList();
+    bench.list->SetupThumbListCtrl();
     std::size_t photos = 0;
     for (auto _ : state) {
         state.PauseTiming();

@@ -37,14 +37,8 @@ const std::vector<Reaction>& Reactions()
          {ResetPages, Initialize},
          {ResetPages, Initialize},
          {ResetPages, Initialize}},
-        {ToviData::HintPhotoInfoChanged,
-         {RefreshLabels, RefreshComments},
-         {RefreshLabels, RefreshComments},
-         {RefreshLabels, RefreshComments}},
-        {ToviData::HintLabelsChanged,
-         {RefreshLabels, RefreshComments},
-         {RefreshLabels, RefreshComments},
-         {RefreshLabels, RefreshComments}},
+        {ToviData::HintPhotoInfoChanged, {ShowAll}, {ShowAll}, {ShowAll}},
+        {ToviData::HintLabelsChanged, {ShowAll}, {ShowAll}, {ShowAll}},
         {ToviData::HintSettingsChanged, {ApplySettings}, {ApplySettings}, {ApplySettings}},
         {ToviData::HintPhotoSelected, {ClearAnchors}, {}, {}}};
     return reactions;

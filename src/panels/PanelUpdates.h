@@ -23,10 +23,8 @@ enum class PanelStep
     /// Selects the photograph that the list shows as selected.
     SelectListItem,
     RebuildStrips,
-    /// Shows the labels of every photograph anew.
-    RefreshLabels,
-    /// Shows the comments of every photograph anew.
-    RefreshComments,
+    /// Shows the labels and the comment of every photograph anew.
+    ShowAll,
     ClearAnchors
 };
 

@@ -43,7 +43,7 @@ void PhotoViews::Create(ToviData& document)
 
 void PhotoViews::Destroy()
 {
-    strips.Reset(0);
+    InitializeCommentWindow();
     cells.Destroy();
     list.reset();
     listContent.SetDocument(nullptr);
@@ -89,9 +89,9 @@ void PhotoViews::RefillList()
 {
     if (!list) return;
     if (setting.IsThumbListStyle()) {
-        list->SetupThumbList();
+        list->SetupThumbListCtrl();
     } else {
-        list->SetupManagementList();
+        list->SetupMngmntListCtrl();
     }
     ShowFloaty(true);
 }
@@ -137,10 +137,15 @@ void PhotoViews::ShowLabels(int position)
 
 void PhotoViews::ShowAllLabels()
 {
-    cells.ForEach([](ToviSpiCtrl& cell) { cell.UpdateLabelButtons(); });
+    UpdateNamePlate();
     if (!list) return;
-    list->ResetAllItems();
+    list->UpdateImageList();
     EnableFloaty();
+}
+
+void PhotoViews::UpdateNamePlate()
+{
+    cells.ForEach([](ToviSpiCtrl& cell) { cell.UpdateLabelButtons(); });
 }
 
 void PhotoViews::EnableFloaty()

@@ -42,6 +42,8 @@ public:
     /// Shows the labels of the photograph at \p position anew, or of all.
     void ShowLabels(int position);
     void ShowAllLabels();
+    /// The same on the name plates alone.
+    void UpdateNamePlate();
     /// Lets the floating tool bar, if there is one, show the labels of the selected photograph.
     void EnableFloaty();
     /// The same, and shows the tool bar after a while, or hides it.
@@ -50,7 +52,9 @@ public:
     /// Shows \p text as the comment of the photograph at \p index: its position in a list, its
     /// cell on a page. An index that isn't on show throws InvalidArgument.
     void ShowComment(int index, const CString& text);
-    /// Takes all strips away; there is an empty slot for each photograph on show.
+    /// Takes all strips away.
+    void InitializeCommentWindow() { strips.Reset(0); }
+    /// The same; from then on there is an empty slot for each photograph on show.
     void CreateCommentWindow();
     /// Makes and places the strips that are due.
     void ReCalcCommentWindow();

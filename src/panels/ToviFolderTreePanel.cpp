@@ -68,6 +68,11 @@ void ToviFolderTreePanel::Clear()
     menuItem = nullptr;
     const QSignalBlocker quiet(tree);
     tree->clear();
+    ConstructImageList();
+}
+
+void ToviFolderTreePanel::ConstructImageList()
+{
     tree->SetImages(PictureIcons(FolderTreeImagesOf(treeType).number), imageSide);
 }
 
@@ -129,10 +134,10 @@ void ToviFolderTreePanel::MarkMenuItem(bool isMarked)
 
 void ToviFolderTreePanel::OnCloseItem()
 {
-    if (menuItem != nullptr) tree->CloseAll(menuItem);
+    if (menuItem != nullptr) tree->AllCloseTreeItem(menuItem);
 }
 
 void ToviFolderTreePanel::OnOpenItem()
 {
-    if (menuItem != nullptr) tree->OpenAll(menuItem);
+    if (menuItem != nullptr) tree->AllOpenTreeItem(menuItem);
 }

@@ -31,6 +31,8 @@ private:
     void OnOpenItem();
 
     void Clear();
+    /// Gives the tree the pictures of its type.
+    void ConstructImageList();
     void Rebuild();
     ToviNode* NodeOf(const QTreeWidgetItem* item) const;
     QTreeWidgetItem* FindItem(const ToviNode* node) const;

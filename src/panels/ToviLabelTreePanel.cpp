@@ -70,9 +70,18 @@ void ToviLabelTreePanel::Initialize()
     tree->clear();
     QTreeWidgetItem* const root = NewItem(QStringLiteral("付箋"), 7, 0, rootLabel);
     for (int label = 0; label < static_cast<int>(labelCount); ++label) {
-        root->addChild(NewItem(QtText(NameOf(*GetData(), label)), label + 8, label + 1, label));
+        root->addChild(NewItem({}, label + 8, label + 1, label));
     }
     tree->addTopLevelItem(root);
+    UpdateItemName();
+}
+
+void ToviLabelTreePanel::UpdateItemName()
+{
+    QTreeWidgetItem* const root = tree->GetRootItem();
+    for (int row = 0; row < root->childCount(); ++row) {
+        root->child(row)->setText(0, QtText(NameOf(*GetData(), LabelOf(root->child(row)))));
+    }
 }
 
 void ToviLabelTreePanel::UpdateItemCount()

@@ -20,6 +20,8 @@ private:
     void OnSelchangedTree();
 
     void Initialize();
+    /// Gives each label its name, without a number behind it.
+    void UpdateItemName();
     void UpdateItemCount();
     void ReSelectNode();
 };

@@ -139,11 +139,8 @@ void ToviMpiPanel::TakeStep(PanelStep step)
         views.CreateCommentWindow();
         views.ReCalcCommentWindow();
         break;
-    case PanelStep::RefreshLabels:
-        views.ShowAllLabels();
-        break;
-    case PanelStep::RefreshComments:
-        RefreshComments();
+    case PanelStep::ShowAll:
+        InvalidateAllCtrls();
         break;
     case PanelStep::ClearAnchors:
         views.Cells().ForEach([](ToviSpiCtrl& cell) { cell.ClearAnchor(); });
@@ -502,8 +499,9 @@ void ToviMpiPanel::UpdateComment(int index, const CString& text)
     if (GetData() != nullptr) GetData()->UpdateHasComment();
 }
 
-void ToviMpiPanel::RefreshComments()
+void ToviMpiPanel::InvalidateAllCtrls()
 {
+    views.ShowAllLabels();
     views.Cells().ForEach([](ToviSpiCtrl& cell) { cell.LayoutChildren(); });
     views.CreateCommentWindow();
     views.ReCalcCommentWindow();

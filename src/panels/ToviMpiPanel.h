@@ -102,6 +102,8 @@ protected:
     ToviSpiCtrl* GetSelSpiCtrl() const;
     /// Draws the name plates anew.
     void InvalidateName();
+    /// Shows the labels and the comments of all photographs anew.
+    void InvalidateAllCtrls();
 
     void resizeEvent(QResizeEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
@@ -143,7 +145,6 @@ private:
     void OnListCtrlKeyDown(int key, int markBefore);
     void RequestZoom(int position);
 
-    void RefreshComments();
     void OnMenuCommand(unsigned int id);
     void CloseMenu();
     QPoint MenuPlace() const;

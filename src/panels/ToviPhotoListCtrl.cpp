@@ -112,12 +112,12 @@ void ToviPhotoListCtrl::ConnectBase()
     });
 }
 
-void ToviPhotoListCtrl::SetupThumbList()
+void ToviPhotoListCtrl::SetupThumbListCtrl()
 {
     Refill();
 }
 
-void ToviPhotoListCtrl::SetupManagementList()
+void ToviPhotoListCtrl::SetupMngmntListCtrl()
 {
     GaluWaitMovieDlg wait;
     wait.Create(this);
@@ -152,7 +152,7 @@ void ToviPhotoListCtrl::ResetItem(int row)
     RedrawItem(row);
 }
 
-void ToviPhotoListCtrl::ResetAllItems()
+void ToviPhotoListCtrl::UpdateImageList()
 {
     table->DropTiles();
     View()->viewport()->update();

@@ -26,16 +26,16 @@ public:
     /// Fills the list anew and drops all tiles. The source's selected row, or the first if there is
     /// none, is selected (which ItemSelected tells) and in view, and the floaty scheduled. Tiles
     /// and texts are asked for when a row is drawn.
-    void SetupThumbList();
+    void SetupThumbListCtrl();
     /// The same for the report view, with the source's columns. The window with the focus keeps it.
-    void SetupManagementList();
+    void SetupMngmntListCtrl();
 
     /// Selects \p row, moves the mark there and brings it into view.
     void SelectItem(int row);
     /// Drops the tile of \p row, so that the next drawing, which is asked for, builds it anew.
     void ResetItem(int row);
     /// The same for all rows.
-    void ResetAllItems();
+    void UpdateImageList();
 
     /// Shows the floaty beside the selected item \p delay milliseconds from now, and hides it until
     /// then; or hides it for good.

@@ -79,6 +79,6 @@ QTreeWidgetItem* ToviTreePanel::RegNode(QTreeWidgetItem* parent, ToviNode* node,
     } else {
         tree->addTopLevelItem(top);
     }
-    tree->OpenAll(top);
+    tree->AllOpenTreeItem(top);
     return top;
 }

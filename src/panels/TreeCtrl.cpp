@@ -48,12 +48,12 @@ QTreeWidgetItem* TreeCtrl::GetSelectedItem() const
     return selected.isEmpty() ? nullptr : selected.front();
 }
 
-void TreeCtrl::OpenAll(QTreeWidgetItem* item)
+void TreeCtrl::AllOpenTreeItem(QTreeWidgetItem* item)
 {
     SetExpandedUnder(item, true);
 }
 
-void TreeCtrl::CloseAll(QTreeWidgetItem* item)
+void TreeCtrl::AllCloseTreeItem(QTreeWidgetItem* item)
 {
     SetExpandedUnder(item, false);
     TakeOverSelection(item);

@@ -39,9 +39,9 @@ public:
     /// The topmost item; null when there is none.
     QTreeWidgetItem* GetRootItem() const { return topLevelItem(0); }
     /// Opens \p item and all beneath it.
-    void OpenAll(QTreeWidgetItem* item);
+    void AllOpenTreeItem(QTreeWidgetItem* item);
     /// Closes \p item and all beneath it.
-    void CloseAll(QTreeWidgetItem* item);
+    void AllCloseTreeItem(QTreeWidgetItem* item);
 
 protected:
     QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,

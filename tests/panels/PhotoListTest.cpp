@@ -295,9 +295,9 @@ struct ShownList
     void Setup()
     {
         if (list->GetLook() == Look::Icon) {
-            list->SetupThumbList();
+            list->SetupThumbListCtrl();
         } else {
-            list->SetupManagementList();
+            list->SetupMngmntListCtrl();
         }
     }
 
@@ -400,7 +400,7 @@ TEST(PhotoList, KeepsTilesUntilTheyAreReset)
     shown.window.grab();
     EXPECT_EQ(shown.source.tilesBuilt[0], 1);
     EXPECT_EQ(shown.source.tilesBuilt[1], 2);
-    shown.list->ResetAllItems();
+    shown.list->UpdateImageList();
     shown.window.grab();
     EXPECT_EQ(shown.source.tilesBuilt[0], 2);
     shown.Setup();
@@ -412,7 +412,7 @@ TEST(PhotoList, DropsTheTilesThatWereUsedLongestAgoWhereTheRoomIsFull)
 {
     ShownList shown(Look::Icon, 200);
     shown.source.tileSize = QSize(1000, 1000) / shown.list->devicePixelRatioF();
-    shown.list->ResetAllItems();
+    shown.list->UpdateImageList();
     shown.source.tilesBuilt.clear();
     for (const int row : {0, 10, 20, 30, 40, 50, 60, 70, 60, 0}) {
         shown.list->SelectItem(row);
@@ -423,7 +423,7 @@ TEST(PhotoList, DropsTheTilesThatWereUsedLongestAgoWhereTheRoomIsFull)
 
     // What could not be made is asked for again.
     shown.source.tileSize = {};
-    shown.list->ResetAllItems();
+    shown.list->UpdateImageList();
     shown.source.tilesBuilt.clear();
     shown.window.grab();
     shown.window.grab();
