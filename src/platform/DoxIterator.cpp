@@ -53,9 +53,24 @@ bool DoxIterator::NextSibling()
 
 bool DoxIterator::Next()
 {
-    if (Child()) return true;
+    return Child() || NextOutside();
+}
+
+bool DoxIterator::NextOutside()
+{
     for (pugi::xml_node above = NodeOf(node); above; above = above.parent()) {
         if (MoveTo(node, ElementFrom(above.next_sibling()))) return true;
+    }
+    return false;
+}
+
+bool DoxIterator::NextInside(const DoxIterator& top)
+{
+    if (Child()) return true;
+    for (DoxIterator above = *this; above != top; above.Parent()) {
+        if (!above.NextSibling()) continue;
+        *this = above;
+        return true;
     }
     return false;
 }
@@ -72,18 +87,22 @@ std::string_view DoxIterator::TagName() const
 
 bool DoxIterator::IsTag(std::string_view tag) const
 {
-    return TagName() == tag;
+    const char* const name = NodeOf(node).name();
+    return std::strncmp(name, tag.data(), tag.size()) == 0 && name[tag.size()] == '\0';
 }
 
-void DoxIterator::GetText(CString& text) const
+bool DoxIterator::GetText(CString& text) const
 {
     const pugi::xml_node element = NodeOf(node);
+    bool hasElements = false;
     text = element.value();
-    for (const pugi::xml_node& part : element.children()) {
+    for (pugi::xml_node part = element.first_child(); part; part = part.next_sibling()) {
         if (part.type() == pugi::node_pcdata || part.type() == pugi::node_cdata) {
             text += part.value();
         }
+        hasElements = hasElements || part.type() == pugi::node_element;
     }
+    return hasElements;
 }
 
 CString DoxIterator::GetText() const

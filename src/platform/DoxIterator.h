@@ -26,6 +26,10 @@ public:
     bool NextSibling();
     /// The next element in document order; false on the last one.
     bool Next();
+    /// The next element in document order that isn't inside this one; false when there is none.
+    bool NextOutside();
+    /// The next element inside \p top, which is this one or around it; false on the last one.
+    bool NextInside(const DoxIterator& top);
 
     void GetTagName(CString& tag) const;
     /// The tag name, valid as long as the document.
@@ -33,7 +37,8 @@ public:
     /// True when the tag name is exactly \p tag.
     bool IsTag(std::string_view tag) const;
     /// The character data directly inside this element, not that of its children.
-    void GetText(CString& text) const;
+    /// True when it has child elements too.
+    bool GetText(CString& text) const;
     CString GetText() const;
 
     /// True unless the iterator is on the document itself.
@@ -52,6 +57,8 @@ public:
     /// A number that grows in document order: of two places the one with the larger number begins
     /// later in the file.
     std::ptrdiff_t Position() const;
+    /// True when both are in the same place.
+    bool operator==(const DoxIterator& other) const { return node == other.node; }
 
 private:
     DoxDocument* document;
