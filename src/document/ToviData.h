@@ -1,6 +1,7 @@
 #pragma once
 
 #include "document/PhotoPaths.h"
+#include "document/ReadingCounts.h"
 #include "document/ToviItem.h"
 #include "document/ToviNode.h"
 #include "document/ToviPhotoArray.h"
@@ -89,6 +90,8 @@ public:
     void SetErrorType(PhotoXMLReadErr error) { errorType = error; }
 
     int GetTotalCountPhoto() const { return photoData.GetSize(); }
+    const ReadingCounts& GetReadingCounts() const { return readingCounts; }
+    void SetReadingCounts(const ReadingCounts& counts) { readingCounts = counts; }
     int GetCurrentPhotoCount() const { return curPhotos.GetSize(); }
     /// True when the current array is empty.
     virtual bool IsPhotoArrayEmpty() const { return curPhotos.IsEmpty(); }
@@ -277,6 +280,7 @@ private:
     ToviPhotoArray photoData;
     LabelEdits labelEdits{*this};
     ToviItemArray mngItems;
+    ReadingCounts readingCounts;
     ToviPhotoRef curPhotos;
     ToviNode* selectedNode = nullptr;
     int selectedLabel = -1;

@@ -1,8 +1,8 @@
 #include "loading/DefinitionWalk.h"
 
 DefinitionWalk::DefinitionWalk(const ToviItemDef& definitions, DoxIterator& iterator,
-                               ToviItemArray& values, int first)
-    : def(definitions), it(iterator), items(values), index(first)
+                               ToviItemArray& values, int first, std::vector<FoundItem>* foundItems)
+    : def(definitions), it(iterator), top(iterator), items(values), found(foundItems), index(first)
 {}
 
 bool DefinitionWalk::IsMandatory() const
@@ -18,12 +18,24 @@ bool DefinitionWalk::AbsentMoves() const
 
 void DefinitionWalk::Store()
 {
-    const Definition& current = Current();
-    if (current.grade == GradeUnneeded) return;
-    const bool repeats = current.count == CountZeroOrMore || current.count == CountOneOrMore;
+    const DataCount count = Current().count;
+    const bool repeats = !IsUnneeded() && (count == CountZeroOrMore || count == CountOneOrMore);
     do {
-        items.Add(ToviItem(index, it.GetText()));
-    } while (repeats && it.NextSibling() && it.IsTag(current.title));
+        StoreOne();
+    } while (repeats && NextSibling() && TagMatches());
+}
+
+void DefinitionWalk::StoreOne()
+{
+    isRead = true;
+    const bool isBlock = Current().operation == StepChild;
+    if (isBlock && IsUnneeded()) return;
+    CString text;
+    const bool holdsElements = it.GetText(text);
+    if (holdsElements && !isBlock) hasPassedUnread = true;
+    if (IsUnneeded()) return;
+    if (found != nullptr) found->push_back({it, items.GetSize()});
+    items.Add(ToviItem(index, std::move(text)));
 }
 
 void DefinitionWalk::StoreEmpty()
@@ -38,6 +50,21 @@ void DefinitionWalk::PassAbsentBlock(int& skipped)
     } else {
         SkipBlock();
     }
+}
+
+bool DefinitionWalk::PassEmptyBlock(int end)
+{
+    for (int open = 1; open > 0 && index + 1 < end;) {
+        ++index;
+        if (Current().count == CountNone) return false;
+        if (Current().operation == StepChild) {
+            PassAbsentBlock(open);
+            continue;
+        }
+        StoreEmpty();
+        if (Current().operation == StepParent) --open;
+    }
+    return true;
 }
 
 void DefinitionWalk::SkipBlock()
@@ -55,4 +82,28 @@ void DefinitionWalk::SkipToParent()
     do {
         ++index;
     } while (Current().operation != StepParent);
+}
+
+bool DefinitionWalk::Child()
+{
+    if (!it.Child()) return false;
+    isRead = false;
+    return true;
+}
+
+void DefinitionWalk::Parent()
+{
+    if (it == top) return;
+    const bool isLast = !DoxIterator(it).NextSibling();
+    if (!isRead || !isLast) hasPassedUnread = true;
+    it.Parent();
+    isRead = true;
+}
+
+bool DefinitionWalk::NextSibling()
+{
+    if (it == top || !it.NextSibling()) return false;
+    if (!isRead) hasPassedUnread = true;
+    isRead = false;
+    return true;
 }

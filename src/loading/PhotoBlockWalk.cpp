@@ -2,6 +2,7 @@
 
 #include "document/ToviData.h"
 #include "loading/RepeatingBlockWalk.h"
+#include "loading/UnreadValues.h"
 
 namespace
 {
@@ -10,29 +11,22 @@ constexpr int photosPerReport = 50;
 
 PhotoBlockWalk::PhotoBlockWalk(ToviData& target, DoxIterator& iterator,
                                const std::function<void(const CString&)>& report)
-    : document(target), def(*target.GetItemDef()), it(iterator), progress(report)
+    : document(target), def(*target.GetItemDef()), it(iterator), progress(report),
+      lastPhoto(iterator)
 {}
 
 bool PhotoBlockWalk::LoadPhotoItem(int& index)
 {
     const int end = EndOfBlock(index);
-    int last = index;
-    int itemsOfLastPhoto = 0;
-    bool goesOn = true;
-    while (goesOn) {
-        const std::ptrdiff_t start = it.Position();
-        ToviItemArray items;
-        items.Reserve(itemsOfLastPhoto);
-        DefinitionWalk walk(def, it, items, index);
-        if (!ReadPhoto(walk, end)) return false;
-        last = walk.Index();
-        itemsOfLastPhoto = items.GetSize();
-        Append(std::move(items));
-        ClimbBack();
-        // A pass that did not get ahead in the file would read the same photograph for ever.
-        goesOn = siblingOk && it.IsTag(def.GetDef(index).title) && it.Position() > start;
+    std::optional<int> last;
+    for (bool goesOn = true; goesOn;) {
+        lastPhoto = it;
+        ++photoElements;
+        last = ReadPhoto(index, end);
+        if (!last) return false;
+        goesOn = GoToNext(def.GetDef(index).title);
     }
-    index = last - 1;
+    index = *last - 1;
     return true;
 }
 
@@ -50,29 +44,47 @@ int PhotoBlockWalk::EndOfBlock(int index) const
     return end;
 }
 
-bool PhotoBlockWalk::ReadPhoto(DefinitionWalk& walk, int end)
+std::optional<int> PhotoBlockWalk::ReadPhoto(int index, int end)
+{
+    ToviItemArray items;
+    items.Reserve(itemsOfLastPhoto);
+    found.clear();
+    DefinitionWalk walk(def, it, items, index, &found);
+    if (!WalkPhoto(walk, end)) return std::nullopt;
+    if (!walk.HasReadAll()) {
+        const UnreadValues unread = AdoptUnreadValues({def, index, end}, lastPhoto, found, items);
+        adoptedValues += unread.adopted;
+        photoElements += unread.nestedPhotos;
+    }
+    itemsOfLastPhoto = items.GetSize();
+    Append(std::move(items));
+    return walk.Index();
+}
+
+bool PhotoBlockWalk::WalkPhoto(DefinitionWalk& walk, int end)
 {
     skipped = 0;
-    depth = 0;
     while (walk.Index() < end) {
-        if (!walk.TagMatches()) {
-            if (!PassAbsent(walk)) return false;
-        } else if (walk.Current().blockPlural) {
-            ReadRepeatingBlock(walk);
-        } else {
-            walk.Store();
-            Move(walk);
-        }
+        if (!(walk.TagMatches() ? ReadMatch(walk, end) : PassAbsent(walk))) return false;
         walk.Index(walk.Index() + 1);
     }
     return true;
 }
 
-void PhotoBlockWalk::ReadRepeatingBlock(DefinitionWalk& walk)
+bool PhotoBlockWalk::ReadMatch(DefinitionWalk& walk, int end)
 {
-    int index = walk.Index();
-    RepeatingBlockWalk(def, it, walk.Items()).LoadBlockPuralData(index);
-    walk.Index(index);
+    if (walk.Current().blockPlural) {
+        RepeatingBlockWalk(walk).LoadBlockPuralData();
+        return true;
+    }
+    walk.Store();
+    if (walk.Current().operation != StepChild) {
+        Move(walk);
+    } else if (!walk.Child()) {
+        if (!walk.PassEmptyBlock(end)) return false;
+        walk.NextSibling();
+    }
+    return true;
 }
 
 bool PhotoBlockWalk::PassAbsent(DefinitionWalk& walk)
@@ -88,23 +100,16 @@ bool PhotoBlockWalk::PassAbsent(DefinitionWalk& walk)
     return true;
 }
 
-void PhotoBlockWalk::Move(const DefinitionWalk& walk)
+void PhotoBlockWalk::Move(DefinitionWalk& walk)
 {
-    const TreeStep operation = walk.Current().operation;
-    if (operation == StepChild) {
-        it.Child();
-        ++depth;
-        return;
-    }
-    if (operation == StepParent) {
+    if (walk.Current().operation == StepParent) {
         if (skipped > 0) {
             --skipped;
         } else {
-            --depth;
-            it.Parent();
+            walk.Parent();
         }
     }
-    siblingOk = it.NextSibling();
+    walk.NextSibling();
 }
 
 void PhotoBlockWalk::Append(ToviItemArray&& items)
@@ -116,12 +121,14 @@ void PhotoBlockWalk::Append(ToviItemArray&& items)
     }
 }
 
-void PhotoBlockWalk::ClimbBack()
+bool PhotoBlockWalk::GoToNext(const CString& tag)
 {
-    // A repeating block that was given up in its middle can have led higher up than the walk went
-    // down.
-    for (; depth > 0; --depth) {
-        it.Parent();
-        siblingOk = it.NextSibling();
+    it = lastPhoto;
+    if (!it.NextSibling()) return false;
+    DoxIterator next = it;
+    while (!next.IsTag(tag)) {
+        if (!next.NextSibling()) return false;
     }
+    for (; it != next; it.Next()) photoElements += it.IsTag(tag) ? 1 : 0;
+    return true;
 }

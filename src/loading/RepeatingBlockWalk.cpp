@@ -1,42 +1,47 @@
 #include "loading/RepeatingBlockWalk.h"
 
-RepeatingBlockWalk::RepeatingBlockWalk(const ToviItemDef& definitions, DoxIterator& iterator,
-                                       ToviItemArray& values)
-    : def(definitions), it(iterator), items(values)
-{}
-
-bool RepeatingBlockWalk::LoadBlockPuralData(int& index)
+bool RepeatingBlockWalk::LoadBlockPuralData()
 {
-    DefinitionWalk walk(def, it, items, index);
+    const int first = walk.Index();
     walk.SkipToParent();
     const int end = walk.Index() + 1;
     bool goesOn = true;
     while (goesOn) {
-        const std::ptrdiff_t start = it.Position();
-        walk.Index(index);
-        if (!ReadOccurrence(walk, end)) return false;
+        const std::ptrdiff_t start = walk.Position();
+        walk.Index(first);
+        if (!ReadOccurrence(end)) {
+            walk.Index(first);
+            return false;
+        }
         // An element that nobody expects must not be tried for ever.
-        goesOn = !walk.TagMatches() && siblingOk && it.Position() > start;
+        goesOn = !walk.TagMatches() && siblingOk && walk.Position() > start;
     }
-    index = walk.Index() - 1;
+    walk.Index(walk.Index() - 1);
     return true;
 }
 
-bool RepeatingBlockWalk::ReadOccurrence(DefinitionWalk& walk, int end)
+bool RepeatingBlockWalk::ReadOccurrence(int end)
 {
     while (walk.Index() < end) {
-        if (walk.TagMatches()) {
-            walk.Store();
-            Move(walk);
-        } else if (!PassAbsent(walk)) {
-            return false;
-        }
+        if (!(walk.TagMatches() ? ReadMatch(end) : PassAbsent())) return false;
         walk.Index(walk.Index() + 1);
     }
     return true;
 }
 
-bool RepeatingBlockWalk::PassAbsent(DefinitionWalk& walk)
+bool RepeatingBlockWalk::ReadMatch(int end)
+{
+    walk.Store();
+    if (walk.Current().operation != StepChild) {
+        Move();
+    } else if (!walk.Child()) {
+        if (!walk.PassEmptyBlock(end)) return false;
+        siblingOk = walk.NextSibling();
+    }
+    return true;
+}
+
+bool RepeatingBlockWalk::PassAbsent()
 {
     const Definition& current = walk.Current();
     if (current.count == CountNone) return false;
@@ -45,17 +50,12 @@ bool RepeatingBlockWalk::PassAbsent(DefinitionWalk& walk)
         return true;
     }
     walk.StoreEmpty();
-    if (walk.AbsentMoves()) Move(walk);
+    if (walk.AbsentMoves()) Move();
     return true;
 }
 
-void RepeatingBlockWalk::Move(const DefinitionWalk& walk)
+void RepeatingBlockWalk::Move()
 {
-    const TreeStep operation = walk.Current().operation;
-    if (operation == StepChild) {
-        it.Child();
-        return;
-    }
-    if (operation == StepParent) it.Parent();
-    siblingOk = it.NextSibling();
+    if (walk.Current().operation == StepParent) walk.Parent();
+    siblingOk = walk.NextSibling();
 }

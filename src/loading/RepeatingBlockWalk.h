@@ -8,21 +8,21 @@
 class RepeatingBlockWalk
 {
 public:
-    RepeatingBlockWalk(const ToviItemDef& definitions, DoxIterator& iterator,
-                       ToviItemArray& values);
+    /// \p surrounding, whose items and iterator are used, outlives the object.
+    explicit RepeatingBlockWalk(DefinitionWalk& surrounding) : walk(surrounding) {}
 
-    /// \p index enters as the position of the definition on whose tag the iterator stands, and
-    /// leaves as the last definition of the block. False, with \p index unchanged, when an element
-    /// that must not be absent is. Throws InvalidArgument when no definition follows the block.
-    bool LoadBlockPuralData(int& index);
+    /// The surrounding walk enters at the definition on whose tag the iterator stands, and leaves
+    /// at the last definition of the block. False, at the definition where it entered, when an
+    /// element that must not be absent is. Throws InvalidArgument when no definition follows the
+    /// block.
+    bool LoadBlockPuralData();
 
 private:
-    bool ReadOccurrence(DefinitionWalk& walk, int end);
-    bool PassAbsent(DefinitionWalk& walk);
-    void Move(const DefinitionWalk& walk);
+    bool ReadOccurrence(int end);
+    bool ReadMatch(int end);
+    bool PassAbsent();
+    void Move();
 
-    const ToviItemDef& def;
-    DoxIterator& it;
-    ToviItemArray& items;
+    DefinitionWalk& walk;
     bool siblingOk = true;
 };

@@ -135,8 +135,6 @@ TEST(PhotoBlockWalk, FollowsItsRules)
         {"a linked element that is missing stays",
          "p 1+ Child Pu,h 1 Child u,a 0/1 Next l,c 0/1 Next l,b 0/1 Parent",
          "<p><h><b>1</b></h></p>", "|a= c= b=1"},
-        {"an unneeded optional element that is missing moves on",
-         "p 1+ Child Pu,a 0/1 Next u,c 0/1 Parent", "<p><c>1</c><d/></p>", "|c="},
         {"a mandatory block that is missing", "p 1+ Child Pu,h 1 Child u,a 0/1 Parent,c 1 Parent",
          "<p><c>1</c></p><p><h><a>2</a></h><c>3</c></p>", "|a= c=1|a=2 c=3"},
         {"an optional block that is missing", "p 1+ Child Pu,h 0/1 Child u,a 1 Parent,c 1 Parent",
@@ -145,8 +143,27 @@ TEST(PhotoBlockWalk, FollowsItsRules)
          "p 1+ Child Pu,b 1 Next,a 0 Next,c 1 Parent",
          "<p><b>1</b><a>2</a><c>3</c></p><p><b>4</b><x/><a>5</a><c>6</c></p>",
          "b= a=5 c=6|b=1 a=2 c=3"},
-        {"an element between the photographs ends them", photo + ",z 0+ Parent M",
-         "<p><a>1</a></p><x/><p><a>2</a></p>", "z=|a=1 b= c="},
+        {"elements between the photographs are passed, those behind are not",
+         photo + ",y 0/1 Next M,z 0+ Parent M",
+         "<x/><p><a>1</a></p><x/><z>0</z><p><a>2</a></p><y>8</y><z>9</z>",
+         "y=8 z=9|a=1 b= c=|a=2 b= c="},
+        {"photographs stand in front of what should stand in front of them",
+         "g 1 Child u,a 1 Parent M," + photo + ",z 0+ Parent M",
+         "<p><a>1</a></p><p/><g><a>2</a></g><z>9</z>", "a=2 z=9|a=1 b= c=|a= b= c="},
+        {"or in another element", "g 1 Child u,a 1 Parent M," + photo,
+         "<g><a>2</a></g><x><p><a>1</a></p><p><b>3</b></p></x>", "a=2|a=1 b= c=|a= b=3 c="},
+        {"or without what should stand in front of them",
+         "g 1 Child u,a 1 Parent M," + photo + ",z 0+ Parent M", "<p><a>1</a></p><z>9</z>",
+         "z=9|a=1 b= c="},
+        {"a photograph without anything in it", "p 1+ Child Pu,h 1 Child u,a 0/1 Parent,c 1 Parent",
+         "<p><h><a>1</a></h><c>2</c></p><p/><p><c>3</c></p>", "|a=1 c=2|a= c=|a= c=3"},
+        {"a block without anything in it",
+         "p 1+ Child Pu,h 0/1 Child u,a 1 Next,j 0/1 Child u,b 1 Parent,k 1 Child u,c 0/1 Parent,d "
+         "1 "
+         "Parent,e 1 Parent",
+         "<p><h/><e>1</e></p><p><e>2</e></p>", "|a= c= d= e=1|e=2"},
+        {"a block at the top without anything in it", frame + ",z 0+ Parent M",
+         "<g>text</g><z>9</z>", "a= b= c= z=9"},
         {"levels left open are climbed back", "p 1+ Child Pu,h 1 Child u,a 1 Next",
          "<p><h><a>1</a></h></p><p><h><a>2</a></h></p>", "|a=1|a=2"},
         {"more ends than beginnings", "g 1 Child u,p 1+ Child Pu,a 1 Parent,b 1 Parent",
@@ -166,17 +183,47 @@ TEST(RepeatingBlockWalk, FollowsItsRules)
         {"the block is missing", block, "<p><d>6</d></p>", "|d=6"},
         {"the block is the last element there", block, "<p><q><a>1</a></q></p><p><d>2</d></p>",
          "|a=1 b= c= d=|d=2"},
-        {"an element that nobody expects ends it", block, "<p><q><a>1</a></q><x/><d>6</d></p>",
-         "|a=1 b= c= d="},
+        {"an occurrence without anything in it", block,
+         "<p><q/><q><a>1</a></q><q/><d>6</d></p><p><q/></p>",
+         "|a= b= c= a=1 b= c= a= b= c= d=6|a= b= c= d="},
         {"an element that must not be absent loses the block",
          "p 1+ Child Pu,q 0+ Child uB,b 1 Next,a 0 Next,c 1 Parent,d 0/1 Parent",
          "<p><q><b>1</b><x/><a>2</a><c>3</c></q><d>4</d></p>", "|b=1 b= a=2 c=3 d=4"},
         {"no definition follows it", "p 1+ Child Pu,q 0+ Child uB,a 1 Parent",
          "<p><q><a>1</a></q></p>", "throws"},
+        {"a mandatory one that ends leads no higher than its photograph",
+         "p 1+ Child Pu,q 1+ Child uB,a 1 Parent,b 0/1 Next,c 1 Parent",
+         "<p><q><a>1</a></q><c>2</c></p><c>9</c>", "|a=1 a= b= c=2"},
         {"it never ends", "p 1+ Child Pu,q 0+ Child uB,a 1 Next", "<p><q><a>1</a></q></p>",
          "throws"},
         {"among the delivery's own items", "q 0+ Child uB,a 1 Parent M,z 0/1 Next M",
          "<q><a>1</a></q><q><a>2</a></q><z>3</z>", "a=1 a=2 z=3"},
+    });
+}
+
+const CString place = "p 1+ Child Pu,h 1 Child u,a 1 Next,b 0/1 Parent,q 0+ Child uB,e 1 Next,"
+                      "f 0/1 Parent,k 0/1 Child u,c 0/1 Parent,d 0/1 Parent";
+
+TEST(UnreadValues, BecomeItemsAtTheirPlace)
+{
+    Check({
+        {"in the place of an absent one", place, "<p><h><a>1</a><d>4</d></h></p>", "|a=1 b= d=4"},
+        {"behind what was found, which stays", place,
+         "<p><h><a>1</a><b/><b>2</b><a>3</a></h><d>4</d><d>5</d></p>", "|a=1 a=3 b= b=2 d=4 d=5"},
+        {"in a block that is missing", place, "<p><h><a>1</a></h><d>4</d><c>3</c></p>",
+         "|a=1 b= c=3 d=4"},
+        {"blocks in another order", place,
+         "<p><k><c>3</c></k><q><e>5</e></q><h><a>1</a><b>2</b></h></p>", "|a=1 b=2 e=5 c=3 d="},
+        {"in the occurrence in which they stand", place,
+         "<p><h><a>1</a></h><q><e>1</e></q><q><e>2</e><x/><f>3</f></q><d>4</d></p>",
+         "|a=1 b= e=1 f= e=2 f=3 d=4"},
+        {"occurrences that were not reached", place,
+         "<p><h><a>1</a></h><q><e>1</e><f>2</f></q><x/><q><e>3</e><f>4</f></q></p>",
+         "|a=1 b= e=1 e=3 f=2 f=4 d="},
+        {"deep inside", place, "<p><h><a>1<x><y><b>2</b></y></x></a></h></p>", "|a=1 b=2 d="},
+        {"what has no value, is unneeded or unknown is left", place,
+         "<p><h><a>1</a><c/><h>2</h><x>3</x></h></p>", "|a=1 b= d="},
+        {"a photograph in another", place, "<p><h><a>1</a></h><p><d>2</d></p></p>", "|a=1 b= d=2"},
     });
 }
 
@@ -210,6 +257,9 @@ TEST(Walk, EndsWhateverTheFileAndTheDefinitions)
 
 TEST(Walk, ReadsOneHugeValueAndOneHugeRun)
 {
+    const CString strays = Repeated("<b>1</b><x/><a>1</a>", 50000);
+    EXPECT_EQ(Walked("p 1+ Child Pu,a 1 Next,b 1 Parent", "<p>" + strays + "</p>").size(),
+              100000 * 4u);
     const CString value(std::size_t{20} << 20, 'v');
     EXPECT_EQ(Walked("p 1+ Child Pu,a 0+ Parent", "<p><a>" + value + "</a></p>"), "|a=" + value);
     const CString run = Repeated("<a>1</a>", 100000);
