@@ -50,6 +50,16 @@ CString WhyNotUsable(const OpenedDelivery& delivery, const CString& familyHint)
     return {};
 }
 
+CString WhatIsMissing(const OpenedDelivery& delivery)
+{
+    const int elements = delivery.document->GetReadingCounts().photoElements;
+    const int photos = delivery.document->GetTotalCountPhoto();
+    if (elements <= photos) return {};
+    return Format("%sPHOTO.XML には写真情報が%d件ありますが、読み込めた写真は%d枚です。写真情報の"
+                  "置かれている場所が要領と違うので、納品データの作成元に確かめてください。",
+                  delivery.photoFolder.c_str(), elements, photos);
+}
+
 /// The folder that stands for \p path, which can be a file: opened later it leads to the same
 /// \p photoFolder.
 CString FolderThatLeadsTo(const CString& photoFolder, const CString& path)
@@ -99,6 +109,8 @@ void Load(CDocument& host, OpenedDelivery& delivery, const CString& familyHint)
                            factory.GetProblem() + "）。納品データの作成元に確かめてください。";
     } else if (!delivery.IsLoaded()) {
         delivery.problem = WhyNotUsable(delivery, familyHint);
+    } else {
+        delivery.notice = WhatIsMissing(delivery);
     }
 }
 } // namespace

@@ -19,6 +19,9 @@ struct OpenedDelivery
     CString photoFolder;
     /// Why it can't be used, in one sentence that says what to do; empty when it can.
     CString problem;
+    /// What has to be known of one that can: photographs in its PHOTO.XML that could not be read,
+    /// in a sentence as above; empty when there is nothing.
+    CString notice;
 
     bool IsLoaded() const { return document && document->GetErrorType() == ReadErrNone; }
 };

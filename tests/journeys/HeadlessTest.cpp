@@ -197,6 +197,22 @@ TEST_F(Headless, SaysWhatIsWrongAndWhatToDo)
     }
 }
 
+TEST_F(Headless, TellsWhatDoesNotStandWhereItShould)
+{
+    DeliveryBuilder({.photos = 3, .drawings = 0, .images = false})
+        .AddXml(1, "<写真情報><工種>x</工種></写真情報>")
+        .Write(temp.Path("d"));
+    const ProgramResult told = Run({"tovi", "info", temp.Path("d")});
+    EXPECT_EQ(told.status, 0);
+    EXPECT_THAT(told.errors, HasSubstr("写真情報が4件ありますが、読み込めた写真は3枚です"));
+    const Json info = Json::parse(told.output);
+    EXPECT_EQ(info["photoCount"], 3);
+    EXPECT_EQ(info["photoElements"], 4);
+    EXPECT_EQ(info["adoptedValues"], 1);
+    EXPECT_FALSE(Json::parse(Run({"tovi", "info", Sample({"--no-images"})}).output)
+                     .contains("adoptedValues"));
+}
+
 TEST_F(Headless, GivesTheTerminalNoOrders)
 {
     const CString steering = "\x1b]0;a\a\n\xC2\x9B\u202E";

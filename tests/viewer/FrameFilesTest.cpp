@@ -160,6 +160,19 @@ TEST(FrameFiles, OpenWhatIsDropped)
     EXPECT_FALSE(enter.isAccepted());
 }
 
+TEST(FrameFiles, TellOfPhotographsThatAreNotLoaded)
+{
+    ShownFrame shown;
+    DeliveryBuilder({.photos = 2, .drawings = 0, .images = false})
+        .AddXml(0, "<写真情報></写真情報>")
+        .Write(shown.temp.Path("nested"));
+    EXPECT_TRUE(shown.Open("nested"));
+    EXPECT_THAT(Texts(shown.services.user.Messages()),
+                ElementsAre(HasSubstr("写真情報が3件ありますが、読み込めた写真は2枚です")));
+    EXPECT_TRUE(shown.Open());
+    EXPECT_THAT(Texts(shown.services.user.Messages()), SizeIs(1));
+}
+
 TEST(FrameFiles, AskWhichOfSeveralDeliveriesIsMeant)
 {
     ShownFrame shown;

@@ -116,6 +116,7 @@ OpenedDelivery OpenDelivery(const DeliveryArguments& arguments, TreeTypeArgument
         OpenDelivery(hostDocument, arguments.path, ChosenFamily(arguments), " --family の指定");
     if (!delivery.problem.empty()) Complain(delivery.problem);
     if (!delivery.IsLoaded()) return delivery;
+    if (!delivery.notice.empty()) Complain(delivery.notice);
     ToviData& document = *delivery.document;
     document.Load();
     const int type = tree.value_or(document.GetVisualSetting().GetTreeType());

@@ -25,6 +25,11 @@ int Run(const DeliveryArguments& arguments)
         info["rootPath"] = document->RootPath();
         info["photoCount"] = document->GetTotalCountPhoto();
         info["managementItems"] = ToJson(*document->GetMngItemPhoto(), def);
+        const ReadingCounts& counts = document->GetReadingCounts();
+        if (counts.photoElements > document->GetTotalCountPhoto()) {
+            info["photoElements"] = counts.photoElements;
+        }
+        if (counts.adoptedValues > 0) info["adoptedValues"] = counts.adoptedValues;
     }
     std::cout << ToText(info) << '\n';
     return delivery.IsLoaded() ? ExitDone : ExitFailed;
@@ -43,6 +48,9 @@ void AddInfoCommand(CLI::App& app, int& status)
         "\"photoCount\",\"managementItems\":[{\"title\",\"value\"}]}\n"
         "errorType: 0 READITEM.XMLがない、1 PHOTO.XMLを認識できない、2 写真がない、3 "
         "項目定義を読めない、"
-        "4 正常、null 読み込めない");
+        "4 正常、null 読み込めない\n"
+        "要領と違う場所に値があれば "
+        "\"adoptedValues\":そこから読んだ値の数、読み込めない写真があれば "
+        "\"photoElements\":PHOTO.XMLの写真情報の数を加える");
     command->callback([&status] { status = Run(arguments); });
 }

@@ -49,6 +49,7 @@ bool MainFrame::ShowOpened(const CString& problem)
     // While another delivery stays open, the page that would tell is out of sight.
     if (!problem.empty() && document.Data() != nullptr) Tell(problem);
     Refresh();
+    if (problem.empty() && !document.Notice().empty()) Tell(document.Notice());
     return problem.empty();
 }
 

@@ -50,6 +50,7 @@ void ViewerDocument::Take(OpenedDelivery opened)
 {
     data = std::move(opened.document);
     folder = opened.folder;
+    notice = opened.notice;
     workTitle = ReadWorkTitle(data->GetItemDef()->GetParentPath());
     data->Load();
     // Builds the chain of the tamper check, which has none until it is told.

@@ -26,6 +26,8 @@ public:
     /// Opens the delivery that \p path leads to (see OpenDelivery) in place of the one before,
     /// which stays when this fails. Returns what is wrong in a sentence, empty when nothing is.
     CString Open(const CString& path, std::optional<PhotoXMLType> family);
+    /// What has to be known of the delivery that was opened last; empty when there is nothing.
+    const CString& Notice() const { return notice; }
     /// Opens the delivery whose first disc \p path leads to and gathers it from all of them
     /// (see MediaCombine). Returns as Open; what failed with the discs was told before, and the
     /// delivery that was open is closed then.
@@ -68,6 +70,7 @@ private:
     std::vector<ToviPanel*> panels;
     std::unique_ptr<ToviData> data;
     CString folder;
+    CString notice;
     CString workTitle;
     RecordFile record;
 };
