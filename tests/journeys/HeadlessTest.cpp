@@ -213,6 +213,22 @@ TEST_F(Headless, TellsWhatDoesNotStandWhereItShould)
                      .contains("adoptedValues"));
 }
 
+TEST_F(Headless, ReadsFlagsThatStandInAnotherGroup)
+{
+    const auto answers = [this](std::vector<CString> options) {
+        options.insert(options.end(), {"--photos", "40", "--no-images"});
+        const CString folder = Sample(options);
+        std::vector<CString> outputs;
+        for (const char* condition : {"--key-photo", "--missing-required"})
+            outputs.push_back(Run({"tovi", "select", folder, condition}).output);
+        outputs.push_back(Run({"tovi", "photos", folder}).output);
+        return outputs;
+    };
+    const auto expected = answers({});
+    EXPECT_THAT(expected[0], Not(HasSubstr("\"current\":[]")));
+    EXPECT_EQ(answers({"--fault", "flags-inside"}), expected);
+}
+
 TEST_F(Headless, GivesTheTerminalNoOrders)
 {
     const CString steering = "\x1b]0;a\a\n\xC2\x9B\u202E";

@@ -46,6 +46,22 @@ bool IsDrawingFile(std::string_view title)
     return std::ranges::find(titles, title) != std::end(titles);
 }
 
+/// Puts the flags of \p photo behind what is in its 撮影情報.
+void MoveFlagsInside(SamplePhoto& photo)
+{
+    const auto group = [&photo](std::string_view name) {
+        return std::ranges::find(photo.groups, name, &SampleGroup::name);
+    };
+    const auto isFlag = [](const SampleItem& item) {
+        return item.title == "代表写真" || item.title == "提出頻度写真";
+    };
+    const auto inside = group("撮影情報");
+    const auto outside = group("写真情報");
+    if (inside == photo.groups.end() || outside == photo.groups.end()) return;
+    std::ranges::copy_if(outside->items, std::back_inserter(inside->items), isFlag);
+    std::erase_if(outside->items, isFlag);
+}
+
 std::string_view ExtensionOf(std::string_view name)
 {
     const auto dot = name.rfind('.');
@@ -223,7 +239,8 @@ CString DeliveryBuilder::PhotoXmlHead() const
 CString DeliveryBuilder::PhotoXmlElement(int photo) const
 {
     SampleXml xml = NewXml(1);
-    const SamplePhoto sample = Photo(photo);
+    SamplePhoto sample = Photo(photo);
+    if (options.fault == SampleFault::FlagsInside) MoveFlagsInside(sample);
     xml.Open("写真情報");
     for (const SampleGroup& group : sample.groups) {
         const bool nested = group.name != "写真情報";

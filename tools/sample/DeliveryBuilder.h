@@ -13,6 +13,14 @@ enum class SampleEncoding
     Utf8
 };
 
+/// What a program that writes deliveries gets wrong.
+enum class SampleFault
+{
+    None,
+    /// 代表写真 and 提出頻度写真 stand inside 撮影情報.
+    FlagsInside
+};
+
 struct SampleOptions
 {
     /// One of the eleven kinds, see SampleSchemas().
@@ -33,6 +41,8 @@ struct SampleOptions
     CString lineEnd = "\r\n";
     /// Puts one in front of UTF-8 files.
     bool byteOrderMark = false;
+    /// In every photograph. A reader must give the same items all the same.
+    SampleFault fault = SampleFault::None;
     /// XML text behind the DOCTYPE of PHOTO.XML: a style sheet line, a comment.
     CString prologue = {};
 };

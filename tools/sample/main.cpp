@@ -21,6 +21,7 @@ enum ExitCode
 
 constexpr auto shiftJisName = "shift_jis";
 constexpr auto utf8Name = "utf-8";
+constexpr auto flagsInsideName = "flags-inside";
 
 struct Arguments
 {
@@ -30,6 +31,7 @@ struct Arguments
     int drawings = -1;
     CString encoding = shiftJisName;
     bool noImages = false;
+    CString fault;
 };
 
 CString CheckSection(const CString& section)
@@ -65,6 +67,10 @@ void Declare(CLI::App& app, Arguments& arguments)
     app.add_option("--encoding", arguments.encoding, "The encoding of the XML files")
         ->check(CLI::IsMember({shiftJisName, utf8Name}, CLI::ignore_case))
         ->capture_default_str();
+    app.add_option("--fault", arguments.fault,
+                   "What the program that writes PHOTO.XML gets wrong: flags-inside puts 代表写真 "
+                   "and 提出頻度写真 into 撮影情報")
+        ->check(CLI::IsMember({flagsInsideName}));
     app.add_flag("--no-images", arguments.noImages, "Leave out the picture files");
     app.add_option("--seed", options.seed, "Another number makes another delivery")
         ->capture_default_str();
@@ -76,6 +82,7 @@ void Complete(Arguments& arguments)
     SampleOptions& options = arguments.options;
     options.drawings = arguments.drawings >= 0 ? arguments.drawings : options.photos / 6;
     options.images = !arguments.noImages;
+    if (arguments.fault == flagsInsideName) options.fault = SampleFault::FlagsInside;
     const bool utf8 = EqualNoCase(arguments.encoding, utf8Name);
     options.encoding = utf8 ? SampleEncoding::Utf8 : SampleEncoding::ShiftJis;
 }
