@@ -2,6 +2,7 @@
 
 #include "document/ToviData.h"
 #include "loading/IndexCopy.h"
+#include "loading/IndexStylesheets.h"
 #include "platform/AtomicFile.h"
 #include "platform/MibFile.h"
 #include "platform/XslTransform.h"
@@ -22,11 +23,12 @@ CString WhyNotWritten(const CString& index)
            " に作れません。書き込みの権限と空き容量を確かめてください。";
 }
 
-std::optional<std::string> Transform(const CString& copy, const CString& stylesheet)
+std::optional<std::string> Transform(const CString& copy, const CString& stylesheet,
+                                     const CString& note)
 {
     const auto xml = MibReadFile(copy, largestSource);
     const auto sheet = MibReadFile(stylesheet, largestSource);
-    return xml && sheet ? TransformXml(*xml, *sheet) : std::nullopt;
+    return xml && sheet ? TransformXml(*xml, *sheet, note) : std::nullopt;
 }
 } // namespace
 
@@ -42,7 +44,7 @@ IndexPage MakeIndexPage(ToviData& document)
     if (CString problem = WhyNoStylesheet(index, stylesheet); !problem.empty()) {
         return {"", std::move(problem)};
     }
-    const auto html = Transform(copy, stylesheet);
+    const auto html = Transform(copy, stylesheet, NoteOnStylesheet(document));
     if (!html) {
         return {"", index + " をページにできません。XMLとして正しくないか、大きすぎます。納品データ"
                             "の作成元に確かめてください。"};
@@ -72,6 +74,19 @@ CString WhyNoIndexCopy(ToviData& document)
                        "成元に確かめてください。";
     }
     return WhyNotWritten(index);
+}
+
+CString NoteOnStylesheet(ToviData& document)
+{
+    const ToviItemDef& def = *document.GetItemDef();
+    CString index;
+    CString path;
+    def.GetPathAndName(index, path);
+    const IndexStylesheet stylesheet =
+        FindIndexStylesheet(def.GetXMLType(), ReadIndexDoctypeLine(index));
+    if (stylesheet.unknownDtd.empty()) return {};
+    return stylesheet.unknownDtd + " に合うスタイルシートがないので、" +
+           MibGetFileTitle(stylesheet.path) + " のもので表示しています。";
 }
 
 CString WhyNoStylesheet(const CString& index, const CString& stylesheet)

@@ -21,6 +21,10 @@ TOVI_EXPORT IndexPage MakeIndexPage(ToviData& document);
 /// Why the delivery \p document has no copy of its index file, in a sentence as above.
 TOVI_EXPORT CString WhyNoIndexCopy(ToviData& document);
 
+/// What the page tells of its stylesheet where that isn't made for the index file's DTD, as a
+/// sentence; empty where it is.
+TOVI_EXPORT CString NoteOnStylesheet(ToviData& document);
+
 /// What is wrong for a browser with the stylesheet \p stylesheet of the index file \p index, in a
 /// sentence as above; empty when it is installed.
 TOVI_EXPORT CString WhyNoStylesheet(const CString& index, const CString& stylesheet);

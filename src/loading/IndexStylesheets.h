@@ -18,6 +18,15 @@ CString FindIndexFile(const CString& folder);
 /// read.
 CString ReadIndexDoctypeLine(const CString& indexPath);
 
-/// The stylesheet that shows an index file with \p doctypeLine in \p family, as a path below
-/// stylesheetFolder; empty when there is none.
-TOVI_EXPORT CString FindIndexStylesheet(PhotoXMLType family, const CString& doctypeLine);
+/// The stylesheet for an index file.
+struct IndexStylesheet
+{
+    /// The path below stylesheetFolder; empty when there is none.
+    CString path;
+    /// The file's DTD, if it is one of a number that isn't known, for which the newest stylesheet
+    /// of its family and kind stands in; else empty.
+    CString unknownDtd;
+};
+
+/// The stylesheet that shows an index file with \p doctypeLine in \p family.
+TOVI_EXPORT IndexStylesheet FindIndexStylesheet(PhotoXMLType family, const CString& doctypeLine);

@@ -38,7 +38,7 @@ void ToviItemDef::GetPathAndName(CString& indexPath, CString& stylesheetPath) co
     if (!found.empty()) indexPath = found;
     const CString line = ReadIndexDoctypeLine(indexPath);
     if (line.empty()) return;
-    const CString name = FindIndexStylesheet(type, line);
+    const CString name = FindIndexStylesheet(type, line).path;
     stylesheetPath = name.empty() ? programPath : programPath + stylesheetFolder + name;
 }
 

@@ -4,6 +4,7 @@
 
 #include <libxslt/security.h>
 #include <libxslt/transform.h>
+#include <libxslt/variables.h>
 #include <libxslt/xsltInternals.h>
 #include <libxslt/xsltutils.h>
 
@@ -65,6 +66,11 @@ Owned<xmlDoc> Parse(std::string_view bytes)
     return document && !DeclaresEntities(*document) ? std::move(document) : nullptr;
 }
 
+const xmlChar* Bytes(const char* text)
+{
+    return reinterpret_cast<const xmlChar*>(text);
+}
+
 Owned<xsltStylesheet> Compile(std::string_view bytes)
 {
     Owned<xmlDoc> document = Parse(bytes);
@@ -76,7 +82,8 @@ Owned<xsltStylesheet> Compile(std::string_view bytes)
 }
 } // namespace
 
-std::optional<std::string> TransformXml(std::string_view xml, std::string_view stylesheet)
+std::optional<std::string> TransformXml(std::string_view xml, std::string_view stylesheet,
+                                        const CString& note)
 {
     ForbidAll();
     const Owned<xmlDoc> source = Parse(xml);
@@ -87,6 +94,7 @@ std::optional<std::string> TransformXml(std::string_view xml, std::string_view s
     context->maxTemplateDepth = deepestTemplate;
     context->opLimit = mostSteps;
     context->xpathCtxt->opLimit = mostSteps;
+    xsltQuoteOneUserParam(context.get(), Bytes("note"), Bytes(note.c_str()));
     const Owned<xmlDoc> result(xsltApplyStylesheetUser(sheet.get(), source.get(), nullptr, nullptr,
                                                        nullptr, context.get()));
     if (!result || context->state != XSLT_STATE_OK) return std::nullopt;

@@ -35,7 +35,16 @@ TEST(IndexStylesheet, DependsOnKindDtdAndFamilyAndIsInstalled)
         const char* root;
         const char* dtd;
         const char* expected;
+        bool isUnknown = false;
     } cases[] = {
+        {PhotoXMLMlit, "constdata", "INDE_C09.DTD", "MLIT/INDE_C07.XSL", true},
+        {PhotoXMLMaff, "constdata", "INDE_C10.DTD", "MAFF/INDE_C05.XSL", true},
+        {PhotoXMLNexco, "constdata", "PHOT_JH5.DTD", "NEXCO/PHOT_JH4.XSL", true},
+        {PhotoXMLKowan, "gyomudata", "INDE_D07.DTD", "KOWAN/INDE_D06.XSL", true},
+        {PhotoXMLMlit, "constdata", "IND_EC06.DTD", "MLIT_E/IND_EC05.XSL", true},
+        {PhotoXMLNexco, "constdata", "INDE_C09.DTD", ""},
+        {PhotoXMLMlit, "constdata", "INDE_C.DTD", ""},
+        {PhotoXMLMlit, "constdata", "INDE_C9X.DTD", ""},
         {PhotoXMLMlit, "constdata", "INDE_C01.DTD", "MLIT_E/INDEX_C.XSL"},
         {PhotoXMLMlit, "constdata", "INDE_C02.DTD", "MLIT/INDEX_C.XSL"},
         {PhotoXMLKowan, "constdata", "INDE_C02.DTD", ""},
@@ -57,8 +66,9 @@ TEST(IndexStylesheet, DependsOnKindDtdAndFamilyAndIsInstalled)
         {static_cast<PhotoXMLType>(-1), "constdata", "INDE_C07.DTD", ""},
     };
     for (const auto& c : cases) {
-        EXPECT_EQ(FindIndexStylesheet(c.family, DoctypeOf(c.root, c.dtd)), c.expected)
-            << c.dtd << " " << c.family;
+        const IndexStylesheet found = FindIndexStylesheet(c.family, DoctypeOf(c.root, c.dtd));
+        EXPECT_EQ(found.path, c.expected) << c.dtd << " " << c.family;
+        EXPECT_EQ(found.unknownDtd, c.isUnknown ? c.dtd : "") << c.dtd;
         EXPECT_TRUE(*c.expected == '\0' || MibIsFileExist(folder + c.expected)) << c.expected;
     }
     EXPECT_TRUE(MibIsFileExist(folder + "MAFF_E/INDEX_C.XSL"));
@@ -233,7 +243,7 @@ TEST_F(Index, FileIsToldByItsNameAndItsDoctypeLine)
         {"the DTD is looked for under its own kind", DoctypeOf("constdata", "INDE_C03.DTD") + d03,
          "INDEX_C.XML", "INDE_D03.XSL"},
         {"no DOCTYPE word", "<?xml version=\"1.0\"?>\n", "INDEX_C.XML", "none"},
-        {"a DTD of nobody", DoctypeOf("constdata", "INDE_C99.DTD") + "\n", "INDEX_C.XML", ""},
+        {"a DTD of nobody", DoctypeOf("constdata", "INDEX.DTD") + "\n", "INDEX_C.XML", ""},
         {"a name in lower case", c07, "index_c.xml", "INDE_C07.XSL"},
         {"the name of old times", c07, "PHOTO_JH.XML", "INDE_C07.XSL"},
         {"another name", c07, "INDEX.XML", "none"},
@@ -323,6 +333,12 @@ TEST_F(Index, BecomesAPageUnlessItIsBrokenOrEndless)
     EXPECT_EQ(page.problem, "");
     EXPECT_THAT(page.path, EndsWith("/INDEX_C.html"));
     EXPECT_THAT(Copied(page.path), HasSubstr("<h1>髙橋①橋</h1>"));
+    EXPECT_THAT(Copied(page.path), Not(HasSubstr("スタイルシート")));
+    sample->temp.Write("INDEX_C.XML",
+                       *Cp932::Encode(ReplaceAll(xml + rest, "INDE_C07", "INDE_C09")));
+    EXPECT_EQ(MakeIndexPage(*sample->document).problem, "");
+    EXPECT_THAT(Copied(page.path),
+                HasSubstr("INDE_C09.DTD に合うスタイルシートがないので、INDE_C07 のもので表示"));
 
     const CString small = xml;
     constexpr std::size_t large = 4'000'000;

@@ -40,6 +40,8 @@ int MakeCopy(ToviData& document)
     document.GetItemDef()->GetPathAndName(index, stylesheet);
     if (const CString problem = WhyNoStylesheet(index, stylesheet); !problem.empty()) {
         Complain(problem);
+    } else if (const CString note = NoteOnStylesheet(document); !note.empty()) {
+        Complain(note);
     }
     return Report(path);
 }
