@@ -1,6 +1,7 @@
 #include "loading/IndexCopy.h"
 
 #include "loading/IndexStylesheets.h"
+#include "loading/ListingFailure.h"
 #include "loading/WorkFolder.h"
 #include "platform/AtomicFile.h"
 #include "platform/Digest.h"
@@ -144,14 +145,19 @@ void CopyInto(const CString& folder, const CString& from)
     if (bytes) static_cast<void>(WriteWorkFile(folder + MibGetFileName(from), *bytes));
 }
 
-/// The last DTD in \p folder that lies there in truth, or empty.
-CString FindDtd(const CString& folder)
+/// The last DTD in \p folder that lies there in truth, or empty. Nothing, after a message, when it
+/// can't be looked for.
+std::optional<CString> FindDtd(const CString& folder)
 {
+    constexpr const char* pattern = "*.DTD";
+    bool isWhole = true;
     CString last;
-    for (const CString& path : MibFileFind(folder, "*.DTD")) {
+    for (const CString& path : MibFileFind(folder, pattern, &isWhole)) {
         if (MibIsInside(folder, path)) last = path;
     }
-    return last;
+    if (isWhole) return last;
+    TellNotListed(folder + pattern, MessageIcon::Error);
+    return std::nullopt;
 }
 } // namespace
 
@@ -186,16 +192,18 @@ CString MakeIndexCopy(const CString& indexPath, const CString& stylesheetPath)
     if (!MibIsInside(source, indexPath) || MibIsInside(copies, indexPath)) return {};
     if (stylesheetPath.find('/') == CString::npos) return {};
     const auto bytes = MibReadFile(indexPath, largestIndexFile);
+    const std::optional<CString> dtd = FindDtd(source);
+    if (!bytes || !dtd) return {};
     const CString folder = copies + '/' + NameOfCopy(indexPath, stylesheetPath) + '/';
     const CString copy = folder + MibGetFileName(indexPath);
     const FolderLock lock(copies);
     RemoveOldCopies(copies);
-    if (!bytes || !MibCreateDirectory(folder) ||
+    if (!MibCreateDirectory(folder) ||
         !WriteWorkFile(copy, WithStylesheet(*bytes, MibGetFileName(stylesheetPath)))) {
         return {};
     }
     // A browser shows the page without its DTD, and the failure of the other shows in the page.
-    CopyInto(folder, FindDtd(source));
+    CopyInto(folder, *dtd);
     CopyInto(folder, stylesheetPath);
     return copy;
 }

@@ -34,17 +34,18 @@ std::optional<std::string> Transform(const CString& copy, const CString& stylesh
 
 IndexPage MakeIndexPage(ToviData& document)
 {
+    const ToviItemDef& def = *document.GetItemDef();
     CString index;
     CString stylesheet;
-    document.GetItemDef()->GetPathAndName(index, stylesheet);
+    def.GetPathAndName(index, stylesheet);
     // Made anew each time: the index file may have changed.
     const CString copy =
         index.empty() || stylesheet.empty() ? "" : MakeIndexCopy(index, stylesheet);
-    if (copy.empty()) return {"", WhyNoIndexCopy(document)};
+    if (copy.empty()) return {"", WhyNoIndexCopy(def, index, stylesheet)};
     if (CString problem = WhyNoStylesheet(index, stylesheet); !problem.empty()) {
         return {"", std::move(problem)};
     }
-    const auto html = Transform(copy, stylesheet, NoteOnStylesheet(document));
+    const auto html = Transform(copy, stylesheet, NoteOnStylesheet(def, index));
     if (!html) {
         return {"", index + " をページにできません。XMLとして正しくないか、大きすぎます。納品データ"
                             "の作成元に確かめてください。"};
@@ -54,12 +55,8 @@ IndexPage MakeIndexPage(ToviData& document)
     return {std::move(page), ""};
 }
 
-CString WhyNoIndexCopy(ToviData& document)
+CString WhyNoIndexCopy(const ToviItemDef& def, const CString& index, const CString& stylesheet)
 {
-    const ToviItemDef& def = *document.GetItemDef();
-    CString index;
-    CString stylesheet;
-    def.GetPathAndName(index, stylesheet);
     if (index.empty()) {
         return def.GetParentPath() + " に工事管理ファイル INDEX_*.XML（または "
                                      "PHOTO_*.XML）がありません。納品データの上の階層ごと"
@@ -76,12 +73,8 @@ CString WhyNoIndexCopy(ToviData& document)
     return WhyNotWritten(index);
 }
 
-CString NoteOnStylesheet(ToviData& document)
+CString NoteOnStylesheet(const ToviItemDef& def, const CString& index)
 {
-    const ToviItemDef& def = *document.GetItemDef();
-    CString index;
-    CString path;
-    def.GetPathAndName(index, path);
     const IndexStylesheet stylesheet =
         FindIndexStylesheet(def.GetXMLType(), ReadIndexDoctypeLine(index));
     if (stylesheet.unknownDtd.empty()) return {};

@@ -3,6 +3,7 @@
 #include "platform/Text.h"
 
 class ToviData;
+class ToviItemDef;
 
 /// The index file of a delivery on its way to a browser.
 struct IndexPage
@@ -18,12 +19,14 @@ struct IndexPage
 /// don't apply stylesheets to local files any more.
 TOVI_EXPORT IndexPage MakeIndexPage(ToviData& document);
 
-/// Why the delivery \p document has no copy of its index file, in a sentence as above.
-TOVI_EXPORT CString WhyNoIndexCopy(ToviData& document);
+/// Why a delivery has no copy of its index file, in a sentence as above; \p index and \p stylesheet
+/// are what GetPathAndName of its definitions \p def has left.
+TOVI_EXPORT CString WhyNoIndexCopy(const ToviItemDef& def, const CString& index,
+                                   const CString& stylesheet);
 
-/// What the page tells of its stylesheet where that isn't made for the index file's DTD, as a
-/// sentence; empty where it is.
-TOVI_EXPORT CString NoteOnStylesheet(ToviData& document);
+/// What the page tells of its stylesheet where that isn't made for the DTD of the index file
+/// \p index of a delivery with \p def, as a sentence; empty where it is.
+TOVI_EXPORT CString NoteOnStylesheet(const ToviItemDef& def, const CString& index);
 
 /// What is wrong for a browser with the stylesheet \p stylesheet of the index file \p index, in a
 /// sentence as above; empty when it is installed.

@@ -98,10 +98,13 @@ bool IsKnown(std::span<const StylesheetRow> rows, const CString& dtd)
 }
 } // namespace
 
-CString FindIndexFile(const CString& folder)
+CString FindIndexFile(const CString& folder,
+                      const std::function<void(const CString&)>& tellNotListed)
 {
     for (const char* pattern : {"INDEX_*.XML", "PHOTO_*.XML"}) {
-        const CStringArray found = MibFileFind(folder, pattern);
+        bool isWhole = true;
+        const CStringArray found = MibFileFind(folder, pattern, &isWhole);
+        if (!isWhole && tellNotListed) tellNotListed(folder + pattern);
         if (!found.IsEmpty()) return found[found.GetSize() - 1];
     }
     return {};

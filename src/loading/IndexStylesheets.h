@@ -3,6 +3,8 @@
 #include "loading/PhotoXMLType.h"
 #include "platform/Text.h"
 
+#include <functional>
+
 /// The folder beside the program that holds the stylesheets, with a separator at its end.
 constexpr const char* stylesheetFolder = "XSLPLATE/";
 
@@ -10,8 +12,10 @@ constexpr const char* stylesheetFolder = "XSLPLATE/";
 /// read.
 constexpr std::size_t largestIndexFile = std::size_t{64} << 20;
 
-/// The delivery's index file in \p folder: the last that is named as one, or empty.
-CString FindIndexFile(const CString& folder);
+/// The delivery's index file in \p folder: the last that is named as one, or empty. \p
+/// tellNotListed, unless empty, hears the patterns of names that could not be looked for.
+CString FindIndexFile(const CString& folder,
+                      const std::function<void(const CString&)>& tellNotListed = {});
 
 /// The line at the front of the index file \p indexPath (see FindHeadLine) that tells its kind: the
 /// first one that names the DOCTYPE of a 工事 or a 業務. Empty when none does or the file can't be

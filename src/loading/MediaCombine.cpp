@@ -2,6 +2,7 @@
 
 #include "document/ToviData.h"
 #include "loading/DriveType.h"
+#include "loading/ListingFailure.h"
 #include "loading/OpenNextDataDlg.h"
 #include "loading/WorkFolder.h"
 #include "platform/FolderClaim.h"
@@ -143,7 +144,7 @@ bool MediaCombine::CopyFilesAbove(const CString& source) const
     if (area.folder.empty() || DriveOf(above) != DriveOf(source)) return true;
     CStringArray files;
     if (!MibListFiles(above, files)) {
-        Tell("ファイルの取得に失敗しました。\n（" + above + "*.*）", MessageIcon::Warning);
+        TellNotListed(above + "*.*", MessageIcon::Warning);
         return false;
     }
     MibCreateDirectory(area.photoFolder, IntoDelivery::Allowed);

@@ -3,6 +3,7 @@
 #include "loading/DeliveryKinds.h"
 #include "loading/IndexStylesheets.h"
 #include "loading/ItemDefReader.h"
+#include "loading/ListingFailure.h"
 #include "platform/HostServices.h"
 #include "platform/MibFile.h"
 
@@ -34,7 +35,8 @@ void ToviItemDef::SetRootPath(const CString& dataPath)
 
 void ToviItemDef::GetPathAndName(CString& indexPath, CString& stylesheetPath) const
 {
-    const CString found = FindIndexFile(parentPath);
+    const CString found = FindIndexFile(
+        parentPath, [](const CString& pattern) { TellNotListed(pattern, MessageIcon::Error); });
     if (!found.empty()) indexPath = found;
     const CString line = ReadIndexDoctypeLine(indexPath);
     if (line.empty()) return;

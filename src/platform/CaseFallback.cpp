@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdlib>
 #include <ctime>
 #include <map>
@@ -18,7 +19,8 @@ namespace
 struct Listing
 {
     timespec changed;
-    /// Taken so shortly after the change that a later one can carry the same time stamp.
+    /// Not all of them, or taken so shortly after the change that a later one can carry the same
+    /// time stamp.
     bool mayBeStale;
     std::unordered_map<CString, CString> names;
 };
@@ -42,7 +44,11 @@ Listing MakeListing(const CString& folder, const timespec& changed)
     const std::time_t age = std::abs(std::time(nullptr) - changed.tv_sec);
     Listing listing{changed, age <= coarsestTimeStampSeconds, {}};
     // Of two names that differ only in case the first in byte order answers.
-    for (const CString& name : ListFolder(folder)) listing.names.try_emplace(FoldCase(name), name);
+    bool isWhole = true;
+    for (const CString& name : ListFolder(folder, &isWhole)) {
+        listing.names.try_emplace(FoldCase(name), name);
+    }
+    if (!isWhole) listing.mayBeStale = true;
     return listing;
 }
 
@@ -90,15 +96,19 @@ CString ExistingPath(const CString& path)
     return path.back() == '/' && existing.back() != '/' ? existing + '/' : existing;
 }
 
-CStringArray ListFolder(const CString& folder)
+CStringArray ListFolder(const CString& folder, bool* isWhole)
 {
     CStringArray names;
     const std::unique_ptr<DIR, int (*)(DIR*)> handle(opendir(folder.c_str()), closedir);
+    if (isWhole != nullptr) *isWhole = handle || errno == ENOENT || errno == ENOTDIR;
     if (!handle) return names;
+    errno = 0;
     while (const dirent* entry = readdir(handle.get())) {
         const CString name = entry->d_name;
         if (name != "." && name != "..") names.Add(name);
+        errno = 0;
     }
+    if (isWhole != nullptr && errno != 0) *isWhole = false;
     std::sort(names.begin(), names.end());
     return names;
 }

@@ -10,6 +10,7 @@
 /// "Photo.Xml". A folder is listed once and the listing kept while the folder is unchanged.
 CString ExistingPath(const CString& path);
 
-/// The names in \p folder in the order of their bytes, without "." and ".."; empty when it can't be
-/// read.
-CStringArray ListFolder(const CString& folder);
+/// The names in \p folder in the order of their bytes, without "." and ".."; those of them that can
+/// be had. \p isWhole, unless null, tells whether these are all, as they are where there is no
+/// folder.
+CStringArray ListFolder(const CString& folder, bool* isWhole = nullptr);

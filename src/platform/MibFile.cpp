@@ -80,14 +80,15 @@ bool MibCreateDirectory(const CString& path, IntoDelivery intoDelivery)
     return MibIsFolderExist(path);
 }
 
-CStringArray MibFileFind(const CString& folder, const CString& pattern)
+CStringArray MibFileFind(const CString& folder, const CString& pattern, bool* isWhole)
 {
     CString existing = ExistingPath(folder);
     CStringArray found;
+    if (isWhole != nullptr) *isWhole = true;
     if (existing.empty()) return found;
     MibNormalDir(existing);
     const CString folded = FoldCase(pattern);
-    for (const CString& name : ListFolder(existing)) {
+    for (const CString& name : ListFolder(existing, isWhole)) {
         if (fnmatch(folded.c_str(), FoldCase(name).c_str(), FNM_NOESCAPE) == 0) {
             found.Add(existing + name);
         }

@@ -31,8 +31,10 @@ TOVI_EXPORT bool MibCreateDirectory(const CString& path,
                                     IntoDelivery intoDelivery = IntoDelivery::Refused);
 
 /// The full paths of what in \p folder fits \p pattern ("*" any text, "?" any one byte, no regard
-/// to letter case), in the order of their names.
-TOVI_EXPORT CStringArray MibFileFind(const CString& folder, const CString& pattern);
+/// to letter case), in the order of their names. \p isWhole, unless null, tells whether the folder
+/// could be listed to its end; one that isn't there can.
+TOVI_EXPORT CStringArray MibFileFind(const CString& folder, const CString& pattern,
+                                     bool* isWhole = nullptr);
 
 /// The extension of \p path with its dot, as it is written; empty when there is none.
 TOVI_EXPORT CString MibGetExt(const CString& path);

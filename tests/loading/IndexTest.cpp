@@ -9,6 +9,7 @@
 
 #include <gmock/gmock.h>
 
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 #include <cstdlib>
@@ -276,6 +277,43 @@ TEST_F(Index, LastNameWinsAndINDEXComesBeforePHOTO)
     sample->document->GetItemDef()->GetPathAndName(index, stylesheet);
     EXPECT_EQ(index, sample->temp.Path("INDEX_D.XML"));
     EXPECT_EQ(stylesheet, "");
+}
+
+/// For its life no file or folder can be opened.
+class NoMoreFiles
+{
+public:
+    NoMoreFiles()
+    {
+        getrlimit(RLIMIT_NOFILE, &before);
+        const rlimit none = {0, before.rlim_max};
+        setrlimit(RLIMIT_NOFILE, &none);
+    }
+    NoMoreFiles(const NoMoreFiles&) = delete;
+    NoMoreFiles& operator=(const NoMoreFiles&) = delete;
+    ~NoMoreFiles() { setrlimit(RLIMIT_NOFILE, &before); }
+
+private:
+    rlimit before = {};
+};
+
+TEST_F(Index, TellsWhatCannotBeListed)
+{
+    const auto sample = Deliver(DoctypeOf("constdata", "INDE_C07.DTD"));
+    CString index;
+    CString stylesheet;
+    {
+        const NoMoreFiles now;
+        sample->document->GetItemDef()->GetPathAndName(index, stylesheet);
+        ToviEnouDataFactory().GetNewIndexPath(sample->temp.Path("INDEX_C.XML"), MibProgramPath());
+    }
+    CStringArray told;
+    for (const char* pattern : {"INDEX_*.XML", "PHOTO_*.XML", "*.DTD"}) {
+        told.Add("ファイルの取得に失敗しました。\n（" + sample->temp.Path(pattern) + "）");
+    }
+    EXPECT_EQ(sample->services.user.Messages(), told);
+    EXPECT_EQ(index, "");
+    EXPECT_NE(sample->document->GetIndexPath(), "") << "found once it can be";
 }
 
 TEST_F(Index, FailsQuietlyAndTriesAgain)

@@ -30,17 +30,18 @@ int MakePage(ToviData& document)
 
 int MakeCopy(ToviData& document)
 {
+    const ToviItemDef& def = *document.GetItemDef();
     const CString path = document.GetIndexPath();
-    if (path.empty()) {
-        Complain(WhyNoIndexCopy(document));
-        return ExitFailed;
-    }
     CString index;
     CString stylesheet;
-    document.GetItemDef()->GetPathAndName(index, stylesheet);
+    def.GetPathAndName(index, stylesheet);
+    if (path.empty()) {
+        Complain(WhyNoIndexCopy(def, index, stylesheet));
+        return ExitFailed;
+    }
     if (const CString problem = WhyNoStylesheet(index, stylesheet); !problem.empty()) {
         Complain(problem);
-    } else if (const CString note = NoteOnStylesheet(document); !note.empty()) {
+    } else if (const CString note = NoteOnStylesheet(def, index); !note.empty()) {
         Complain(note);
     }
     return Report(path);
