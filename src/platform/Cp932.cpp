@@ -171,7 +171,8 @@ std::optional<CString> Decode(std::string_view bytes)
 bool Decoder::Add(std::string_view bytes, CString& text)
 {
     const Table& table = Table::Get();
-    // Characters are copied as blocks of fixed size into a buffer that has room for one more.
+    // Characters are copied as blocks of fixed size into a buffer that has room for one more;
+    // without memcpy, which would be a call that checks that room for each of them.
     constexpr std::size_t widest = 8;
     std::array<char, 1 << 15> buffer;
     char* const full = buffer.data() + buffer.size() - widest;
@@ -184,7 +185,7 @@ bool Decoder::Add(std::string_view bytes, CString& text)
             if (openLead == 0 && end - from >= static_cast<std::ptrdiff_t>(sizeof block)) {
                 std::memcpy(&block, from, sizeof block);
                 if ((block & 0x8080808080808080u) == 0) {
-                    std::memcpy(to, &block, sizeof block);
+                    std::copy_n(from, sizeof block, to);
                     from += sizeof block;
                     to += sizeof block;
                     continue;
@@ -199,7 +200,10 @@ bool Decoder::Add(std::string_view bytes, CString& text)
                 openLead == 0 ? table.Single(byte) : table.Double(openLead, byte);
             openLead = 0;
             if (entry.length == 0) return false;
-            std::memcpy(to, entry.utf8, sizeof entry.utf8);
+            static_assert(sizeof entry.utf8 == 3);
+            to[0] = entry.utf8[0];
+            to[1] = entry.utf8[1];
+            to[2] = entry.utf8[2];
             to += entry.length;
         }
         text.append(buffer.data(), to);
