@@ -8,10 +8,10 @@
 #include "imagefacts/ToviControlValueArray.h"
 #include "loading/ToviEnouDataFactory.h"
 #include "platform/MibFile.h"
-#include "reports/ToviCheckStatusFileOut.h"
 #include "review/LabelCorrection.h"
 #include "review/LabelProcessSelectDlg.h"
 #include "review/LabelRules.h"
+#include "review/RecordOrigin.h"
 #include "review/ToviXmlLoadManager.h"
 #include "review/ToviXmlSaveManager.h"
 #include "settings/ItemCandidates.h"
@@ -45,7 +45,8 @@ ToviPhoto::EditJPEGCheckResult ResultOf(ToviCheckProcessor::CheckStatus status)
 ToviData::ToviData() : ToviData(nullptr, "", PhotoXMLMlit) {}
 
 ToviData::ToviData(CDocument* host, const char* path, PhotoXMLType type)
-    : hostDocument(host), imageCheck(std::make_unique<ToviImageCheckCommon>(nullptr))
+    : hostDocument(host), labelEdits(photoData, [this](LabelEdit& edit) { TellOf(edit); }),
+      imageCheck(std::make_unique<ToviImageCheckCommon>(nullptr))
 {
     RootPath(path);
     // These are the base's operations, as of any virtual call in a constructor: a derived
@@ -218,11 +219,27 @@ void ToviData::CorrectShown(const LabelEdits::Rule& rule)
     labelEdits.Apply(labelEdits.Make(LabelEdit::Batch, curPhotos, rule));
 }
 
+void ToviData::TellOf(LabelEdit& edit)
+{
+    // First, so that whoever hears of the change finds the document changed.
+    SetCheckStatusChanged(true);
+    if (edit.kind == LabelEdit::OnePhoto) {
+        UpdatePhotoInf(edit.sender, &edit);
+    } else {
+        Broadcast(HintLabelsChanged, edit.sender);
+    }
+}
+
+RecordOrigin ToviData::GetRecordOrigin()
+{
+    return {photoData, itemDef, GetPathItems().photograph};
+}
+
 bool ToviData::SaveExamination(const char* path, const char* note, int* result)
 {
     if (*path == '\0') return false;
     ToviXmlSaveManager manager(path, note, RootPath());
-    manager.WriteOrigin(RecordOrigin(*this));
+    manager.WriteOrigin(GetRecordOrigin());
     const bool saved = manager.Save(photoData, result);
     if (saved) SetCheckStatusChanged(false);
     return saved;
@@ -237,8 +254,8 @@ bool ToviData::LoadExamination(const char* path, int* result, RecordsTaken taken
 {
     if (*path == '\0') return false;
     ToviXmlLoadManager manager(path, RootPath());
-    if (taken == RecordsOfThisDelivery) manager.Expect(RecordOrigin(*this));
-    PhotoReviews reviews = ReviewsOf(*this);
+    if (taken == RecordsOfThisDelivery) manager.Expect(GetRecordOrigin());
+    PhotoReviews reviews = GetReviews();
     const bool loaded = manager.Load(reviews, result);
     if (loaded) labelEdits.Apply(labelEdits.Make(LabelEdit::RecordLoad, reviews));
     UpdateHasComment();
@@ -256,18 +273,8 @@ bool ToviData::ReturnExam(const char* path, int* result)
     if (*path == '\0') return false;
     ToviXmlSaveManager manager(path, nullptr, nullptr);
     manager.WritePath(true);
-    manager.WriteOrigin(RecordOrigin(*this));
+    manager.WriteOrigin(GetRecordOrigin());
     return manager.Save(photoData, result);
-}
-
-bool ToviData::FileOutCheckStatus(const CString& caption, CString* place)
-{
-    return ToviCheckStatusFileOut(*this, labelManager).FileOut(caption, place);
-}
-
-CheckStatusOutcome ToviData::FileOutCheckStatus(const CString& caption, const CString& path)
-{
-    return ToviCheckStatusFileOut(*this, labelManager).FileOut(caption, path);
 }
 
 bool ToviData::Load()
@@ -374,7 +381,7 @@ ToviSortCondition* ToviData::OnCreateSortCondition()
 
 void ToviData::Sort()
 {
-    ToviSorter sorter(this);
+    ToviSorter sorter(photoData, itemDef);
     sorter.PrepareSort(sortCondition->GetKeyItem(), curPhotos);
     sorter.QuickSort(sortCondition->IsAscending(), curPhotos);
 }

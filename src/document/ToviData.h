@@ -1,5 +1,6 @@
 #pragma once
 
+#include "document/PhotoHome.h"
 #include "document/PhotoPaths.h"
 #include "document/ReadingCounts.h"
 #include "document/ToviItem.h"
@@ -11,7 +12,6 @@
 #include "imagefacts/ToviImageCheckCommon.h"
 #include "loading/ToviItemDef.h"
 #include "platform/CDocument.h"
-#include "reports/CheckStatusOutcome.h"
 #include "review/LabelEdits.h"
 #include "review/ToviLabelManager.h"
 #include "settings/ToviItemManager.h"
@@ -21,6 +21,8 @@
 #include <optional>
 
 class FolderClaim;
+class RecordOrigin;
+enum class CheckStatusOutcome;
 
 /// One open delivery: its photographs, the items that belong to the whole, the classification tree
 /// (whose root it is itself) and the selection.
@@ -28,7 +30,7 @@ class FolderClaim;
 /// The actual array owns every photograph in the order of PHOTO.XML and never changes after the
 /// load; a photo index is an index into it. The current array is what the panels show now: a list
 /// of photo indexes; a position is an index into that.
-class TOVI_EXPORT ToviData : public ToviNode
+class TOVI_EXPORT ToviData : public ToviNode, public PhotoHome
 {
 public:
     /// What travels through CDocument::UpdateAllViews after a change. Panels dispatch on the
@@ -58,7 +60,7 @@ public:
     ToviData(const ToviData&) = delete;
     ToviData& operator=(const ToviData&) = delete;
 
-    virtual const char* RootPath() const { return rootPath.c_str(); }
+    const char* RootPath() const override { return rootPath.c_str(); }
     /// Stores \p path so that it ends in a path separator.
     virtual void RootPath(const char* path);
     /// The folders of PHOTO.XML from which the delivery was read so far, the present one last.
@@ -66,21 +68,16 @@ public:
     /// Keeps \p claim, on the folder that the delivery is read from, as long as the document lives,
     /// or until another one takes its place.
     void HoldFolder(std::shared_ptr<const FolderClaim> claim) { folderClaim = std::move(claim); }
-    /// True when \p path lies, symbolic links followed, in the delivery's folder or one that was
-    /// its folder before a change of media.
-    bool IsInsideDelivery(const CString& path) const;
+    bool IsInsideDelivery(const CString& path) const override;
 
-    ToviItemDef* GetItemDef() { return &itemDef; }
+    ToviItemDef* GetItemDef() override { return &itemDef; }
     ToviPhotoArray* GetPhotoDataArray() { return &photoData; }
     /// The items that belong to the delivery as a whole.
     ToviItemArray* GetMngItemPhoto() { return &mngItems; }
     /// Makes the paths of every photograph anew.
     void MakePath();
-    /// The items that name the files of a photograph in this delivery.
-    const PhotoPathItems& GetPathItems();
-    /// True when the items hold file names of an opened delivery, false when the host hands over
-    /// photographs with full paths.
-    bool IsStandAlone() const { return standAlone; }
+    const PhotoPathItems& GetPathItems() override;
+    bool IsStandAlone() const override { return standAlone; }
     void SetStandAlone(bool alone);
     /// The full path of a copy of the delivery's index file that a browser shows as a page. It
     /// stands in the work area (see loading/IndexCopy.h); the first call makes it. Empty when there
@@ -123,6 +120,8 @@ public:
     /// What all changes of labels and comments go through.
     LabelEdits& GetLabelEdits() { return labelEdits; }
     const LabelEdits& GetLabelEdits() const { return labelEdits; }
+    /// What an inspector has said so far.
+    PhotoReviews GetReviews() const { return ReviewsOf(photoData); }
     /// 1 when any photograph has any label, else 0. A comment alone doesn't count.
     int IsLabeled() const;
     /// Labels or comments differ from what was last saved.
@@ -158,6 +157,8 @@ public:
         RecordsOfAnyDelivery
     };
     bool LoadExamination(const char* path, int* result, RecordsTaken taken);
+    /// What tells a record of this delivery from those of others.
+    RecordOrigin GetRecordOrigin();
     /// Writes the variant of the record that names each photograph's file.
     void ReturnExam(const char* path);
     /// The same, with an outcome as in SaveExamination.
@@ -270,7 +271,7 @@ private:
     ToviItemShowSettings LoadItems();
     /// Makes the photographs beneath the selected node, extracted and sorted, the current array.
     void RebuildCurrentArray();
-    friend class LabelEdits;
+    void TellOf(LabelEdit& edit);
     void Broadcast(UpdateHint hint, CWnd* sender = nullptr, CObject* object = nullptr);
 
     CString rootPath;
@@ -278,7 +279,7 @@ private:
     std::shared_ptr<const FolderClaim> folderClaim;
     CDocument* hostDocument;
     ToviPhotoArray photoData;
-    LabelEdits labelEdits{*this};
+    LabelEdits labelEdits;
     ToviItemArray mngItems;
     ReadingCounts readingCounts;
     ToviPhotoRef curPhotos;

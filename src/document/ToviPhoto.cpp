@@ -1,7 +1,8 @@
 #include "document/ToviPhoto.h"
 
+#include "document/PhotoHome.h"
 #include "document/PhotoPaths.h"
-#include "document/ToviData.h"
+#include "loading/ToviItemDef.h"
 #include "imagefacts/ControlValueParser.h"
 #include "imagefacts/FactsByTitle.h"
 #include "imagefacts/ToviControlValueArray.h"
@@ -10,12 +11,12 @@
 
 #include <algorithm>
 
-ToviPhoto::ToviPhoto(ToviData* owner, const ToviItemArray& values)
+ToviPhoto::ToviPhoto(PhotoHome* owner, const ToviItemArray& values)
     : ToviPhoto(owner, ToviItemArray(values))
 {}
 
-ToviPhoto::ToviPhoto(ToviData* owner, ToviItemArray&& values)
-    : items(std::move(values)), document(owner)
+ToviPhoto::ToviPhoto(PhotoHome* owner, ToviItemArray&& values)
+    : items(std::move(values)), home(owner)
 {
     MakePath();
 }
@@ -36,7 +37,7 @@ ToviPhoto& ToviPhoto::operator=(const ToviPhoto& other)
     exifState = other.exifState;
     labels = other.labels;
     selected = other.selected;
-    document = other.document;
+    home = other.home;
     comment = other.comment;
     editResult = other.editResult;
     ReleaseImage();
@@ -56,14 +57,14 @@ void ToviPhoto::GetImagePath(CString& path)
 
 void ToviPhoto::MakePath()
 {
-    if (document == nullptr) return;
-    const PhotoPathItems& pathItems = document->GetPathItems();
-    if (!document->IsStandAlone()) {
+    if (home == nullptr) return;
+    const PhotoPathItems& pathItems = home->GetPathItems();
+    if (!home->IsStandAlone()) {
         TakeFullPaths(items, pathItems, imagePath, picturePaths);
     } else if (rebuilding) {
-        RebuildRelativePaths(items, pathItems, document->RootPath(), imagePath, picturePaths);
+        RebuildRelativePaths(items, pathItems, home->RootPath(), imagePath, picturePaths);
     } else {
-        MakeRelativePaths(items, pathItems, document->RootPath(), imagePath, picturePaths);
+        MakeRelativePaths(items, pathItems, home->RootPath(), imagePath, picturePaths);
     }
 }
 
@@ -92,8 +93,8 @@ const CStringArray& ToviPhoto::GetPicturePaths()
 
 void ToviPhoto::GetOutputFilename(CStringArray& names) const
 {
-    if (document == nullptr) return;
-    FindMissingNames(items, FindPhotoPathItems(*document->GetItemDef(), true), imagePath,
+    if (home == nullptr) return;
+    FindMissingNames(items, FindPhotoPathItems(*home->GetItemDef(), true), imagePath,
                      picturePaths, names,
                      [this](const CString& path) { return IsReadableFile(path); });
 }
@@ -183,8 +184,8 @@ void ToviPhoto::AddItemPairs(const ToviItemShowSetting& setting, ToviTextPairArr
 bool ToviPhoto::GetControlValueArray(ToviControlValueArray& out) const
 {
     ToviControlValues values;
-    if (document != nullptr) {
-        const int defIndex = document->GetItemDef()->GetIndexFromTitle(controlValueTitle);
+    if (home != nullptr) {
+        const int defIndex = home->GetItemDef()->GetIndexFromTitle(controlValueTitle);
         ParseControlValues(GetTitle(defIndex), values);
     }
     if (!values.IsValid()) return false;
@@ -293,7 +294,7 @@ void ToviPhoto::GetFileInfoFromTitle(const CString& title, CString& value) const
 
 bool ToviPhoto::IsReadableFile(const CString& path) const
 {
-    if (document != nullptr && document->IsStandAlone() && !document->IsInsideDelivery(path)) {
+    if (home != nullptr && home->IsStandAlone() && !home->IsInsideDelivery(path)) {
         return false;
     }
     return MibIsFileExist(path);

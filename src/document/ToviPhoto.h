@@ -10,8 +10,8 @@
 #include <array>
 #include <memory>
 
+class PhotoHome;
 class ToviControlValueArray;
-class ToviData;
 class ToviItemDef;
 class ToviItemShowSettings;
 struct ToviItemShowSetting;
@@ -34,11 +34,11 @@ public:
     };
 
     ToviPhoto() = default;
-    /// A loose image file, without items and document.
+    /// A loose image file, without items and home.
     explicit ToviPhoto(const char* path) : imagePath(path) {}
     /// A photograph of \p owner, which outlives it. The paths are made at once.
-    ToviPhoto(ToviData* owner, const ToviItemArray& values);
-    ToviPhoto(ToviData* owner, ToviItemArray&& values);
+    ToviPhoto(PhotoHome* owner, const ToviItemArray& values);
+    ToviPhoto(PhotoHome* owner, ToviItemArray&& values);
     /// The copy has no picture and no Exif data, and says of no file yet that it exists.
     ToviPhoto(const ToviPhoto& other);
     ToviPhoto& operator=(const ToviPhoto& other);
@@ -168,7 +168,7 @@ private:
     LumImage image;
     bool thumbLoaded = false;
     bool imageLoaded = false;
-    ToviData* document = nullptr;
+    PhotoHome* home = nullptr;
     CString comment;
     EditJPEGCheckResult editResult = EditCheckNone;
 };

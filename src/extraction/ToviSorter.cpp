@@ -1,7 +1,8 @@
 #include "extraction/ToviSorter.h"
 
-#include "document/ToviData.h"
+#include "document/ToviPhotoArray.h"
 #include "extraction/FetchAhead.h"
+#include "loading/ToviItemDef.h"
 #include "platform/Cp932.h"
 
 #include <algorithm>
@@ -137,22 +138,21 @@ int SignOf(int number)
 
 void ToviSorter::PrepareSort(const CString& key, const ToviPhotoRef& ref)
 {
-    if (data == nullptr || ref.IsEmpty()) return;
-    std::vector<ToviPhoto*> photos;
+    if (photos == nullptr || ref.IsEmpty()) return;
+    std::vector<ToviPhoto*> inOrder;
     entries.clear();
     entries.reserve(static_cast<std::size_t>(ref.GetSize()));
-    photos.reserve(entries.capacity());
-    for (const int i : PositionsByIndex(ref, data->GetTotalCountPhoto())) {
-        photos.push_back(data->GetPhoto(i));
-        if (photos.back() == nullptr) ThrowOutsideArray(i, data->GetCurrentPhotoCount());
+    inOrder.reserve(entries.capacity());
+    for (const int i : PositionsByIndex(ref, photos->GetSize())) {
+        inOrder.push_back((*photos)[ref[i]]);
         entries.emplace_back().index = ref[i];
     }
-    const int item = data->GetItemDef()->GetIndexFromTitle(key);
+    const int item = itemDef->GetIndexFromTitle(key);
     const bool numeric = key == numericKey;
     TextKeys keys;
-    for (std::size_t i = 0; i < photos.size(); ++i) {
-        FetchAhead(photos, i);
-        const char* const value = photos[i]->GetTitle(item);
+    for (std::size_t i = 0; i < inOrder.size(); ++i) {
+        FetchAhead(inOrder, i);
+        const char* const value = inOrder[i]->GetTitle(item);
         entries[i].numeric = numeric;
         if (numeric) {
             entries[i].number = DecimalPrefix(value);

@@ -5,9 +5,10 @@
 
 #include <vector>
 
-class ToviData;
+class ToviItemDef;
+class ToviPhotoArray;
 
-/// Orders the current array of a document by the value of one item; serves one sort. Texts go by
+/// Orders photographs by the value of one item; serves one sort. Texts go by
 /// the codes of code page 932, the values of シリアル番号 by their number. Equal values keep the
 /// order of the actual array; a descending sort is the exact reverse of an ascending one.
 class TOVI_EXPORT ToviSorter
@@ -26,13 +27,16 @@ public:
     };
 
     ToviSorter() = default;
-    /// \p document outlives the sorter.
-    explicit ToviSorter(ToviData* document) : data(document) {}
+    /// Of a document's actual array \p actual with the definitions \p definitions; both outlive
+    /// the sorter.
+    ToviSorter(const ToviPhotoArray& actual, const ToviItemDef& definitions)
+        : photos(&actual), itemDef(&definitions)
+    {}
     virtual ~ToviSorter() = default;
 
-    /// Reads the values of the item titled \p key. \p ref is the document's current array; one that
-    /// is longer throws InvalidArgument. With an empty one nothing happens. Without an item of that
-    /// title all values are empty.
+    /// Reads the values of the item titled \p key. An index in \p ref that is
+    /// outside of the actual array throws InvalidArgument. With an empty \p ref nothing happens.
+    /// Without an item of that title all values are empty.
     virtual void PrepareSort(const CString& key, const ToviPhotoRef& ref);
     /// Puts what was prepared into \p ref in its order; leaves \p ref when that is nothing.
     virtual void QuickSort(bool ascending, ToviPhotoRef& ref);
@@ -43,6 +47,7 @@ public:
     static int CompareUp(const Data& a, const Data& b);
 
 private:
-    ToviData* data = nullptr;
+    const ToviPhotoArray* photos = nullptr;
+    const ToviItemDef* itemDef = nullptr;
     std::vector<Data> entries;
 };

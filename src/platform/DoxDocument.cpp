@@ -7,7 +7,7 @@
 #include "platform/DoxWriter.h"
 #include "platform/FolderLock.h"
 #include "platform/MibFile.h"
-#include "platform/TextEncoding.h"
+#include "platform/TextFile.h"
 
 #include <algorithm>
 #include <charconv>

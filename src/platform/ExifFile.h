@@ -2,7 +2,7 @@
 
 #include "platform/ExifFileBlock.h"
 #include "platform/ExifFileValues.h"
-#include "platform/LumImage.h"
+#include "platform/LumCMNT.h"
 
 /// One picture file, opened once for all that its Exif data tell. Only the head that holds them is
 /// read. Nothing in a file is trusted: what is cut off, of a wrong type or makes no sense counts as

@@ -1,7 +1,5 @@
 #include "platform/HostProcess.h"
 
-#include "platform/FileDescriptor.h"
-
 #include <fcntl.h>
 #include <signal.h>
 #include <unistd.h>
@@ -25,5 +23,5 @@ bool StandardOutputHasArrived()
     std::cout.flush();
     const bool written = std::cout.good() && std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
     // A file system of the network tells of a full disk only on a close.
-    return FileDescriptor(dup(STDOUT_FILENO)).Close() == 0 && written;
+    return close(dup(STDOUT_FILENO)) == 0 && written;
 }

@@ -1,11 +1,9 @@
 #include "platform/TextEncoding.h"
 
 #include "platform/Cp932.h"
-#include "platform/MibFile.h"
 
 #include <iconv.h>
 
-#include <algorithm>
 #include <array>
 #include <cerrno>
 
@@ -39,8 +37,8 @@ constexpr EncodingName names[] = {
     {"euc-jp", "EUC-JP-MS"}, {"x-euc-jp", "EUC-JP-MS"}, {"us-ascii", "UTF-8"},
 };
 
-/// The encoding that the XML declaration at the front of \p bytes names, or empty.
-CString DeclaredEncoding(std::string_view bytes)
+/// What the XML declaration at the front of \p bytes says, or empty.
+CString DeclaredName(std::string_view bytes)
 {
     if (!bytes.starts_with("<?xml")) return {};
     const std::string_view declaration = bytes.substr(0, bytes.find("?>"));
@@ -84,12 +82,17 @@ std::optional<CString> DecodeWithSystem(std::string_view bytes, const CString& e
 }
 } // namespace
 
+CString DeclaredEncoding(std::string_view bytes)
+{
+    return MeantEncoding(DeclaredName(bytes));
+}
+
 CString DetectEncoding(std::string_view bytes)
 {
     for (const ByteOrderMark& mark : marks) {
         if (bytes.starts_with(mark.bytes)) return mark.encoding;
     }
-    const CString declared = DeclaredEncoding(bytes);
+    const CString declared = DeclaredName(bytes);
     // A file that says "UTF-16" in single bytes can't be that.
     if (!declared.empty() && !EqualNoCase(declared.substr(0, 6), "utf-16")) {
         return MeantEncoding(declared);
@@ -114,31 +117,4 @@ std::optional<CString> DecodeText(std::string_view bytes, const CString& encodin
 std::optional<CString> DecodeText(std::string_view bytes)
 {
     return DecodeText(bytes, DetectEncoding(bytes));
-}
-
-std::optional<CString> ReadTextFile(const CString& path, std::size_t limit, bool& readable)
-{
-    // Code page 932 is decoded while it is read, so that the file is not in memory twice. What else
-    // comes is kept as it is until the end.
-    CString text;
-    text.reserve(std::min(MibFileSize(path), limit) * 3 / 2);
-    Cp932::Decoder decoder;
-    bool isFirst = true;
-    bool isCp932 = false;
-    bool valid = true;
-    const bool complete = MibReadBlocks(path, limit, [&](std::string_view block) {
-        if (isFirst) isCp932 = MeantEncoding(DeclaredEncoding(block)) == "CP932";
-        isFirst = false;
-        if (isCp932) return valid = decoder.Add(block, text);
-        text += block;
-        return true;
-    });
-    readable = complete || !valid;
-    if (!complete || !decoder.Finish()) return std::nullopt;
-    if (isCp932) return text;
-    const CString encoding = DetectEncoding(text);
-    const bool keepsItsBytes = encoding == "UTF-8" && !text.starts_with("\xEF\xBB\xBF");
-    if (!keepsItsBytes) return DecodeText(text, encoding);
-    if (!IsUtf8(text)) return std::nullopt;
-    return text;
 }

@@ -10,14 +10,13 @@
 /// when the declared name is none that is known here.
 CString DetectEncoding(std::string_view bytes);
 
+/// The encoding that the XML declaration at the front of \p bytes names, as above; empty where there
+/// is no declaration or its name is none that is known here.
+CString DeclaredEncoding(std::string_view bytes);
+
 /// Decodes \p bytes to UTF-8, without the byte order mark. Nothing when they hold something that is
 /// not in \p encoding, or when the encoding is not known here.
 std::optional<CString> DecodeText(std::string_view bytes, const CString& encoding);
 
 /// Decodes \p bytes in the encoding that DetectEncoding finds.
 TOVI_EXPORT std::optional<CString> DecodeText(std::string_view bytes);
-
-/// The whole text of the file \p path in UTF-8, decoded as it is read. Nothing when it can't be
-/// read, has more than \p limit bytes, or holds something outside its encoding; \p readable then
-/// tells the last from the others.
-std::optional<CString> ReadTextFile(const CString& path, std::size_t limit, bool& readable);

@@ -219,3 +219,13 @@ CheckStatusOutcome ToviCheckStatusFileOut::WritePages(SpreadsheetBook& book,
     }
     return CheckStatusOutcome::Written;
 }
+
+bool ToviData::FileOutCheckStatus(const CString& caption, CString* place)
+{
+    return ToviCheckStatusFileOut(*this, *GetLabelManager()).FileOut(caption, place);
+}
+
+CheckStatusOutcome ToviData::FileOutCheckStatus(const CString& caption, const CString& path)
+{
+    return ToviCheckStatusFileOut(*this, *GetLabelManager()).FileOut(caption, path);
+}

@@ -1,6 +1,6 @@
 #include "review/LabelEdits.h"
 
-#include "document/ToviData.h"
+#include "document/ToviPhotoArray.h"
 
 #include <numeric>
 
@@ -9,7 +9,7 @@ LabelEdit LabelEdits::Make(LabelEdit::Kind kind, std::span<const int> photos, co
 {
     LabelEdit edit(kind, sender);
     for (const int index : photos) {
-        PhotoReview before = ReviewOf(*(*document.GetPhotoDataArray())[index]);
+        PhotoReview before = ReviewOf(*all[index]);
         PhotoReview after = before;
         rule(after);
         if (after == before) continue;
@@ -20,25 +20,18 @@ LabelEdit LabelEdits::Make(LabelEdit::Kind kind, std::span<const int> photos, co
 
 LabelEdit LabelEdits::Make(LabelEdit::Kind kind, const PhotoReviews& after) const
 {
-    std::vector<int> all(after.size());
-    std::iota(all.begin(), all.end(), 0);
+    std::vector<int> indexes(after.size());
+    std::iota(indexes.begin(), indexes.end(), 0);
     auto next = after.begin();
-    return Make(kind, all, [&next](PhotoReview& review) { review = *next++; });
+    return Make(kind, indexes, [&next](PhotoReview& review) { review = *next++; });
 }
 
 void LabelEdits::Apply(LabelEdit edit)
 {
     for (const LabelEdit::Change& change : edit.changes) {
-        Set(*(*document.GetPhotoDataArray())[change.photo], change.after);
+        Set(*all[change.photo], change.after);
     }
-    if (edit.kind == LabelEdit::RecordLoad) return;
-    // First, so that whoever hears of the change finds the document changed.
-    document.SetCheckStatusChanged(true);
-    if (edit.kind == LabelEdit::OnePhoto) {
-        document.UpdatePhotoInf(edit.sender, &edit);
-    } else {
-        document.Broadcast(ToviData::HintLabelsChanged, edit.sender);
-    }
+    if (edit.kind != LabelEdit::RecordLoad) listener(edit);
 }
 
 int LabelEdits::Count(LabelSet labels) const

@@ -8,6 +8,7 @@
 #include <span>
 
 class CWnd;
+class ToviPhotoArray;
 
 /// One change of labels and comments, as a value. The edit with before and after exchanged takes it
 /// back.
@@ -42,16 +43,21 @@ struct TOVI_EXPORT LabelEdit : CObject
     std::vector<Change> changes;
 };
 
-/// The one door through which labels and comments of a document change. It marks the document as
-/// changed, tells the views, and knows at any time how many photographs have a label.
+/// The one door through which labels and comments of a document change. It has the document tell
+/// its views, and knows at any time how many photographs have a label.
 class TOVI_EXPORT LabelEdits
 {
 public:
     /// Changes one review.
     using Rule = std::function<void(PhotoReview&)>;
 
-    /// Of \p theDocument, which owns this and whose photographs have no label yet.
-    explicit LabelEdits(ToviData& theDocument) : document(theDocument) {}
+    /// Told of each edit that was applied but for RecordLoad, also when it changed nothing.
+    using Listener = std::function<void(LabelEdit& edit)>;
+
+    /// Of \p thePhotos, which have no label yet and outlive this.
+    LabelEdits(ToviPhotoArray& thePhotos, Listener theListener)
+        : all(thePhotos), listener(std::move(theListener))
+    {}
 
     /// The edit that does \p rule to each of \p photos, which are photo indexes; one outside
     /// throws InvalidArgument.
@@ -60,9 +66,7 @@ public:
     /// The edit that gives all photographs the reviews \p after.
     LabelEdit Make(LabelEdit::Kind kind, const PhotoReviews& after) const;
 
-    /// Gives each photograph of \p edit what it has afterwards. Also when that changes nothing the
-    /// document counts as changed, and all views but the sender hear of it: by HintPhotoInfoChanged
-    /// with the edit for OnePhoto, by HintLabelsChanged for several. RecordLoad does neither.
+    /// Gives each photograph of \p edit what it has afterwards, and tells the listener.
     void Apply(LabelEdit edit);
 
     /// How many photographs have any of \p labels.
@@ -71,7 +75,8 @@ public:
 private:
     void Set(ToviPhoto& photo, const PhotoReview& review);
 
-    ToviData& document;
+    ToviPhotoArray& all;
+    Listener listener;
     /// How many photographs have just this set of labels; those without any aren't counted.
     std::array<int, 1u << labelCount> counts{};
 };

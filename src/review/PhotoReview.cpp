@@ -1,6 +1,6 @@
 #include "review/PhotoReview.h"
 
-#include "document/ToviData.h"
+#include "document/ToviPhotoArray.h"
 
 PhotoReview ReviewOf(const ToviPhoto& photo)
 {
@@ -12,11 +12,9 @@ PhotoReview ReviewOf(const ToviPhoto& photo)
     return review;
 }
 
-PhotoReviews ReviewsOf(const ToviData& document)
+PhotoReviews ReviewsOf(const ToviPhotoArray& photos)
 {
     PhotoReviews reviews;
-    for (int index = 0; index < document.GetTotalCountPhoto(); ++index) {
-        reviews.push_back(ReviewOf(*document.GetPhotoActualPhotoArray(index)));
-    }
+    for (const ToviPhoto* photo : photos) reviews.push_back(ReviewOf(*photo));
     return reviews;
 }

@@ -6,8 +6,8 @@
 #include <bitset>
 #include <vector>
 
-class ToviData;
 class ToviPhoto;
+class ToviPhotoArray;
 
 /// A set of labels, by their slots.
 using LabelSet = std::bitset<labelCount>;
@@ -25,4 +25,4 @@ struct PhotoReview
 using PhotoReviews = std::vector<PhotoReview>;
 
 PhotoReview ReviewOf(const ToviPhoto& photo);
-TOVI_EXPORT PhotoReviews ReviewsOf(const ToviData& document);
+PhotoReviews ReviewsOf(const ToviPhotoArray& photos);

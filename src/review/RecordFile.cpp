@@ -17,7 +17,7 @@ std::optional<PhotoReviews> ReadReviews(ToviData& document, const CString& file,
                                         const PhotoReviews& base)
 {
     ToviXmlLoadManager manager(file.c_str(), nullptr);
-    manager.Expect(RecordOrigin(document));
+    manager.Expect(document.GetRecordOrigin());
     PhotoReviews reviews = base;
     int reason = noReason;
     if (!manager.Load(reviews, &reason)) return std::nullopt;
@@ -60,7 +60,7 @@ RecordFile::SaveResult RecordFile::Save(ToviData& document, const CString& recor
         if (const auto done = SaveUnchanged(document, record, others)) return *done;
         // Nobody is kept waiting while the user thinks: the next round sees what came meanwhile.
         std::optional<RecordMerge> merge;
-        if (others.reviews) merge.emplace(base, ReviewsOf(document), *others.reviews);
+        if (others.reviews) merge.emplace(base, document.GetReviews(), *others.reviews);
         const RecordConflictAnswer answer =
             AskAboutConflict(document, record, merge ? &*merge : nullptr);
         switch (answer.decision) {
@@ -113,5 +113,5 @@ void RecordFile::Remember(const ToviData& document, const CString& record, const
 {
     path = record;
     target = file;
-    base = ReviewsOf(document);
+    base = document.GetReviews();
 }

@@ -1,6 +1,8 @@
 #include "review/RecordOrigin.h"
 
-#include "document/ToviData.h"
+#include "document/PhotoPaths.h"
+#include "document/ToviPhotoArray.h"
+#include "loading/ToviItemDef.h"
 #include "platform/Digest.h"
 #include "platform/MibFile.h"
 
@@ -14,16 +16,13 @@ constexpr int mostSizes = 64;
 constexpr std::string_view missing = "-";
 
 /// A line for each photograph that is the same wherever the delivery lies.
-CString NamesIn(ToviData& document)
+CString NamesIn(const ToviPhotoArray& photos, const ToviItemDef& definitions, int file)
 {
-    const ToviItemDef& definitions = *document.GetItemDef();
-    const int file = document.GetPathItems().photograph;
     const int serial = definitions.GetIndexFromTitle("シリアル番号");
     CString names;
-    for (int index = 0; index < document.GetTotalCountPhoto(); ++index) {
-        const ToviPhoto& photo = *document.GetPhotoActualPhotoArray(index);
-        const CString path = ReplaceAll(photo.GetTitle(file), "\\", "/");
-        names += FoldCase(MibGetFileName(path)) + '\t' + photo.GetTitle(serial) + '\n';
+    for (const ToviPhoto* photo : photos) {
+        const CString path = ReplaceAll(photo->GetTitle(file), "\\", "/");
+        names += FoldCase(MibGetFileName(path)) + '\t' + photo->GetTitle(serial) + '\n';
     }
     return names;
 }
@@ -46,14 +45,13 @@ std::optional<std::uint64_t> SizeFrom(std::string_view text)
 }
 } // namespace
 
-RecordOrigin::RecordOrigin(ToviData& document) : names(TextDigest(NamesIn(document)))
+RecordOrigin::RecordOrigin(const ToviPhotoArray& photos, const ToviItemDef& definitions, int file)
+    : names(TextDigest(NamesIn(photos, definitions, file)))
 {
-    const int photos = document.GetTotalCountPhoto();
-    const int count = std::min(photos, mostSizes);
+    const int count = std::min(photos.GetSize(), mostSizes);
     for (int number = 0; number < count; ++number) {
-        const auto index = static_cast<std::int64_t>(number) * photos / count;
-        const CString path =
-            document.GetPhotoActualPhotoArray(static_cast<int>(index))->ReadablePath();
+        const auto index = static_cast<std::int64_t>(number) * photos.GetSize() / count;
+        const CString path = photos[static_cast<int>(index)]->ReadablePath();
         sizes.push_back(path.empty() ? std::nullopt : std::optional(MibFileSize(path)));
     }
 }

@@ -6,7 +6,8 @@
 #include <optional>
 #include <vector>
 
-class ToviData;
+class ToviItemDef;
+class ToviPhotoArray;
 
 /// What tells the delivery that a record was made of from another with as many photographs: a
 /// digest of all file names and serial numbers in their order, and the sizes of some photograph
@@ -16,8 +17,9 @@ class ToviData;
 class RecordOrigin
 {
 public:
-    /// That of \p document, as it is now.
-    explicit RecordOrigin(ToviData& document);
+    /// That of the delivery of \p photos, as it is now. \p file is the definition index of their
+    /// files' names.
+    RecordOrigin(const ToviPhotoArray& photos, const ToviItemDef& definitions, int file);
     /// That of the record that says \p text; where this isn't like what Text() gives, it differs
     /// from none.
     explicit RecordOrigin(const CString& text);

@@ -41,7 +41,7 @@ CString RecordIsOther(ToviData& document, const CString& record)
 {
     const RecordOrigin origin = ToviXmlLoadManager(record.c_str(), nullptr).Origin();
     return record + " は別の納品データの検査状況のようです。" +
-           origin.DifferenceFrom(RecordOrigin(document));
+           origin.DifferenceFrom(document.GetRecordOrigin());
 }
 
 CString WhyRecordNotSaved(const CString& record, int reason)

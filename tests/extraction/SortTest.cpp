@@ -159,7 +159,7 @@ TEST(Sort, FollowsEveryRebuildThatAsksForIt)
 TEST(Sort, SorterKeepsToTheCurrentArray)
 {
     Valued sample(photoTitle, {"b", "a"});
-    ToviSorter sorter(sample.document.get());
+    ToviSorter sorter(*sample.document->GetPhotoDataArray(), *sample.document->GetItemDef());
     ToviPhotoRef ref;
     ref.Add(0);
     sorter.QuickSort(true, ref);

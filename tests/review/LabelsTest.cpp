@@ -106,20 +106,20 @@ TEST(LabelEdits, KeepOrderThroughAThousandAndLeadBackAgain)
 {
     RandomEdits by;
     for (int i = 0; i < 50; ++i) by.Apply(by.AnyEdit());
-    const PhotoReviews start = ReviewsOf(by.document);
+    const PhotoReviews start = by.document.GetReviews();
     std::vector<LabelEdit> done;
     for (int i = 0; i < 1000 && !testing::Test::HasFailure(); ++i) {
         done.push_back(by.AnyEdit());
         by.Apply(done.back());
         by.ExpectOrder();
     }
-    EXPECT_NE(ReviewsOf(by.document), start);
+    EXPECT_NE(by.document.GetReviews(), start);
     for (; !done.empty() && !testing::Test::HasFailure(); done.pop_back()) {
         for (auto& change : done.back().changes) std::swap(change.before, change.after);
         by.Apply(done.back());
         by.ExpectOrder();
     }
-    EXPECT_EQ(ReviewsOf(by.document), start);
+    EXPECT_EQ(by.document.GetReviews(), start);
 }
 
 TEST(LabelRules, LeaveWhatIsNotTheirs)

@@ -40,7 +40,7 @@ protected:
     /// Another program puts \p slot on \p photo in the record as it stands.
     void OtherPastes(int photo, unsigned int slot) const
     {
-        const PhotoReviews mine = ReviewsOf(*sample.document);
+        const PhotoReviews mine = sample.document->GetReviews();
         RecordFile other;
         EXPECT_TRUE(other.Load(*sample.document, path, problem)) << problem;
         Paste(photo, slot);
@@ -52,7 +52,7 @@ protected:
     /// The labels in the file \p name, a digit for each slot and a comma behind each photograph.
     CString Saved(const CString& name = "r.xml") const
     {
-        const PhotoReviews mine = ReviewsOf(*sample.document);
+        const PhotoReviews mine = sample.document->GetReviews();
         RecordFile file;
         EXPECT_TRUE(file.Load(*sample.document, temp.Path(name), problem)) << problem;
         const CString text = Here();
@@ -62,7 +62,7 @@ protected:
     CString Here() const
     {
         CString text;
-        for (const PhotoReview& review : ReviewsOf(*sample.document)) {
+        for (const PhotoReview& review : sample.document->GetReviews()) {
             for (unsigned int slot = 0; slot < labelCount; ++slot) {
                 if (review.labels[slot]) text += std::to_string(slot);
             }
