@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/LumImage.h"
-#include "platform/MibFile.h"
+#include "platform/files/MibFile.h"
+#include "platform/pictures/LumImage.h"
 #include "sample/DeliveryBuilder.h"
 #include "support/TempFolder.h"
 

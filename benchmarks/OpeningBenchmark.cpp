@@ -1,8 +1,8 @@
 // Opening a delivery, beside the bare decoding and parsing of the same bytes.
 
 #include "benchmarks/Samples.h"
-#include "platform/Cp932.h"
-#include "platform/MibFile.h"
+#include "platform/files/MibFile.h"
+#include "platform/text/Cp932.h"
 
 #include <benchmark/benchmark.h>
 #include <pugixml.hpp>

@@ -4,10 +4,10 @@
 
 #include "BareJpeg.h"
 #include "hosts/viewer/MainFrame.h"
-#include "panels/ToviMpiPanel.h"
-#include "panels/ToviSpiCtrl.h"
 #include "Samples.h"
 #include "support/OpenedSample.h"
+#include "windows/cell/ToviSpiCtrl.h"
+#include "windows/page/ToviMpiPanel.h"
 
 #include <QAction>
 #include <QApplication>

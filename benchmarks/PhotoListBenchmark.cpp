@@ -1,10 +1,10 @@
 // The lists of all photographs: filling them, up to the first painted screen, and scrolling the
 // thumbnails on by a screen, beside the bare decoding of the same pictures at a reduced size.
 
-#include "panels/PhotoListContent.h"
-#include "panels/ToviPhotoListCtrl.h"
 #include "Samples.h"
 #include "support/OpenedSample.h"
+#include "windows/list/PhotoListContent.h"
+#include "windows/list/ToviPhotoListCtrl.h"
 
 #include <benchmark/benchmark.h>
 

@@ -2,11 +2,11 @@
 // decoding and parsing of the same bytes.
 
 #include "benchmarks/Samples.h"
-#include "loading/Environment.h"
-#include "platform/Cp932.h"
-#include "platform/MibFile.h"
+#include "platform/files/MibFile.h"
+#include "platform/text/Cp932.h"
 #include "review/RecordTags.h"
 #include "support/Labels.h"
+#include "work/Environment.h"
 
 #include <benchmark/benchmark.h>
 #include <pugixml.hpp>

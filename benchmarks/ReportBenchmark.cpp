@@ -2,11 +2,11 @@
 // repeated, one write for all texts and a save. The time until the office answers is told apart.
 
 #include "benchmarks/Samples.h"
-#include "loading/Environment.h"
-#include "platform/MibFile.h"
+#include "platform/files/MibFile.h"
 #include "reports/CheckStatusPages.h"
 #include "reports/ToviCheckStatusFileOut.h"
 #include "support/Labels.h"
+#include "work/Environment.h"
 
 #include <benchmark/benchmark.h>
 

@@ -3,7 +3,7 @@
 
 #include "benchmarks/Samples.h"
 #include "extraction/ToviExtractionDlg.h"
-#include "platform/Cp932.h"
+#include "platform/text/Cp932.h"
 
 #include <benchmark/benchmark.h>
 

@@ -2,7 +2,7 @@
 // pairs of many photographs beside bare copies of the same texts.
 
 #include "benchmarks/Samples.h"
-#include "platform/FileProfileStore.h"
+#include "platform/store/FileProfileStore.h"
 
 #include <benchmark/benchmark.h>
 

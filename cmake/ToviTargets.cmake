@@ -35,7 +35,9 @@ if(TOVI_SANITIZE)
     target_compile_options(tovi_quick_compile INTERFACE -fno-sanitize=undefined)
 endif()
 
-# Fails the build when an include line points against the layers.
+include(cmake/Rooms.cmake)
+
+# Fails the build when an include line points out of its room.
 file(GLOB_RECURSE TOVI_CHECKED_SOURCES CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/*.h
      ${PROJECT_SOURCE_DIR}/src/*.cpp)
 add_custom_command(
@@ -44,11 +46,11 @@ add_custom_command(
             -P ${PROJECT_SOURCE_DIR}/cmake/CheckIncludes.cmake
     COMMAND ${CMAKE_COMMAND} -E touch ${CMAKE_BINARY_DIR}/includes.checked
     DEPENDS ${TOVI_CHECKED_SOURCES} ${PROJECT_SOURCE_DIR}/cmake/CheckIncludes.cmake
-    COMMENT "Checking the layers")
+            ${PROJECT_SOURCE_DIR}/cmake/Rooms.cmake
+    COMMENT "Checking the rooms")
 add_custom_target(check_includes DEPENDS ${CMAKE_BINARY_DIR}/includes.checked)
 
-# tovi_include_root(TARGET SCOPE folder...): gives TARGET an include root that shows these folders of
-# src/ alone.
+# tovi_include_root(TARGET SCOPE room...): gives TARGET an include root that shows these rooms alone.
 function(tovi_include_root target scope)
     set(root ${CMAKE_BINARY_DIR}/include-roots/${target})
     file(REMOVE_RECURSE ${root})
@@ -62,8 +64,8 @@ function(tovi_include_root target scope)
     add_dependencies(${target} check_includes)
 endfunction()
 
-# tovi_layer(NAME folder...): the objects of the folders under src/. What a layer may see of others it
-# gets by linking them.
+# tovi_layer(NAME room...): the objects of the rooms. What a layer may see of others it gets by linking
+# them.
 function(tovi_layer name)
     list(TRANSFORM ARGN PREPEND ${PROJECT_SOURCE_DIR}/src/ OUTPUT_VARIABLE patterns)
     list(TRANSFORM patterns APPEND /*.cpp)
@@ -75,7 +77,7 @@ function(tovi_layer name)
     tovi_include_root(${name} PUBLIC ${ARGN})
 endfunction()
 
-# tovi_widget_layer(NAME folder...): a layer of Qt widgets, whose signals need Qt's own compiler.
+# tovi_widget_layer(NAME room...): a layer of Qt widgets, whose signals need Qt's own compiler.
 function(tovi_widget_layer name)
     tovi_layer(${name} ${ARGN})
     set_target_properties(${name} PROPERTIES AUTOMOC ON)

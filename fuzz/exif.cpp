@@ -3,7 +3,7 @@
 
 #include "Fuzz.h"
 
-#include "platform/ExifFile.h"
+#include "platform/exif/ExifFile.h"
 
 #include <libexif/exif-loader.h>
 

@@ -3,8 +3,8 @@
 #include "Fuzz.h"
 
 #include "loading/IndexCopy.h"
-#include "platform/MibFile.h"
-#include "platform/XslTransform.h"
+#include "platform/files/MibFile.h"
+#include "platform/xml/XslTransform.h"
 
 namespace
 {

@@ -2,8 +2,8 @@
 
 #include "Fuzz.h"
 
-#include "document/ToviData.h"
-#include "loading/ToviEnouDataFactory.h"
+#include "delivery/ToviData.h"
+#include "delivery/ToviEnouDataFactory.h"
 #include "sample/DeliveryBuilder.h"
 
 #include <memory>

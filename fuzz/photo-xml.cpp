@@ -2,9 +2,9 @@
 
 #include "Fuzz.h"
 
-#include "document/ToviData.h"
+#include "delivery/ToviData.h"
+#include "delivery/ToviEnouDataFactory.h"
 #include "loading/DeliveryLocation.h"
-#include "loading/ToviEnouDataFactory.h"
 
 #include <memory>
 

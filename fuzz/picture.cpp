@@ -2,8 +2,8 @@
 
 #include "Fuzz.h"
 
-#include "platform/ImageFile.h"
-#include "platform/LumImage.h"
+#include "platform/pictures/ImageFile.h"
+#include "platform/pictures/LumImage.h"
 
 #include <QSize>
 

@@ -2,12 +2,12 @@
 
 #include "Fuzz.h"
 
-#include "document/ToviData.h"
-#include "loading/Environment.h"
-#include "loading/ToviEnouDataFactory.h"
-#include "platform/DoxWriter.h"
+#include "delivery/ToviData.h"
+#include "delivery/ToviEnouDataFactory.h"
+#include "platform/xml/DoxWriter.h"
 #include "sample/DeliveryBuilder.h"
 #include "support/Labels.h"
+#include "work/Environment.h"
 
 #include <memory>
 

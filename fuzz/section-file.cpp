@@ -2,7 +2,7 @@
 
 #include "Fuzz.h"
 
-#include "platform/SectionFile.h"
+#include "platform/store/SectionFile.h"
 
 void Try(std::string_view input)
 {

@@ -2,7 +2,7 @@
 
 #include "Fuzz.h"
 
-#include "platform/SvgPhoto.h"
+#include "platform/pictures/SvgPhoto.h"
 
 void Try(std::string_view input)
 {

@@ -1,9 +1,9 @@
 #include "extraction/ExtractionEngine.h"
 
-#include "document/ToviNode.h"
 #include "extraction/FetchAhead.h"
-#include "loading/ToviItemDef.h"
-#include "reports/ToviProgressDlg.h"
+#include "items/ToviItemDef.h"
+#include "photos/ToviNode.h"
+#include "work/ToviProgressDlg.h"
 
 #include <algorithm>
 

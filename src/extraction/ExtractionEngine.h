@@ -1,8 +1,8 @@
 #pragma once
 
-#include "document/ToviPhotoArray.h"
-#include "document/ToviPhotoRef.h"
 #include "extraction/ExtractionConditions.h"
+#include "photos/ToviPhotoArray.h"
+#include "photos/ToviPhotoRef.h"
 
 #include <functional>
 #include <vector>

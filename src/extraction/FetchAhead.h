@@ -1,6 +1,6 @@
 #pragma once
 
-#include "document/ToviPhoto.h"
+#include "photos/ToviPhoto.h"
 
 #include <vector>
 

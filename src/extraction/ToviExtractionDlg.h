@@ -1,7 +1,7 @@
 #pragma once
 
 #include "extraction/ExtractionConditions.h"
-#include "platform/Export.h"
+#include "platform/text/Export.h"
 
 /// What happens to the extraction window when extraction ends without it.
 enum CancelExt

@@ -1,6 +1,6 @@
 #include "extraction/ToviSortCondition.h"
 
-#include "platform/HostServices.h"
+#include "platform/host/HostServices.h"
 
 namespace
 {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/Text.h"
-#include "settings/StoredValues.h"
+#include "platform/store/StoredValues.h"
+#include "platform/text/Text.h"
 
 /// Whether the current array is sorted, by which item and in which direction. Without sorting the
 /// direction is ascending, but for one that was set or loaded so by itself.

@@ -1,9 +1,9 @@
 #include "extraction/ToviSorter.h"
 
-#include "document/ToviPhotoArray.h"
 #include "extraction/FetchAhead.h"
-#include "loading/ToviItemDef.h"
-#include "platform/Cp932.h"
+#include "items/ToviItemDef.h"
+#include "photos/ToviPhotoArray.h"
+#include "platform/text/Cp932.h"
 
 #include <algorithm>
 #include <array>

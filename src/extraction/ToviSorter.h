@@ -1,7 +1,7 @@
 #pragma once
 
-#include "document/ToviPhotoRef.h"
-#include "platform/Text.h"
+#include "photos/ToviPhotoRef.h"
+#include "platform/text/Text.h"
 
 #include <vector>
 

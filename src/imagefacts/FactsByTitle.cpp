@@ -1,7 +1,8 @@
 #include "imagefacts/FactsByTitle.h"
 
 #include "imagefacts/ToviExifInfo.h"
-#include "platform/FileStatus.h"
+#include "platform/exif/PictureSize.h"
+#include "platform/files/FileStatus.h"
 
 #include <algorithm>
 
@@ -57,10 +58,9 @@ struct FileFact
 };
 
 constexpr FileFact fileFacts[] = {
-    {"幅×高さ",
-     [](const CString& path, const FileStatus&) { return InWords(path, &LumImage::SizeText); }},
-    {"総画素数", [](const CString& path,
-                    const FileStatus&) { return InWords(path, &LumImage::TotalPixelsText); }},
+    {"幅×高さ", [](const CString& path, const FileStatus&) { return InWords(path, &SizeText); }},
+    {"総画素数",
+     [](const CString& path, const FileStatus&) { return InWords(path, &TotalPixelsText); }},
     {"作成日時",
      [](const CString&, const FileStatus& status) { return LocalTimeText(status.created); }},
     {"最終更新日時",

@@ -1,6 +1,6 @@
 #include "imagefacts/RicohVerifier.h"
 
-#include "platform/MibFile.h"
+#include "platform/files/MibFile.h"
 
 #include <new>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Export.h"
+#include "platform/text/Export.h"
 
 /// One verifier of the chain that tells whether a photograph was altered after it was taken. This
 /// one judges no file; those that ask an outside party's library derive from it.

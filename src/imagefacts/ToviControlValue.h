@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Text.h"
+#include "platform/text/Text.h"
 
 /// One measurement of a construction control value (施工管理値): four texts as they were written.
 /// Nothing is calculated; the difference is what the text says.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Text.h"
+#include "platform/text/Text.h"
 
 /// The title of the item that holds the construction control values of a photograph.
 inline constexpr const char* controlValueTitle = "施工管理値";

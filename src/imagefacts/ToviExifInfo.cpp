@@ -1,7 +1,7 @@
 #include "imagefacts/ToviExifInfo.h"
 
-#include "loading/RunWorkFile.h"
-#include "platform/MibFile.h"
+#include "platform/files/MibFile.h"
+#include "work/RunWorkFile.h"
 
 namespace
 {

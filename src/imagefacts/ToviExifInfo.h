@@ -1,7 +1,7 @@
 #pragma once
 
-#include "document/ToviTextPair.h"
-#include "platform/LumImage.h"
+#include "items/ToviTextPair.h"
+#include "platform/pictures/LumImage.h"
 
 #include <memory>
 #include <span>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "imagefacts/ToviCheckProcessor.h"
-#include "platform/Text.h"
+#include "platform/text/Text.h"
 
 #include <memory>
 #include <vector>

@@ -1,8 +1,8 @@
 #include "imagefacts/ToviJacicImageChecker.h"
 
 #include "imagefacts/VerifierAnswer.h"
-#include "platform/CaseFallback.h"
-#include "platform/MibFile.h"
+#include "platform/files/CaseFallback.h"
+#include "platform/files/MibFile.h"
 
 namespace
 {

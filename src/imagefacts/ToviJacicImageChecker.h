@@ -1,7 +1,7 @@
 #pragma once
 
 #include "imagefacts/ToviCheckProcessor.h"
-#include "platform/DynamicLibrary.h"
+#include "platform/files/DynamicLibrary.h"
 
 /// Asks the public-works body's hash checker, a library in the folder of the program. It judges
 /// every file, SVG photographs by a function of their own.

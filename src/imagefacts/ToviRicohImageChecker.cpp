@@ -1,7 +1,7 @@
 #include "imagefacts/ToviRicohImageChecker.h"
 
 #include "imagefacts/VerifierAnswer.h"
-#include "platform/LumImage.h"
+#include "platform/pictures/LumImage.h"
 
 namespace
 {

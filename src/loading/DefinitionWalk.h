@@ -1,8 +1,8 @@
 #pragma once
 
-#include "document/ToviItem.h"
-#include "loading/ToviItemDef.h"
-#include "platform/DoxIterator.h"
+#include "items/ToviItem.h"
+#include "items/ToviItemDef.h"
+#include "platform/xml/DoxIterator.h"
 
 #include <vector>
 

@@ -1,11 +1,11 @@
 #include "loading/DeliveryLocation.h"
 
-#include "loading/DeliveryKinds.h"
-#include "loading/IndexStylesheets.h"
-#include "platform/CaseFallback.h"
-#include "platform/MibFile.h"
-#include "platform/TextHead.h"
-#include "settings/ReadingLimit.h"
+#include "kinds/DeliveryKinds.h"
+#include "kinds/IndexStylesheets.h"
+#include "platform/files/CaseFallback.h"
+#include "platform/files/MibFile.h"
+#include "platform/files/TextHead.h"
+#include "work/ReadingLimit.h"
 
 #include <algorithm>
 #include <charconv>

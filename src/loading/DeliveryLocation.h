@@ -1,7 +1,7 @@
 #pragma once
 
-#include "loading/PhotoXMLType.h"
-#include "platform/Text.h"
+#include "kinds/PhotoXMLType.h"
+#include "platform/text/Text.h"
 
 /// The folders of PHOTO.XML that a user can mean by \p path. For a folder these are itself, else
 /// its PHOTO/, else PHOTO/ in the wrapper folders in it; the discs DISK1/, DISK2/ and so on with

@@ -1,12 +1,12 @@
 #include "loading/IndexCopy.h"
 
-#include "loading/IndexStylesheets.h"
-#include "loading/ListingFailure.h"
-#include "loading/WorkFolder.h"
-#include "platform/AtomicFile.h"
-#include "platform/Digest.h"
-#include "platform/FolderLock.h"
-#include "platform/MibFile.h"
+#include "kinds/IndexStylesheets.h"
+#include "platform/files/AtomicFile.h"
+#include "platform/files/Digest.h"
+#include "platform/files/FolderLock.h"
+#include "platform/files/MibFile.h"
+#include "work/ListingFailure.h"
+#include "work/WorkFolder.h"
 
 #include <chrono>
 #include <filesystem>

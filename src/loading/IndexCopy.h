@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Text.h"
+#include "platform/text/Text.h"
 
 /// Makes the copy of the index file \p indexPath in the work area that names the stylesheet \p
 /// stylesheetPath as its own, with that stylesheet and the DTD of the index file beside it. Every

@@ -1,8 +1,8 @@
 #include "loading/WorkTitle.h"
 
-#include "loading/IndexStylesheets.h"
-#include "platform/DoxDocument.h"
-#include "platform/DoxIterator.h"
+#include "kinds/IndexStylesheets.h"
+#include "platform/xml/DoxDocument.h"
+#include "platform/xml/DoxIterator.h"
 
 #include <algorithm>
 #include <iterator>

@@ -1,6 +1,6 @@
 #include "reports/CheckStatusCells.h"
 
-#include "document/ToviData.h"
+#include "delivery/ToviData.h"
 
 namespace
 {

@@ -1,6 +1,6 @@
 #include "reports/CheckStatusOutcome.h"
 
-#include "platform/MibFile.h"
+#include "platform/files/MibFile.h"
 
 #include <utility>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/AtomicFile.h"
-#include "platform/SpreadsheetApplication.h"
+#include "platform/files/AtomicFile.h"
+#include "platform/sheets/SpreadsheetApplication.h"
 
 /// How a check report ended.
 enum class CheckStatusOutcome

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/SpreadsheetApplication.h"
+#include "platform/sheets/SpreadsheetApplication.h"
 
 /// The arithmetic of the check report's pages. A page is a block of rows on the sheet: the header
 /// that the form brings, and a row for each of its photographs.

@@ -1,6 +1,6 @@
 #include "reports/ContactSheet.h"
 
-#include "document/ToviData.h"
+#include "delivery/ToviData.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/LumCanvas.h"
-#include "platform/Text.h"
+#include "platform/pictures/LumCanvas.h"
+#include "platform/text/Text.h"
 
 #include <functional>
 

@@ -1,9 +1,9 @@
 #include "reports/CorrectionSave.h"
 
-#include "document/ToviData.h"
-#include "platform/HostServices.h"
-#include "platform/MibCopy.h"
-#include "platform/MibFile.h"
+#include "delivery/ToviData.h"
+#include "platform/files/MibCopy.h"
+#include "platform/files/MibFile.h"
+#include "platform/host/HostServices.h"
 #include "reports/PhotoOutput.h"
 #include "reports/ToviSelectOutputPhotoDlg.h"
 #include "review/SlideMode.h"

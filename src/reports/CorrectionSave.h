@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/LumImage.h"
+#include "platform/pictures/LumImage.h"
 
 class ToviData;
 class ToviPhoto;

@@ -1,9 +1,9 @@
 #include "reports/OutputPhotoFolder.h"
 
-#include "document/ToviData.h"
-#include "loading/IndexStylesheets.h"
-#include "platform/DeliveredFolder.h"
-#include "platform/MibFile.h"
+#include "delivery/ToviData.h"
+#include "kinds/IndexStylesheets.h"
+#include "platform/files/DeliveredFolder.h"
+#include "platform/files/MibFile.h"
 
 #include <algorithm>
 

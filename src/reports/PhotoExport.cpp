@@ -1,9 +1,9 @@
 #include "reports/PhotoExport.h"
 
-#include "document/ToviData.h"
-#include "platform/MibFile.h"
+#include "delivery/ToviData.h"
+#include "platform/files/MibFile.h"
 #include "reports/OutputPhotoFolder.h"
-#include "reports/ToviProgressDlg.h"
+#include "work/ToviProgressDlg.h"
 
 #include <algorithm>
 

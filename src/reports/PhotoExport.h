@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/MibCopy.h"
-#include "platform/Text.h"
+#include "platform/files/MibCopy.h"
+#include "platform/text/Text.h"
 
 #include <cstdint>
 #include <unordered_set>

@@ -1,12 +1,12 @@
 #include "reports/PhotoOutput.h"
 
-#include "document/ToviData.h"
-#include "loading/Utility.h"
-#include "platform/HostServices.h"
-#include "platform/MibFile.h"
+#include "delivery/ToviData.h"
+#include "platform/files/MibFile.h"
+#include "platform/host/HostServices.h"
 #include "reports/OutputPhotoFolder.h"
 #include "reports/PhotoExport.h"
 #include "review/SlideMode.h"
+#include "work/Utility.h"
 
 #include <algorithm>
 

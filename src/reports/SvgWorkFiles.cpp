@@ -1,8 +1,8 @@
 #include "reports/SvgWorkFiles.h"
 
-#include "loading/RunWorkFile.h"
-#include "platform/MibFile.h"
-#include "platform/VectorAdaptor.h"
+#include "platform/files/MibFile.h"
+#include "platform/pictures/VectorAdaptor.h"
+#include "work/RunWorkFile.h"
 
 namespace
 {

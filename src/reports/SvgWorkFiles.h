@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Text.h"
+#include "platform/text/Text.h"
 
 /// Work files of this run that stand for SVG files where those can't be shown themselves. They are
 /// used again once they are there, as long as the SVG file stays as it is.

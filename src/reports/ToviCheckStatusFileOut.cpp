@@ -1,18 +1,18 @@
 #include "reports/ToviCheckStatusFileOut.h"
 
-#include "document/ToviData.h"
-#include "loading/Environment.h"
-#include "loading/WorkFolder.h"
-#include "platform/DiskSpace.h"
-#include "platform/HostServices.h"
-#include "platform/Interrupt.h"
-#include "platform/MibFile.h"
-#include "platform/RunFolder.h"
+#include "delivery/ToviData.h"
+#include "inspection/RecordProblems.h"
+#include "platform/files/DiskSpace.h"
+#include "platform/files/MibFile.h"
+#include "platform/files/RunFolder.h"
+#include "platform/host/HostServices.h"
+#include "platform/host/Interrupt.h"
 #include "reports/CheckStatusCells.h"
 #include "reports/CheckStatusPages.h"
 #include "reports/OutputPhotoFolder.h"
-#include "reports/ToviProgressDlg.h"
-#include "review/RecordProblems.h"
+#include "work/Environment.h"
+#include "work/ToviProgressDlg.h"
+#include "work/WorkFolder.h"
 
 namespace
 {

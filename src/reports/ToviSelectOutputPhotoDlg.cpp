@@ -1,6 +1,6 @@
 #include "reports/ToviSelectOutputPhotoDlg.h"
 
-#include "platform/HostServices.h"
+#include "platform/host/HostServices.h"
 
 bool ToviSelectOutputPhotoDlg::DoModal()
 {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Export.h"
+#include "platform/text/Export.h"
 
 /// Asks whether a photograph is saved as it was corrected on the screen or as it was delivered.
 class TOVI_EXPORT ToviSelectOutputPhotoDlg

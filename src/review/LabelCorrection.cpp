@@ -1,6 +1,6 @@
 #include "review/LabelCorrection.h"
 
-#include "platform/HostServices.h"
+#include "platform/host/HostServices.h"
 
 bool ConfirmLabelCorrection()
 {

@@ -1,6 +1,6 @@
 #include "review/LabelEdits.h"
 
-#include "document/ToviPhotoArray.h"
+#include "photos/ToviPhotoArray.h"
 
 #include <numeric>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/CObject.h"
+#include "platform/host/CObject.h"
 #include "review/PhotoReview.h"
 
 #include <array>

@@ -1,6 +1,6 @@
 #include "review/LabelProcessSelectDlg.h"
 
-#include "platform/HostServices.h"
+#include "platform/host/HostServices.h"
 #include "review/LabelCorrection.h"
 
 bool LabelProcessSelectDlg::DoModal()

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Export.h"
+#include "platform/text/Export.h"
 
 /// Asks which correction shall run over the labels of all photographs on show.
 class TOVI_EXPORT LabelProcessSelectDlg

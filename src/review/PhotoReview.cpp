@@ -1,6 +1,6 @@
 #include "review/PhotoReview.h"
 
-#include "document/ToviPhotoArray.h"
+#include "photos/ToviPhotoArray.h"
 
 PhotoReview ReviewOf(const ToviPhoto& photo)
 {

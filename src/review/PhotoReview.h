@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/Text.h"
-#include "review/LabelSlots.h"
+#include "photos/LabelSlots.h"
+#include "platform/text/Text.h"
 
 #include <bitset>
 #include <vector>

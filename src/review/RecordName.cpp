@@ -1,6 +1,6 @@
 #include "review/RecordName.h"
 
-#include "platform/MibFile.h"
+#include "platform/files/MibFile.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Text.h"
+#include "platform/text/Text.h"
 
 /// The path that is proposed for the record of an inspection: in \p folder (without a separator at
 /// its end), named after the work \p title. What no file name may hold, and what would make it

@@ -1,10 +1,10 @@
 #include "review/RecordOrigin.h"
 
-#include "document/PhotoPaths.h"
-#include "document/ToviPhotoArray.h"
-#include "loading/ToviItemDef.h"
-#include "platform/Digest.h"
-#include "platform/MibFile.h"
+#include "items/ToviItemDef.h"
+#include "photos/PhotoPaths.h"
+#include "photos/ToviPhotoArray.h"
+#include "platform/files/Digest.h"
+#include "platform/files/MibFile.h"
 
 #include <algorithm>
 #include <charconv>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "review/LabelSlots.h"
+#include "photos/LabelSlots.h"
 
 #include <string_view>
 

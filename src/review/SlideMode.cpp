@@ -1,6 +1,6 @@
 #include "review/SlideMode.h"
 
-#include "platform/HostServices.h"
+#include "platform/host/HostServices.h"
 
 namespace
 {

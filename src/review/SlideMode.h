@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Export.h"
+#include "platform/text/Export.h"
 
 /// Slide mode (スライドモード) shows photographs to an audience and refuses what would get in the
 /// way. It is one flag for the whole program, off at first; the host says when it begins and ends.

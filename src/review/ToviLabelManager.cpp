@@ -1,6 +1,6 @@
 #include "review/ToviLabelManager.h"
 
-#include "platform/HostServices.h"
+#include "platform/host/HostServices.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/Text.h"
-#include "review/LabelSlots.h"
-#include "settings/StoredValues.h"
+#include "photos/LabelSlots.h"
+#include "platform/store/StoredValues.h"
+#include "platform/text/Text.h"
 
 #include <array>
 

@@ -1,6 +1,6 @@
 #include "review/ToviXmlLoadManager.h"
 
-#include "reports/ToviProgressDlg.h"
+#include "work/ToviProgressDlg.h"
 
 #include <algorithm>
 #include <cstdlib>

@@ -1,8 +1,8 @@
 #include "review/ToviXmlManager.h"
 
-#include "loading/WorkFolder.h"
-#include "platform/HostServices.h"
-#include "platform/MibFile.h"
+#include "platform/files/MibFile.h"
+#include "platform/host/HostServices.h"
+#include "work/WorkFolder.h"
 
 namespace
 {

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/DoxDocument.h"
-#include "platform/DoxIterator.h"
-#include "platform/Text.h"
+#include "platform/text/Text.h"
+#include "platform/xml/DoxDocument.h"
+#include "platform/xml/DoxIterator.h"
 
 #include <memory>
 

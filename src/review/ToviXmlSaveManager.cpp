@@ -1,9 +1,9 @@
 #include "review/ToviXmlSaveManager.h"
 
-#include "platform/DiskSpace.h"
-#include "platform/MibFile.h"
-#include "reports/ToviProgressDlg.h"
+#include "platform/files/DiskSpace.h"
+#include "platform/files/MibFile.h"
 #include "review/RecordTags.h"
+#include "work/ToviProgressDlg.h"
 
 namespace
 {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "document/ToviPhotoArray.h"
+#include "photos/ToviPhotoArray.h"
 #include "review/RecordOrigin.h"
 #include "review/ToviXmlManager.h"
 

@@ -1,5 +1,5 @@
 #include "platform/controls/LumImgWnd.h"
-#include "platform/LumCanvas.h"
+#include "platform/pictures/LumCanvas.h"
 
 #include <gtest/gtest.h>
 

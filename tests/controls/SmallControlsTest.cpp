@@ -3,7 +3,7 @@
 #include "platform/controls/GaluMultiStatusButton.h"
 #include "platform/controls/WenToolBarCtrl.h"
 #include "platform/controls/WindowId.h"
-#include "platform/JapaneseFont.h"
+#include "platform/host/JapaneseFont.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,10 @@
 #include "imagefacts/FactsByTitle.h"
-#include "loading/Environment.h"
-#include "loading/WorkFolder.h"
+#include "platform/exif/PictureSize.h"
 #include "sample/SampleExif.h"
 #include "sample/SamplePictures.h"
 #include "support/OpenedSample.h"
+#include "work/Environment.h"
+#include "work/WorkFolder.h"
 
 #include <gmock/gmock.h>
 
@@ -98,8 +99,8 @@ TEST_F(ImageFacts, GroupsStandInTheirOrder)
         "ファイル変更日時=2024/05/01 00:00:00",
         "撮影日時=2024/05/01 00:00:00",
         "ディジタルデータの作成日時=2024/05/01 00:00:00",
-        "大きさ=" + LumImage::SizeText(width, height),
-        "総画素数=" + LumImage::TotalPixelsText(width, height),
+        "大きさ=" + SizeText(width, height),
+        "総画素数=" + TotalPixelsText(width, height),
         "画像入力機器のメーカー名=KAEDE",
         "画像入力機器のモデル名=GENBA",
         "使用ソフトウェア名=Ver.1.02",
@@ -271,8 +272,8 @@ TEST_F(ImageFacts, FilesTellOfThemselves)
     int width = 0;
     int height = 0;
     ASSERT_TRUE(photo.GetImageSize(width, height));
-    EXPECT_EQ(FileFact(photo, "幅×高さ"), LumImage::SizeText(width, height));
-    EXPECT_EQ(FileFact(photo, "総画素数"), LumImage::TotalPixelsText(width, height));
+    EXPECT_EQ(FileFact(photo, "幅×高さ"), SizeText(width, height));
+    EXPECT_EQ(FileFact(photo, "総画素数"), TotalPixelsText(width, height));
     const CString made = FileFact(photo, "作成日時");
     const std::chrono::hours day(24);
     std::filesystem::last_write_time(path, std::filesystem::last_write_time(path) - day);

@@ -1,8 +1,8 @@
 #include "imagefacts/ImageTypeChoice.h"
 #include "imagefacts/ToviJacicImageChecker.h"
 #include "imagefacts/ToviRicohImageChecker.h"
-#include "platform/Cp932.h"
-#include "platform/HostServices.h"
+#include "platform/host/HostServices.h"
+#include "platform/text/Cp932.h"
 #include "sample/SampleExif.h"
 #include "support/Standins.h"
 

@@ -1,5 +1,5 @@
-#include "platform/Cp932.h"
-#include "platform/HostServices.h"
+#include "platform/host/HostServices.h"
+#include "platform/text/Cp932.h"
 #include "sample/DeliveryBuilder.h"
 #include "support/RunProgram.h"
 #include "support/TempFolder.h"

@@ -1,7 +1,7 @@
 // Where the results of the commands go, and what becomes of a command when they can't.
 
-#include "platform/HostServices.h"
-#include "platform/MibFile.h"
+#include "platform/files/MibFile.h"
+#include "platform/host/HostServices.h"
 #include "sample/DeliveryBuilder.h"
 #include "support/DiskMount.h"
 #include "support/FileTree.h"

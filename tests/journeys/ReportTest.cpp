@@ -1,5 +1,5 @@
-#include "platform/HostServices.h"
-#include "platform/MibFile.h"
+#include "platform/files/MibFile.h"
+#include "platform/host/HostServices.h"
 #include "sample/DeliveryBuilder.h"
 #include "support/FileTree.h"
 #include "support/RunProgram.h"

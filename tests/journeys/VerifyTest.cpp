@@ -3,7 +3,7 @@
 #include "support/RunProgram.h"
 #include "support/Standins.h"
 
-#include "platform/HostServices.h"
+#include "platform/host/HostServices.h"
 
 #include <gmock/gmock.h>
 #include <nlohmann/json.hpp>

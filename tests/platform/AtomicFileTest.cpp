@@ -1,7 +1,7 @@
-#include "platform/AtomicFile.h"
-#include "platform/FileDescriptor.h"
-#include "platform/FileReplacement.h"
-#include "platform/MibCopy.h"
+#include "platform/files/AtomicFile.h"
+#include "platform/files/FileDescriptor.h"
+#include "platform/files/FileReplacement.h"
+#include "platform/files/MibCopy.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>

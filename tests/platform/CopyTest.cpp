@@ -1,4 +1,4 @@
-#include "platform/MibCopy.h"
+#include "platform/files/MibCopy.h"
 #include "support/DiskMount.h"
 #include "support/TempFolder.h"
 

@@ -1,6 +1,6 @@
-#include "platform/Cp932.h"
-#include "platform/DoxDocument.h"
-#include "platform/DoxIterator.h"
+#include "platform/text/Cp932.h"
+#include "platform/xml/DoxDocument.h"
+#include "platform/xml/DoxIterator.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>

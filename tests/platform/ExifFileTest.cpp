@@ -1,5 +1,6 @@
-#include "platform/Cp932.h"
-#include "platform/LumImage.h"
+#include "platform/exif/PictureSize.h"
+#include "platform/pictures/LumImage.h"
+#include "platform/text/Cp932.h"
 #include "sample/DeliveryBuilder.h"
 #include "support/TempFolder.h"
 
@@ -348,7 +349,7 @@ TEST(ExifFile, CountsPixelsInUnitsOfTenThousand)
     } cases[] = {{9999, 1, "9999画素"},         {10000, 1, "1万画素"}, {12345, 1, "1万画素"},
                  {14999, 1, "1万画素"},         {15000, 1, "2万画素"}, {1600, 1200, "192万画素"},
                  {65535, 65535, "429484万画素"}};
-    for (const auto& c : cases) EXPECT_EQ(LumImage::TotalPixelsText(c.width, c.height), c.text);
+    for (const auto& c : cases) EXPECT_EQ(TotalPixelsText(c.width, c.height), c.text);
 }
 
 /// The bytes of a photograph as the sample cameras write it, with all its Exif data in front.
@@ -367,7 +368,7 @@ TEST(ExifFile, AgreesWithThePictureItself)
     int height = 0;
     ASSERT_TRUE(LumImage::GetCommentImageSize(path.c_str(), width, height));
     const LumComments all = LumImage::GetComments(path.c_str());
-    EXPECT_EQ(all[LumCmntImageSize], LumImage::SizeText(width, height));
+    EXPECT_EQ(all[LumCmntImageSize], SizeText(width, height));
     EXPECT_EQ(all[LumCmntMeteringMode], "分割測光");
 }
 

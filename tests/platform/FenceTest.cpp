@@ -1,5 +1,5 @@
 #include "platform/fence/ProcessFence.h"
-#include "platform/HostServices.h"
+#include "platform/host/HostServices.h"
 #include "platform/office/OfficeProcess.h"
 #include "support/TempFolder.h"
 

@@ -1,6 +1,6 @@
-#include "platform/FileLock.h"
+#include "platform/files/FileLock.h"
 
-#include "platform/MibFile.h"
+#include "platform/files/MibFile.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
-#include "platform/DeliveredFolder.h"
-#include "platform/FileDescriptor.h"
-#include "platform/MibFile.h"
-#include "platform/RunFolder.h"
-#include "platform/TextHead.h"
+#include "platform/files/DeliveredFolder.h"
+#include "platform/files/FileDescriptor.h"
+#include "platform/files/MibFile.h"
+#include "platform/files/RunFolder.h"
+#include "platform/files/TextHead.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>

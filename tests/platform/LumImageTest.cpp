@@ -1,4 +1,4 @@
-#include "platform/LumCanvas.h"
+#include "platform/pictures/LumCanvas.h"
 #include "sample/SamplePictures.h"
 #include "support/TempFolder.h"
 

@@ -1,4 +1,4 @@
-#include "platform/MountTable.h"
+#include "platform/files/MountTable.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
-#include "platform/FileProfileStore.h"
-#include "platform/HostServices.h"
-#include "platform/MemoryProfileStore.h"
-#include "platform/ScriptedUserInterface.h"
+#include "platform/host/HostServices.h"
+#include "platform/host/ScriptedUserInterface.h"
+#include "platform/store/FileProfileStore.h"
+#include "platform/store/MemoryProfileStore.h"
 #include "support/FileTree.h"
 #include "support/TempFolder.h"
 

@@ -1,4 +1,4 @@
-#include "platform/Registry.h"
+#include "platform/store/Registry.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>

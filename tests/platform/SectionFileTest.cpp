@@ -1,4 +1,4 @@
-#include "platform/SectionFile.h"
+#include "platform/store/SectionFile.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
-#include "platform/LumCanvas.h"
-#include "platform/VectorAdaptor.h"
+#include "platform/pictures/LumCanvas.h"
+#include "platform/pictures/VectorAdaptor.h"
 #include "sample/SamplePictures.h"
 #include "support/TempFolder.h"
 #include "support/TestHost.h"

@@ -1,5 +1,5 @@
-#include "platform/Cp932.h"
-#include "platform/TextEncoding.h"
+#include "platform/text/Cp932.h"
+#include "platform/text/TextEncoding.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
-#include "platform/ScriptedUserInterface.h"
-#include "platform/TerminalText.h"
-#include "platform/TerminalUserInterface.h"
+#include "platform/host/ScriptedUserInterface.h"
+#include "platform/host/TerminalUserInterface.h"
+#include "platform/text/TerminalText.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
-#include "platform/XslTransform.h"
-#include "platform/Cp932.h"
+#include "platform/xml/XslTransform.h"
+#include "platform/text/Cp932.h"
 #include "support/TempFolder.h"
 
 #include <gmock/gmock.h>

@@ -1,11 +1,11 @@
-#include "loading/Environment.h"
-#include "platform/DiskSpace.h"
-#include "platform/UserFolders.h"
+#include "platform/files/DiskSpace.h"
+#include "platform/files/UserFolders.h"
 #include "reports/CheckStatusCells.h"
 #include "reports/CheckStatusPages.h"
 #include "reports/ToviCheckStatusFileOut.h"
 #include "support/Labels.h"
 #include "support/OpenedSample.h"
+#include "work/Environment.h"
 
 #include <gmock/gmock.h>
 

@@ -1,4 +1,4 @@
-#include "platform/MibFile.h"
+#include "platform/files/MibFile.h"
 #include "reports/CorrectionSave.h"
 #include "reports/OutputPhotoFolder.h"
 #include "reports/PhotoOutput.h"

@@ -1,9 +1,9 @@
 #include "reports/SvgWorkFiles.h"
 
-#include "loading/Environment.h"
-#include "loading/WorkFolder.h"
 #include "support/TempFolder.h"
 #include "support/TestHost.h"
+#include "work/Environment.h"
+#include "work/WorkFolder.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "support/Labels.h"
+#include "inspection/ReviewCounts.h"
 #include "review/LabelRules.h"
-#include "review/ReviewCounts.h"
 #include "support/OpenedSample.h"
 
 #include <gtest/gtest.h>

@@ -1,10 +1,10 @@
-#include "loading/Environment.h"
-#include "platform/Cp932.h"
-#include "platform/DiskSpace.h"
-#include "review/RecordProblems.h"
+#include "inspection/RecordProblems.h"
+#include "platform/files/DiskSpace.h"
+#include "platform/text/Cp932.h"
 #include "review/RecordTags.h"
 #include "support/Labels.h"
 #include "support/OpenedSample.h"
+#include "work/Environment.h"
 
 #include <gmock/gmock.h>
 

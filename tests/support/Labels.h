@@ -1,6 +1,6 @@
 #pragma once
 
-#include "document/ToviData.h"
+#include "delivery/ToviData.h"
 
 /// Labels and comments as a record brings them: any combination, without a mark and a hint. A photo
 /// is a photo index.

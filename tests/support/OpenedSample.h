@@ -1,7 +1,7 @@
 #pragma once
 
-#include "document/ToviData.h"
-#include "loading/ToviEnouDataFactory.h"
+#include "delivery/ToviData.h"
+#include "delivery/ToviEnouDataFactory.h"
 #include "sample/DeliveryBuilder.h"
 #include "support/TempFolder.h"
 #include "support/TestHost.h"

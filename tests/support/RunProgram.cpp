@@ -1,6 +1,6 @@
 #include "support/RunProgram.h"
 
-#include "platform/HostServices.h"
+#include "platform/host/HostServices.h"
 #include "support/TempFolder.h"
 
 #include <fcntl.h>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/HostServices.h"
-#include "platform/MemoryProfileStore.h"
-#include "platform/ScriptedUserInterface.h"
+#include "platform/host/HostServices.h"
+#include "platform/host/ScriptedUserInterface.h"
+#include "platform/store/MemoryProfileStore.h"
 
 /// A host for a test's life: a profile in memory, a scripted user, and the folder of the test
 /// program as that of the application, where the build has put the installed data.

@@ -2,7 +2,7 @@
 // before work is lost.
 
 #include "hosts/viewer/FrameState.h"
-#include "platform/Cp932.h"
+#include "platform/text/Cp932.h"
 #include "support/Texts.h"
 #include "viewer/ShownFrame.h"
 

@@ -1,7 +1,7 @@
 // The main window's keys, slide mode, and what it remembers.
 
 #include "hosts/viewer/SlideShow.h"
-#include "platform/FileProfileStore.h"
+#include "platform/store/FileProfileStore.h"
 #include "review/SlideMode.h"
 #include "support/Texts.h"
 #include "viewer/ShownFrame.h"

@@ -1,12 +1,12 @@
+#include "delivery/MediaCombine.h"
 #include "hosts/viewer/MainFrame.h"
-#include "loading/Environment.h"
-#include "loading/MediaCombine.h"
-#include "platform/MibFile.h"
+#include "platform/files/MibFile.h"
 #include "review/SlideMode.h"
 #include "sample/DeliveryBuilder.h"
 #include "support/TempFolder.h"
 #include "support/TestHost.h"
 #include "support/Texts.h"
+#include "work/Environment.h"
 
 #include <gmock/gmock.h>
 

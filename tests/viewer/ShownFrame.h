@@ -1,11 +1,11 @@
 #pragma once
 
 #include "hosts/viewer/MainFrame.h"
-#include "panels/ToviMpiPanel.h"
-#include "platform/QtText.h"
+#include "platform/text/QtText.h"
 #include "sample/DeliveryBuilder.h"
 #include "support/TempFolder.h"
 #include "support/TestHost.h"
+#include "windows/page/ToviMpiPanel.h"
 
 #include <gmock/gmock.h>
 

@@ -1,6 +1,6 @@
 #include "sample/DeliveryBuilder.h"
 
-#include "platform/Cp932.h"
+#include "platform/text/Cp932.h"
 #include "sample/SampleFile.h"
 #include "sample/SampleIndex.h"
 #include "sample/SamplePictures.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Text.h"
+#include "platform/text/Text.h"
 
 /// How the elements of an XML file are set out on lines.
 enum class SampleLayout

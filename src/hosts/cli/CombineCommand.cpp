@@ -2,11 +2,11 @@
 #include "hosts/cli/Json.h"
 #include "hosts/cli/UserInPlace.h"
 
+#include "delivery/MediaCombine.h"
+#include "delivery/ToviEnouDataFactory.h"
 #include "loading/DeliveryLocation.h"
-#include "loading/MediaCombine.h"
-#include "loading/ToviEnouDataFactory.h"
-#include "loading/WorkFolder.h"
-#include "platform/TerminalUserInterface.h"
+#include "platform/host/TerminalUserInterface.h"
+#include "work/WorkFolder.h"
 
 #include <deque>
 #include <iostream>

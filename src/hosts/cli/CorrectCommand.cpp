@@ -4,7 +4,7 @@
 #include "hosts/cli/Usage.h"
 #include "hosts/cli/UserInPlace.h"
 
-#include "platform/TerminalUserInterface.h"
+#include "platform/host/TerminalUserInterface.h"
 #include "review/LabelProcessSelectDlg.h"
 
 #include <map>

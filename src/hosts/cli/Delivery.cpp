@@ -1,9 +1,9 @@
 #include "hosts/cli/Delivery.h"
 #include "hosts/cli/Usage.h"
 
-#include "platform/CDocument.h"
-#include "platform/HostServices.h"
-#include "platform/TerminalText.h"
+#include "platform/host/CDocument.h"
+#include "platform/host/HostServices.h"
+#include "platform/text/TerminalText.h"
 
 #include <algorithm>
 #include <iostream>

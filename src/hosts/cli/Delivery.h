@@ -1,6 +1,6 @@
 #pragma once
 
-#include "loading/DeliveryOpening.h"
+#include "delivery/DeliveryOpening.h"
 
 #include <CLI/CLI.hpp>
 

@@ -3,7 +3,7 @@
 #include "hosts/cli/Json.h"
 #include "hosts/cli/Records.h"
 
-#include "platform/MibFile.h"
+#include "platform/files/MibFile.h"
 #include "reports/PhotoExport.h"
 
 #include <algorithm>

@@ -1,8 +1,8 @@
 #include "hosts/cli/Commands.h"
 #include "hosts/cli/Json.h"
 
-#include "loading/IndexPage.h"
-#include "platform/MibFile.h"
+#include "delivery/IndexPage.h"
+#include "platform/files/MibFile.h"
 
 #include <iostream>
 

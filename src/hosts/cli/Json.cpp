@@ -1,6 +1,6 @@
 #include "hosts/cli/Json.h"
 
-#include "platform/TerminalText.h"
+#include "platform/text/TerminalText.h"
 
 #include <iostream>
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "document/ToviItem.h"
-#include "document/ToviTextPair.h"
-#include "loading/ToviItemDef.h"
+#include "items/ToviItem.h"
+#include "items/ToviItemDef.h"
+#include "items/ToviTextPair.h"
 
 #include <nlohmann/json.hpp>
 

@@ -2,7 +2,7 @@
 
 #include "hosts/cli/Records.h"
 
-#include "platform/AtomicFile.h"
+#include "platform/files/AtomicFile.h"
 
 #include <iostream>
 

@@ -2,7 +2,7 @@
 
 #include "hosts/cli/Delivery.h"
 
-#include "platform/Text.h"
+#include "platform/text/Text.h"
 
 #include <string_view>
 

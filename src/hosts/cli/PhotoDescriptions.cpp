@@ -1,6 +1,6 @@
 #include "hosts/cli/PhotoDescriptions.h"
 
-#include "platform/HostServices.h"
+#include "platform/host/HostServices.h"
 
 namespace
 {

@@ -2,7 +2,7 @@
 #include "hosts/cli/Json.h"
 #include "hosts/cli/Records.h"
 
-#include "platform/HostServices.h"
+#include "platform/host/HostServices.h"
 
 namespace
 {

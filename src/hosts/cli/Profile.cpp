@@ -1,7 +1,7 @@
 #include "hosts/cli/Profile.h"
 
-#include "platform/FileProfileStore.h"
-#include "platform/HostServices.h"
+#include "platform/host/HostServices.h"
+#include "platform/store/FileProfileStore.h"
 
 #include <optional>
 

@@ -2,10 +2,10 @@
 #include "hosts/cli/OutputFile.h"
 #include "hosts/cli/Records.h"
 
-#include "platform/MibFile.h"
-#include "platform/RunFolder.h"
-#include "platform/UserFolders.h"
-#include "platform/WriteFailure.h"
+#include "platform/files/MibFile.h"
+#include "platform/files/RunFolder.h"
+#include "platform/files/UserFolders.h"
+#include "platform/files/WriteFailure.h"
 
 namespace
 {

@@ -1,11 +1,11 @@
 #include "hosts/cli/Records.h"
 
-#include "platform/DeliveredFolder.h"
-#include "platform/FileVersion.h"
-#include "platform/MibFile.h"
-#include "platform/WriteFailure.h"
+#include "inspection/RecordProblems.h"
+#include "platform/files/DeliveredFolder.h"
+#include "platform/files/FileVersion.h"
+#include "platform/files/MibFile.h"
+#include "platform/files/WriteFailure.h"
 #include "reports/OutputPhotoFolder.h"
-#include "review/RecordProblems.h"
 #include "review/RecordTags.h"
 
 CLI::Option* AddRecordOption(CLI::App& command, RecordArguments& record)

@@ -3,7 +3,7 @@
 #include "hosts/cli/Delivery.h"
 #include "hosts/cli/Json.h"
 
-#include "review/RecordHold.h"
+#include "inspection/RecordHold.h"
 
 /// The record of an inspection, as the user names it.
 struct RecordArguments

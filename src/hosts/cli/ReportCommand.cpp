@@ -3,11 +3,12 @@
 #include "hosts/cli/OutputFile.h"
 #include "hosts/cli/Records.h"
 
-#include "loading/WorkFolder.h"
-#include "platform/AtomicFile.h"
-#include "platform/MibFile.h"
+#include "inspection/RecordProblems.h"
+#include "platform/files/AtomicFile.h"
+#include "platform/files/MibFile.h"
+#include "reports/CheckStatusOutcome.h"
 #include "reports/CheckStatusPages.h"
-#include "review/RecordProblems.h"
+#include "work/WorkFolder.h"
 
 #include <algorithm>
 #include <iostream>

@@ -2,7 +2,7 @@
 
 #include "imagefacts/ImageTypeChoice.h"
 #include "imagefacts/ToviControlValueArray.h"
-#include "platform/Cp932.h"
+#include "platform/text/Cp932.h"
 
 #include <algorithm>
 #include <charconv>

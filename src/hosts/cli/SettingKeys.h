@@ -1,7 +1,7 @@
 #pragma once
 
-#include "document/ToviData.h"
-#include "settings/ReadingLimit.h"
+#include "delivery/ToviData.h"
+#include "work/ReadingLimit.h"
 
 /// The user's settings, apart from whatever keeps them.
 struct UserSettings

@@ -3,7 +3,7 @@
 #include "hosts/cli/Profile.h"
 #include "hosts/cli/SettingKeys.h"
 
-#include "platform/HostServices.h"
+#include "platform/host/HostServices.h"
 
 #include <iostream>
 

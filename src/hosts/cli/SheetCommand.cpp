@@ -4,9 +4,9 @@
 #include "hosts/cli/Records.h"
 #include "hosts/cli/Usage.h"
 
-#include "platform/HostServices.h"
-#include "platform/MachineLacks.h"
-#include "platform/MibFile.h"
+#include "platform/files/MibFile.h"
+#include "platform/host/HostServices.h"
+#include "platform/host/MachineLacks.h"
 #include "reports/ContactSheet.h"
 
 #include <algorithm>

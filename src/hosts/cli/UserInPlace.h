@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/HostServices.h"
+#include "platform/host/HostServices.h"
 
 /// Puts another user in the place of the host's for as long as it lives.
 class UserInPlace

@@ -4,7 +4,7 @@
 #include "imagefacts/ImageTypeChoice.h"
 #include "imagefacts/RicohVerifier.h"
 #include "imagefacts/ToviJacicImageChecker.h"
-#include "platform/MibFile.h"
+#include "platform/files/MibFile.h"
 
 #include <algorithm>
 

@@ -2,12 +2,12 @@
 #include "hosts/cli/Profile.h"
 #include "hosts/cli/Usage.h"
 
-#include "platform/FileProfileStore.h"
-#include "platform/HostProcess.h"
-#include "platform/HostServices.h"
-#include "platform/Interrupt.h"
-#include "platform/MibFile.h"
-#include "platform/TerminalUserInterface.h"
+#include "platform/files/MibFile.h"
+#include "platform/host/HostProcess.h"
+#include "platform/host/HostServices.h"
+#include "platform/host/Interrupt.h"
+#include "platform/host/TerminalUserInterface.h"
+#include "platform/store/FileProfileStore.h"
 
 #include <new>
 

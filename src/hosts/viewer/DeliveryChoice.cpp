@@ -1,10 +1,10 @@
 #include "hosts/viewer/DeliveryChoice.h"
 
+#include "delivery/DeliveryOpening.h"
 #include "loading/DeliveryLocation.h"
-#include "loading/DeliveryOpening.h"
 #include "loading/WorkTitle.h"
-#include "platform/HostServices.h"
-#include "platform/MibFile.h"
+#include "platform/files/MibFile.h"
+#include "platform/host/HostServices.h"
 
 namespace
 {

@@ -1,6 +1,6 @@
 #include "hosts/viewer/FrameActions.h"
 
-#include "panels/Pictures.h"
+#include "windows/pictures/Pictures.h"
 
 #include <QActionGroup>
 #include <QMainWindow>

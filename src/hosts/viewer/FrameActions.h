@@ -1,6 +1,6 @@
 #pragma once
 
-#include "panels/PictureNames.h"
+#include "windows/pictures/PictureNames.h"
 
 #include <QAction>
 

@@ -1,8 +1,8 @@
 #include "hosts/viewer/FrameState.h"
 
-#include "platform/HostServices.h"
-#include "platform/MibFile.h"
-#include "platform/UserFolders.h"
+#include "platform/files/MibFile.h"
+#include "platform/files/UserFolders.h"
+#include "platform/host/HostServices.h"
 
 namespace
 {

@@ -5,12 +5,12 @@
 #include "hosts/viewer/ReviewBar.h"
 #include "hosts/viewer/SlideShow.h"
 #include "hosts/viewer/StartPage.h"
-#include "panels/Pictures.h"
-#include "panels/ToviFolderTreePanel.h"
-#include "panels/ToviLabelTreePanel.h"
-#include "panels/ToviMpiPanel.h"
-#include "platform/HostServices.h"
-#include "platform/QtText.h"
+#include "platform/host/HostServices.h"
+#include "platform/text/QtText.h"
+#include "windows/page/ToviMpiPanel.h"
+#include "windows/pictures/Pictures.h"
+#include "windows/trees/ToviFolderTreePanel.h"
+#include "windows/trees/ToviLabelTreePanel.h"
 
 #include <QApplication>
 #include <QCloseEvent>

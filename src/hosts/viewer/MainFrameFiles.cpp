@@ -1,17 +1,17 @@
 // The main window's commands on files: opening deliveries and records, saving, closing.
 
-#include "dialogs/FileDialog.h"
 #include "hosts/viewer/DeliveryChoice.h"
 #include "hosts/viewer/FrameState.h"
 #include "hosts/viewer/MainFrame.h"
 #include "hosts/viewer/SlideShow.h"
 #include "hosts/viewer/StartPage.h"
-#include "panels/ToviFolderTreePanel.h"
-#include "platform/HostServices.h"
-#include "platform/MibFile.h"
-#include "platform/QtText.h"
+#include "inspection/RecordProblems.h"
+#include "platform/files/MibFile.h"
+#include "platform/host/HostServices.h"
+#include "platform/text/QtText.h"
 #include "review/RecordName.h"
-#include "review/RecordProblems.h"
+#include "windows/dialogs/FileDialog.h"
+#include "windows/trees/ToviFolderTreePanel.h"
 
 #include <QMessageBox>
 #include <QPushButton>

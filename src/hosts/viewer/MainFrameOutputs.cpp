@@ -1,16 +1,16 @@
 // The main window's commands on what leaves the program, and on deliveries that come on discs.
 
+#include "delivery/IndexPage.h"
 #include "hosts/viewer/DeliveryChoice.h"
 #include "hosts/viewer/FrameState.h"
 #include "hosts/viewer/MainFrame.h"
 #include "hosts/viewer/SlideShow.h"
-#include "loading/IndexPage.h"
-#include "platform/HostServices.h"
-#include "platform/QtText.h"
+#include "inspection/RecordProblems.h"
+#include "platform/host/HostServices.h"
+#include "platform/text/QtText.h"
 #include "reports/CorrectionSave.h"
 #include "reports/PhotoOutput.h"
 #include "review/RecordName.h"
-#include "review/RecordProblems.h"
 
 #include <QStatusBar>
 

@@ -1,6 +1,6 @@
 #include "hosts/viewer/NoticeStrip.h"
 
-#include "platform/QtText.h"
+#include "platform/text/QtText.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

@@ -1,7 +1,7 @@
 #include "hosts/viewer/ReviewBar.h"
 
 #include "hosts/viewer/ViewerDocument.h"
-#include "review/ReviewCounts.h"
+#include "inspection/ReviewCounts.h"
 
 #include <QStatusBar>
 

@@ -1,7 +1,7 @@
 #include "hosts/viewer/SlideShow.h"
 
-#include "panels/ToviMpiPanel.h"
 #include "review/SlideMode.h"
+#include "windows/page/ToviMpiPanel.h"
 
 #include <QApplication>
 #include <QDockWidget>

@@ -1,8 +1,8 @@
 #include "hosts/viewer/StartPage.h"
 
-#include "panels/Pictures.h"
 #include "platform/controls/ToolTipText.h"
-#include "platform/QtText.h"
+#include "platform/text/QtText.h"
+#include "windows/pictures/Pictures.h"
 
 #include <QAction>
 #include <QLabel>

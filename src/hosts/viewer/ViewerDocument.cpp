@@ -1,15 +1,15 @@
 #include "hosts/viewer/ViewerDocument.h"
 
-#include "loading/DeliveryOpening.h"
-#include "loading/MediaCombine.h"
-#include "loading/ToviEnouDataFactory.h"
+#include "delivery/DeliveryOpening.h"
+#include "delivery/MediaCombine.h"
+#include "delivery/ToviEnouDataFactory.h"
+#include "inspection/RecordProblems.h"
 #include "loading/WorkTitle.h"
-#include "panels/ToviPanel.h"
 #include "platform/controls/WindowHandle.h"
-#include "platform/DeliveredFolder.h"
-#include "platform/MibFile.h"
+#include "platform/files/DeliveredFolder.h"
+#include "platform/files/MibFile.h"
 #include "reports/OutputPhotoFolder.h"
-#include "review/RecordProblems.h"
+#include "windows/panel/ToviPanel.h"
 
 namespace
 {

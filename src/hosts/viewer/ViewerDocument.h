@@ -1,8 +1,8 @@
 #pragma once
 
-#include "document/ToviData.h"
-#include "platform/CDocument.h"
-#include "review/RecordFile.h"
+#include "delivery/ToviData.h"
+#include "inspection/RecordFile.h"
+#include "platform/host/CDocument.h"
 
 #include <QObject>
 

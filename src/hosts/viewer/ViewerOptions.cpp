@@ -1,7 +1,7 @@
 #include "hosts/viewer/ViewerOptions.h"
 
-#include "platform/QtText.h"
-#include "platform/TerminalText.h"
+#include "platform/text/QtText.h"
+#include "platform/text/TerminalText.h"
 
 #include <QCommandLineParser>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "loading/PhotoXMLType.h"
-#include "platform/Text.h"
+#include "kinds/PhotoXMLType.h"
+#include "platform/text/Text.h"
 
 #include <QStringList>
 

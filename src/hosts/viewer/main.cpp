@@ -1,12 +1,12 @@
-#include "dialogs/QtUserInterface.h"
 #include "hosts/viewer/MainFrame.h"
 #include "hosts/viewer/ViewerOptions.h"
 #include "platform/controls/GaluFont.h"
-#include "platform/FileProfileStore.h"
-#include "platform/HostProcess.h"
-#include "platform/HostServices.h"
-#include "platform/MachineLacks.h"
-#include "platform/QtText.h"
+#include "platform/host/HostProcess.h"
+#include "platform/host/HostServices.h"
+#include "platform/host/MachineLacks.h"
+#include "platform/store/FileProfileStore.h"
+#include "platform/text/QtText.h"
+#include "windows/dialogs/QtUserInterface.h"
 
 #include <QApplication>
 #include <QLibraryInfo>

@@ -1,6 +1,6 @@
 #include "platform/controls/GaluFont.h"
 
-#include "platform/JapaneseFont.h"
+#include "platform/host/JapaneseFont.h"
 
 QFont GaluFont::MsPGothic9pt()
 {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Export.h"
+#include "platform/text/Export.h"
 
 #include <QModelIndex>
 #include <QWidget>

@@ -1,6 +1,6 @@
 #include "platform/controls/GaluMultiStatusButton.h"
 
-#include "platform/QtText.h"
+#include "platform/text/QtText.h"
 
 #include <QStyleOptionButton>
 #include <QStylePainter>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/Export.h"
-#include "platform/Text.h"
+#include "platform/text/Export.h"
+#include "platform/text/Text.h"
 
 #include <QAbstractButton>
 #include <QIcon>

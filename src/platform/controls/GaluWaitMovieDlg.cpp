@@ -1,7 +1,7 @@
 #include "platform/controls/GaluWaitMovieDlg.h"
 
 #include "platform/controls/WaitMovie.h"
-#include "platform/QtText.h"
+#include "platform/text/QtText.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/controls/WenDialog.h"
-#include "platform/Text.h"
+#include "platform/text/Text.h"
 
 #include <QElapsedTimer>
 #include <QTimer>

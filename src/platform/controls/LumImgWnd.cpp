@@ -1,6 +1,6 @@
 #include "platform/controls/LumImgWnd.h"
 
-#include "platform/LumPicture.h"
+#include "platform/pictures/LumPicture.h"
 
 #include <QContextMenuEvent>
 #include <QMouseEvent>

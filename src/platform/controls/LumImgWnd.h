@@ -2,7 +2,7 @@
 
 #include "platform/controls/ImageView.h"
 #include "platform/controls/ReducedImages.h"
-#include "platform/Export.h"
+#include "platform/text/Export.h"
 
 #include <QWidget>
 

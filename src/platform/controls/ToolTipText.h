@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/QtText.h"
+#include "platform/text/QtText.h"
 
 #include <QTextDocument>
 

@@ -1,6 +1,6 @@
 #include "platform/controls/WenToolBarCtrl.h"
 
-#include "platform/QtText.h"
+#include "platform/text/QtText.h"
 
 #include <QAction>
 

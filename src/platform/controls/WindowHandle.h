@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/CWnd.h"
+#include "platform/host/CWnd.h"
 
 #include <QWidget>
 

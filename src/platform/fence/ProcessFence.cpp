@@ -1,6 +1,6 @@
 #include "platform/fence/ProcessFence.h"
 
-#include "platform/FileDescriptor.h"
+#include "platform/files/FileDescriptor.h"
 
 #include <fcntl.h>
 #include <linux/filter.h>

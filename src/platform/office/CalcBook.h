@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/office/Office.h"
-#include "platform/SpreadsheetApplication.h"
+#include "platform/sheets/SpreadsheetApplication.h"
 
 #include <com/sun/star/sheet/XSpreadsheet.hpp>
 #include <com/sun/star/sheet/XSpreadsheetDocument.hpp>

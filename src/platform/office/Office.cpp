@@ -1,7 +1,7 @@
 #include "platform/office/Office.h"
 
+#include "platform/files/RunFolder.h"
 #include "platform/office/UnoText.h"
-#include "platform/RunFolder.h"
 
 #include <com/sun/star/bridge/BridgeFactory.hpp>
 #include <com/sun/star/bridge/XBridgeFactory2.hpp>

@@ -1,7 +1,0 @@
-#include "document/ToviPhotoArrayFactory.h"
-
-void ToviPhotoArrayFactory::ClearAway(ToviPhotoArray& photos)
-{
-    for (const ToviPhoto* photo : photos) delete photo;
-    photos.RemoveAll();
-}

@@ -1,9 +1,0 @@
-#include "platform/CArray.h"
-
-#include <string>
-
-void ThrowOutsideArray(int index, int size)
-{
-    throw InvalidArgument("index " + std::to_string(index) + " outside an array of " +
-                          std::to_string(size));
-}

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "platform/text/Text.h"
+
+/// The places of the user that registry texts may name. All without a trailing separator; empty
+/// when there is no such folder.
+struct UserFolders
+{
+    /// What stands for the drive of the system in front of "/...": nothing on this platform, where
+    /// the root of the file system takes its place.
+    CString windowsDrive;
+    CString documents;
+    CString desktop;
+    /// The folder for temporary files, without symbolic links.
+    CString temporary;
+};
+
+/// The folders of the user that runs the program, as the desktop's settings name them. Documents
+/// and desktop fall back on the folders that are usual, then on the home folder.
+TOVI_EXPORT UserFolders CurrentUserFolders();
+
+/// A folder of ours in the folder \p temporary that nobody else can reach into; empty when it can't
+/// be made, or when somebody else has put something in its place.
+TOVI_EXPORT CString PrivateTemporaryFolder(const CString& temporary);
+
+/// The full path for our configuration file \p name of this user; empty when the user has no home
+/// folder.
+CString ConfigurationFile(std::string_view name);

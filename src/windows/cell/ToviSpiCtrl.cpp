@@ -1,0 +1,447 @@
+#include "windows/cell/ToviSpiCtrl.h"
+
+#include "imagefacts/ControlValueParser.h"
+#include "imagefacts/ToviControlValueArray.h"
+#include "platform/controls/GaluDSplitter.h"
+#include "platform/controls/GaluFont.h"
+#include "platform/controls/LumImgWnd.h"
+#include "platform/controls/WindowId.h"
+#include "platform/text/QtText.h"
+#include "windows/cell/CellChild.h"
+#include "windows/cell/CellRect.h"
+#include "windows/cell/ToviControlValueTable.h"
+#include "windows/cell/ToviLabelButton.h"
+#include "windows/cell/ToviNamePlate.h"
+#include "windows/cell/ToviSpiListCtrl.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPointer>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+using namespace std::chrono_literals;
+
+namespace
+{
+/// A key held down turns pages without reading a full picture.
+constexpr auto loadDelay = 100ms;
+constexpr auto loadPause = 2ms;
+constexpr int valuePaneHeight = 75;
+constexpr int smallestPaneHeight = 40;
+constexpr QColor failColor(230, 255, 230);
+
+/// Shows \p shown where \p hidden stood. The focus stays in this place: left to itself, Qt would
+/// move it on to some other cell.
+void ShowInPlaceOf(QWidget* hidden, QWidget* shown)
+{
+    const bool hadFocus = hidden->hasFocus();
+    shown->show();
+    if (hadFocus) shown->setFocus();
+    hidden->hide();
+}
+
+/// A menu or window that closes gives the focus back, by which nobody turns to a photograph.
+bool IsGivenBack(Qt::FocusReason reason)
+{
+    return reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason ||
+           reason == Qt::ActiveWindowFocusReason;
+}
+
+QWidget* MakePane(const QString& name, int id, std::initializer_list<QWidget*> children)
+{
+    auto* const pane = new QWidget;
+    pane->setAccessibleName(name);
+    SetWindowId(pane, id);
+    auto* const layout = new QVBoxLayout(pane);
+    layout->setContentsMargins(1, 0, 1, 0);
+    for (QWidget* child : children) {
+        child->setAccessibleName(name);
+        layout->addWidget(child);
+    }
+    return pane;
+}
+} // namespace
+
+ToviSpiCtrl::ToviSpiCtrl(ToviData* theData, CDocument*, const ToviPhotoCtrlVisualSetting* setting,
+                         int id, QWidget* parent)
+    : QWidget(parent), data(theData), visualSetting(setting), windowId(id)
+{
+    SetWindowId(this, id);
+    setFont(GaluFont::MsPGothic9pt());
+    loadTimer.setSingleShot(true);
+    CreatePicture();
+    CreateInformation();
+    ConnectChildren();
+    WatchChildren();
+    ApplyLabelNames();
+    ClearPhoto();
+}
+
+void ToviSpiCtrl::CreatePicture()
+{
+    imageWnd = new LumImgWnd(this);
+    imageWnd->SetCommand(LumImgWnd::commandMove);
+    LumImgWnd::m_zoomIsViewport = true;
+    SetWindowId(imageWnd, idImage);
+
+    failPlate = new QLabel(QStringLiteral("表示できません"), this);
+    failPlate->setAlignment(Qt::AlignCenter);
+    failPlate->setFocusPolicy(Qt::StrongFocus);
+    failPlate->setAutoFillBackground(true);
+    QPalette colors = failPlate->palette();
+    colors.setColor(QPalette::Window, failColor);
+    colors.setColor(QPalette::WindowText, Qt::black);
+    failPlate->setPalette(colors);
+    SetWindowId(failPlate, idFailPlate);
+
+    namePlate = new ToviNamePlate(this);
+}
+
+void ToviSpiCtrl::CreateInformation()
+{
+    splitter = new GaluDSplitter(Qt::Vertical, this);
+    SetWindowId(splitter, idSplitter);
+
+    infoList = new ToviSpiListCtrl(visualSetting, splitter);
+    SetWindowId(infoList, idInfoList);
+    valueTable = new ToviControlValueTable(splitter);
+    SetWindowId(valueTable, idValueTable);
+    valueEdit = new QPlainTextEdit(splitter);
+    valueEdit->setReadOnly(true);
+    valueEdit->setTabChangesFocus(true);
+    valueEdit->setPlaceholderText(QtText(controlValueTitle));
+    SetWindowId(valueEdit, idValueEdit);
+
+    splitter->SetPane(0, MakePane(QStringLiteral("写真情報"), idTopPane, {infoList}));
+    splitter->SetPane(1,
+                      MakePane(QtText(controlValueTitle), idBottomPane, {valueTable, valueEdit}));
+    splitter->SetMinimums(smallestPaneHeight, smallestPaneHeight);
+    splitter->SetPosition(-valuePaneHeight);
+}
+
+void ToviSpiCtrl::ConnectChildren()
+{
+    connect(&loadTimer, &QTimer::timeout, this, &ToviSpiCtrl::OnLoadTimer);
+    connect(imageWnd, &LumImgWnd::Clicked, this, &ToviSpiCtrl::OnClicked);
+    connect(imageWnd, &LumImgWnd::DoubleClicked, this, &ToviSpiCtrl::OnDoubleClicked);
+    connect(imageWnd, &LumImgWnd::RightClicked, this, &ToviSpiCtrl::OnRightClicked);
+    connect(infoList, &GaluListCtrl::Clicked, this, &ToviSpiCtrl::OnClicked);
+    connect(infoList, &GaluListCtrl::DoubleClicked, this, &ToviSpiCtrl::OnDoubleClicked);
+    connect(infoList, &GaluListCtrl::RightClicked, this, &ToviSpiCtrl::OnRightClicked);
+    connect(namePlate, &ToviNamePlate::Clicked, this, [this] {
+        const QPointer<ToviSpiCtrl> alive = this;
+        OnClicked();
+        if (alive) namePlate->setFocus();
+    });
+    connect(namePlate, &ToviNamePlate::DoubleClicked, this, &ToviSpiCtrl::OnDoubleClicked);
+    connect(namePlate, &ToviNamePlate::RightClicked, this, &ToviSpiCtrl::OnRightClicked);
+    connect(namePlate, &ToviNamePlate::KeyPressed, this, &ToviSpiCtrl::KeyPressed);
+    connect(namePlate, &ToviNamePlate::LabelFlipped, this, &ToviSpiCtrl::OnLabelClicked);
+}
+
+void ToviSpiCtrl::WatchChildren()
+{
+    for (QWidget* child : findChildren<QWidget*>()) child->installEventFilter(this);
+}
+
+void ToviSpiCtrl::SetPhoto(int index)
+{
+    ToviPhoto* const photo = data->GetPhoto(index);
+    if (photo == nullptr) {
+        ClearPhoto();
+        return;
+    }
+    const int newIndex = data->GetIndexPhotoArray(index);
+    const bool isSame = newIndex == actualIndex;
+    if (!isSame) ReleasePicture();
+    photoIndex = index;
+    actualIndex = newIndex;
+    LayoutChildren();
+    ShowPicture(*photo, isSame);
+    if (!data->GetItemDef()->IsEmpty()) {
+        photo->LoadExif();
+        FillItems(*photo);
+        infoList->itemColours.AddShowSettings(visualSetting->GetItemShowSettings());
+        FillValues(*photo);
+    }
+    ShowPlate(*photo);
+    update();
+}
+
+void ToviSpiCtrl::ClearPhoto()
+{
+    ReleasePicture();
+    photoIndex = -1;
+    actualIndex = -1;
+    loadTimer.stop();
+    imageOk = true;
+    imageWnd->SetDisableImage();
+    ShowInPlaceOf(failPlate, imageWnd);
+    infoList->Clear();
+    valueTable->Clear();
+    valueEdit->clear();
+    ShowInPlaceOf(valueTable, valueEdit);
+    namePlate->SetActive(false);
+    namePlate->SetHasDrawings(false);
+    namePlate->SetEditCheckResult(ToviPhoto::EditCheckNone);
+    namePlate->SetTitle({});
+    InvalidateNamePlate();
+    LayoutChildren();
+    update();
+}
+
+bool ToviSpiCtrl::Shows(int index) const
+{
+    return actualIndex >= 0 && data->GetIndexPhotoArray(index) == actualIndex;
+}
+
+/// What keeps memory bounded while pages are turned.
+void ToviSpiCtrl::ReleasePicture()
+{
+    ToviPhoto* const photo = data->GetPhotoActualPhotoArray(actualIndex);
+    if (photo != nullptr) photo->ReleaseImage();
+}
+
+/// \p isSame: the same photograph was on show before; what the user looks at stays in sight.
+void ToviSpiCtrl::ShowPicture(ToviPhoto& photo, bool isSame)
+{
+    if (!isSame) imageOk = true;
+    if (photo.IsImageLoaded()) {
+        imageOk = true;
+        loadTimer.stop();
+    } else {
+        photo.LoadThumb();
+        // From when the whole page is there, which may take longer than the delay.
+        QMetaObject::invokeMethod(
+            this, [this] { loadTimer.start(loadDelay); }, Qt::QueuedConnection);
+    }
+    ShowLoadedImage(photo, isSame);
+}
+
+void ToviSpiCtrl::ShowLoadedImage(const ToviPhoto& photo, bool isSame)
+{
+    if (isSame) {
+        imageWnd->RefreshImage(&photo.GetImage());
+    } else {
+        imageWnd->SetImage(&photo.GetImage());
+    }
+    if (imageOk) {
+        ShowInPlaceOf(failPlate, imageWnd);
+    } else {
+        ShowInPlaceOf(imageWnd, failPlate);
+    }
+}
+
+void ToviSpiCtrl::OnLoadTimer()
+{
+    ToviPhoto* const photo = data->GetPhotoActualPhotoArray(actualIndex);
+    if (photo == nullptr) return;
+    // The timers of a page run out together. Between two pictures the user is heard.
+    static QElapsedTimer sinceLastOfAll;
+    if (sinceLastOfAll.isValid() && sinceLastOfAll.elapsed() < loadPause.count()) {
+        loadTimer.start(loadPause);
+        return;
+    }
+    imageOk = photo->LoadImage();
+    ShowLoadedImage(*photo, true);
+    sinceLastOfAll.start();
+}
+
+void ToviSpiCtrl::FillInfo()
+{
+    infoList->Clear();
+    infoList->itemColours.Clear();
+    valueTable->Clear();
+    const ToviPhoto* const photo = Photo();
+    if (photo == nullptr || data->GetItemDef()->IsEmpty()) return;
+    FillItems(*photo);
+    FillValues(*photo);
+    LayoutChildren();
+}
+
+void ToviSpiCtrl::FillItems(const ToviPhoto& photo)
+{
+    ItemColours& colours = infoList->itemColours;
+    if (colours.IsEmpty()) colours.AddDefinitions(*data->GetItemDef());
+    ToviTextPairArray pairs;
+    photo.GetTextPairs(data->GetItemDef(), visualSetting->GetItemShowSettings(), pairs);
+    infoList->Fill(pairs);
+}
+
+void ToviSpiCtrl::FillValues(const ToviPhoto& photo)
+{
+    const CString text = photo.GetTitle(data->GetItemDef()->GetIndexFromTitle(controlValueTitle));
+    ToviControlValues values;
+    ParseControlValues(text, values);
+    valueTable->SetValues(values);
+    valueEdit->setPlainText(QtText(text));
+    if (valueTable->GetItemCount() > 0) {
+        ShowInPlaceOf(valueEdit, valueTable);
+    } else {
+        ShowInPlaceOf(valueTable, valueEdit);
+    }
+}
+
+void ToviSpiCtrl::ShowPlate(ToviPhoto& photo)
+{
+    const auto titleType = visualSetting->GetTitleShowType();
+    namePlate->SetTitle(photo.GetTitle(data->GetItemDef()->GetIndexFromEnum(titleType)));
+    namePlate->SetHasDrawings(photo.GetPictureCount() > 0);
+    namePlate->SetActive(true);
+    UpdateLabelButtons();
+    data->CheckEditJPEG(&photo);
+    namePlate->SetEditCheckResult(photo.GetEditChkResult());
+    InvalidateNamePlate();
+}
+
+void ToviSpiCtrl::LayoutChildren()
+{
+    const ToviPhoto* const photo = Photo();
+    const bool hasStrip =
+        visualSetting->GetVisibleComment() && photo != nullptr && !photo->GetComment().empty();
+    const CellLayout layout =
+        LayOutCell(width(), height(), visualSetting->GetImageTextArrange(), hasStrip);
+    imageWnd->setGeometry(AsRect(layout.image));
+    failPlate->setGeometry(AsRect(layout.image));
+    const bool hasInformation = layout.information.width > 0;
+    if (!hasInformation && splitter->isAncestorOf(QApplication::focusWidget()))
+        namePlate->setFocus();
+    splitter->setGeometry(AsRect(layout.information));
+    splitter->ShowPane(1, visualSetting->GetItemShowSettings().IsBold(controlValueTitle));
+    splitter->setVisible(hasInformation);
+    namePlate->setGeometry(AsRect(layout.plate));
+}
+
+void ToviSpiCtrl::ApplyLabelNames()
+{
+    namePlate->SetLabelNames(*data->GetLabelManager());
+    UpdateLabelButtons();
+}
+
+void ToviSpiCtrl::UpdateLabelButtons()
+{
+    const ToviPhoto* const photo = Photo();
+    if (photo != nullptr) namePlate->ShowLabels(*photo);
+}
+
+void ToviSpiCtrl::FocusChild(int childId)
+{
+    const int target = ChildToFocus(childId, imageOk, valueTable->GetItemCount() > 0);
+    for (QWidget* child : findChildren<QWidget*>()) {
+        if (target == 0 || WindowId(child) != target || !child->isEnabled()) continue;
+        child->setFocus();
+        return;
+    }
+    setFocus();
+}
+
+void ToviSpiCtrl::ClearAnchor()
+{
+    if (imageWnd->IsEnableImage()) imageWnd->ExecClearAnchor();
+}
+
+void ToviSpiCtrl::InvalidateNamePlate(bool)
+{
+    const ToviPhoto* const photo = Photo();
+    namePlate->SetSelected(photo != nullptr && photo->IsSelected());
+}
+
+QSize ToviSpiCtrl::GetImageSize() const
+{
+    return imageWnd->size();
+}
+
+void ToviSpiCtrl::OnLabelClicked(int label)
+{
+    const ToviPhoto* const photo = Photo();
+    if (photo == nullptr) return;
+    const QPointer<ToviSpiCtrl> alive = this;
+    const auto slot = static_cast<unsigned int>(label);
+    // What the press flipped tells of the label, which only a comment brings.
+    if (slot == LabelComment) UpdateLabelButtons();
+    if (slot != LabelComment && photo->IsLabelPasted(slot)) {
+        emit RemoveLabelRequested(slot, this);
+    } else {
+        emit PasteLabelRequested(slot, this);
+    }
+    if (alive) OnClicked();
+}
+
+void ToviSpiCtrl::OnCommentWindowClicked(QWidget* strip)
+{
+    const QPointer<QWidget> alive = strip;
+    OnClicked();
+    if (alive) strip->setFocus();
+}
+
+void ToviSpiCtrl::OnCommentWindowDblClicked(QWidget*)
+{
+    OnLabelClicked(LabelComment);
+}
+
+void ToviSpiCtrl::OnRightClicked()
+{
+    const QPointer<ToviSpiCtrl> alive = this;
+    namePlate->setFocus();
+    emit RightClicked(windowId);
+    if (!alive || namePlate->IsActive()) return;
+    namePlate->setFocus();
+    InvalidateNamePlate();
+}
+
+/// The focus in a child that shows the photograph selects the cell.
+void ToviSpiCtrl::OnChildFocused(const QObject* child)
+{
+    const QObject* const ofPhoto[] = {imageWnd,         failPlate,          namePlate,
+                                      infoList->View(), valueTable->View(), valueEdit};
+    const ToviPhoto* const photo = Photo();
+    if (std::ranges::find(ofPhoto, child) == std::end(ofPhoto)) return;
+    if (photo != nullptr && !photo->IsSelected()) OnClicked();
+}
+
+bool ToviSpiCtrl::eventFilter(QObject* watched, QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::KeyPress:
+        return ForwardPageKey(*static_cast<QKeyEvent*>(event));
+    case QEvent::FocusIn:
+        if (!IsGivenBack(static_cast<QFocusEvent*>(event)->reason())) OnChildFocused(watched);
+        return false;
+    default:
+        return QWidget::eventFilter(watched, event);
+    }
+}
+
+void ToviSpiCtrl::keyPressEvent(QKeyEvent* event)
+{
+    if (!ForwardPageKey(*event)) QWidget::keyPressEvent(event);
+}
+
+/// Ctrl with a key that moves through the pages is the panel's, wherever in the cell the focus is.
+bool ToviSpiCtrl::ForwardPageKey(const QKeyEvent& event)
+{
+    if (!(event.modifiers() & Qt::ControlModifier)) return false;
+    switch (event.key()) {
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+        emit KeyPressed(event.key());
+        return true;
+    default:
+        return false;
+    }
+}
+
+void ToviSpiCtrl::resizeEvent(QResizeEvent*)
+{
+    LayoutChildren();
+}

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "platform/text/Export.h"
+#include "platform/text/Text.h"
+
+#include <QImage>
+
+#include <vector>
+
+/// What a list of photographs shows, by row: the position in the current array. A list asks for the
+/// rows in sight alone, each time it draws one, and an answer may read files.
+class TOVI_EXPORT PhotoListSource
+{
+public:
+    virtual ~PhotoListSource() = default;
+
+    /// The calls of a refill, which read no file: the number of rows, the titles of the report's
+    /// columns, and the selected row (-1: none).
+    virtual int Count() const = 0;
+    virtual std::vector<CString> Columns() const = 0;
+    virtual int SelectedRow() const = 0;
+
+    /// The text below a thumbnail.
+    virtual CString Caption(int row) = 0;
+    /// The text of a report's cell; empty for a column that doesn't exist.
+    virtual CString Text(int row, int column) = 0;
+    /// The state icon of a report's row: 0 for none, 1 unaltered, 2 altered.
+    virtual int StateImage(int row) = 0;
+    /// The thumbnail, of \p scale device pixels to each pixel of the layout. A null image when
+    /// there is none: it is asked for again at the next drawing.
+    virtual QImage Tile(int row, double scale) = 0;
+};

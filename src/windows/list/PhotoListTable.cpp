@@ -1,0 +1,127 @@
+#include "windows/list/PhotoListTable.h"
+
+#include "platform/controls/GaluListCtrl.h"
+#include "platform/controls/ToolTipText.h"
+#include "windows/pictures/Pictures.h"
+
+#include <algorithm>
+
+namespace
+{
+/// The room for tiles, in bytes: some screens full of them on the largest screens, and 1,300 tiles
+/// where a pixel of the layout is one of the device.
+constexpr int tileRoom = 128 * 1024 * 1024;
+constexpr int stateNone = 515;
+constexpr int stateUnaltered = 513;
+constexpr int stateAltered = 514;
+constexpr int stateIconSide = 16;
+} // namespace
+
+PhotoListTable::PhotoListTable(PhotoListSource& theSource, GaluListCtrl* theList)
+    : QAbstractTableModel(theList), source(theSource), list(theList), tiles(tileRoom)
+{
+    for (const int number : {stateNone, stateUnaltered, stateAltered}) {
+        stateIcons.push_back(PictureIcons(number).front());
+    }
+}
+
+void PhotoListTable::Refill()
+{
+    beginResetModel();
+    rows = source.Count();
+    columns = ShowsTiles() ? std::vector<CString>(1) : source.Columns();
+    DropTiles();
+    endResetModel();
+}
+
+void PhotoListTable::DropTile(int row)
+{
+    tiles.remove(row);
+    states.erase(row);
+}
+
+void PhotoListTable::DropTiles()
+{
+    tiles.clear();
+    states.clear();
+}
+
+int PhotoListTable::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : rows;
+}
+
+int PhotoListTable::columnCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(columns.size());
+}
+
+QVariant PhotoListTable::data(const QModelIndex& index, int role) const
+{
+    switch (role) {
+    case Qt::DisplayRole:
+        return QtText(Text(index));
+    case Qt::ToolTipRole:
+        // The tip shows what a narrow column or two short lines cut off.
+        return ToolTipText(Text(index));
+    case Qt::DecorationRole:
+        return Picture(index);
+    case Qt::SizeHintRole:
+        return RowSize(index.row());
+    default:
+        return {};
+    }
+}
+
+QVariant PhotoListTable::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal || section < 0 || section >= columnCount()) return {};
+    const CString& title = columns[static_cast<std::size_t>(section)];
+    if (role == Qt::DisplayRole) return QtText(title);
+    if (role == Qt::ToolTipRole) return ToolTipText(title);
+    if (role == Qt::TextAlignmentRole) return static_cast<int>(Qt::AlignVCenter | Qt::AlignLeft);
+    return {};
+}
+
+bool PhotoListTable::ShowsTiles() const
+{
+    return list->GetLook() == GaluListCtrl::Look::Icon;
+}
+
+CString PhotoListTable::Text(const QModelIndex& index) const
+{
+    return ShowsTiles() ? source.Caption(index.row()) : source.Text(index.row(), index.column());
+}
+
+QVariant PhotoListTable::Picture(const QModelIndex& index) const
+{
+    if (ShowsTiles()) return Tile(index.row());
+    return index.column() == 0 ? StateIcon(index.row()) : QVariant();
+}
+
+QIcon PhotoListTable::StateIcon(int row) const
+{
+    const auto [state, isNew] = states.try_emplace(row, 0);
+    if (isNew) state->second = source.StateImage(row);
+    return stateIcons[static_cast<std::size_t>(state->second)];
+}
+
+QPixmap PhotoListTable::Tile(int row) const
+{
+    const double scale = list->devicePixelRatioF();
+    const QPixmap* const kept = tiles.object(row);
+    if (kept != nullptr && kept->devicePixelRatio() == scale) return *kept;
+    const QImage built = source.Tile(row, scale);
+    if (built.isNull()) return {};
+    QPixmap tile = QPixmap::fromImage(built);
+    tile.setDevicePixelRatio(scale);
+    tiles.insert(row, new QPixmap(tile), built.sizeInBytes());
+    return tile;
+}
+
+/// A report takes the height of all its rows from the first one, which needn't be read for that.
+QVariant PhotoListTable::RowSize(int row) const
+{
+    if (row != 0) return {};
+    return QSize(0, std::max(list->fontMetrics().height(), stateIconSide));
+}

@@ -1,0 +1,86 @@
+#pragma once
+
+#include "platform/controls/GaluListCtrl.h"
+#include "windows/list/PhotoListSource.h"
+
+#include <QTimer>
+
+class PhotoListTable;
+class ToviCommentWindow;
+class WenToolBarCtrl;
+
+/// All photographs of the current array in one scrolling list: thumbnails (Look::Icon) or lines
+/// with columns (Look::Report). Beside the selected one floats a tool bar with the labels, the
+/// floaty, which stays away while something moves.
+///
+/// Selection, places and scrolling are those of the base. Its signal Scrolled also tells that a key
+/// was handled, after KeyPressed, and that the floaty has found its place.
+class TOVI_EXPORT ToviPhotoListCtrl : public GaluListCtrl
+{
+    Q_OBJECT
+
+public:
+    /// An empty list; one of the two calls below fills it. \p theSource outlives it.
+    ToviPhotoListCtrl(Look listLook, PhotoListSource& theSource, QWidget* parent);
+
+    /// Fills the list anew and drops all tiles. The source's selected row, or the first if there is
+    /// none, is selected (which ItemSelected tells) and in view, and the floaty scheduled. Tiles
+    /// and texts are asked for when a row is drawn.
+    void SetupThumbListCtrl();
+    /// The same for the report view, with the source's columns. The window with the focus keeps it.
+    void SetupMngmntListCtrl();
+
+    /// Selects \p row, moves the mark there and brings it into view.
+    void SelectItem(int row);
+    /// Drops the tile of \p row, so that the next drawing, which is asked for, builds it anew.
+    void ResetItem(int row);
+    /// The same for all rows.
+    void UpdateImageList();
+
+    /// Shows the floaty beside the selected item \p delay milliseconds from now, and hides it until
+    /// then; or hides it for good.
+    void ScheduleFloaty(bool show, unsigned delay = 0);
+    /// Lets the floaty's button of \p label (0 to 5) show whether the label is pasted. The
+    /// comment's never looks pressed.
+    void SetButtonState(int label, bool pasted);
+
+    /// The comment strip \p strip, a child of View()->viewport(), was clicked: selects its
+    /// photograph.
+    void OnCommentWindowClicked(const ToviCommentWindow* strip);
+    /// One was double-clicked: acts as the floaty's button for comments.
+    void OnCommentWindowDblClicked();
+
+signals:
+    /// The user pressed the floaty's button of \p label.
+    void FloatyPressed(unsigned int label);
+    /// \p row has become the selected one, by the user or by a call.
+    void ItemSelected(int row);
+    /// No row is selected any more.
+    void SelectionCleared();
+    /// The base's DoubleClicked and RightClicked, for places with an item alone.
+    void ItemDoubleClicked(int row);
+    void ItemRightClicked(int row);
+
+protected:
+    /// Right at the last item.
+    bool IsKeyIgnored(int key) const override;
+    void OnKey(int key, int markBefore) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void CreateFloaty();
+    void ConnectBase();
+    void Refill();
+    void DelayFloaty(unsigned delay);
+    void HideFloaty();
+    void ShowFloaty();
+    bool FilterFloaty(QEvent& event);
+    int LeadingColumnsWidth() const;
+
+    PhotoListSource& source;
+    PhotoListTable* table;
+    QTimer timer;
+    WenToolBarCtrl* floaty = nullptr;
+    bool floatyOn = false;
+};

@@ -1,0 +1,58 @@
+#include "windows/panel/LabelCommands.h"
+
+#include "review/LabelRules.h"
+#include "review/SlideMode.h"
+
+void LabelCommands::Paste(int photo, unsigned int label)
+{
+    if (photo < 0 || label >= labelCount) return;
+    if (label == LabelComment) {
+        EditComment(photo);
+    } else {
+        Change(photo, [label](PhotoReview& review) { LabelRules::Paste(review, label); });
+    }
+}
+
+void LabelCommands::EditComment(int photo)
+{
+    const ToviData* const document = desk.Document();
+    const std::optional<CString> answer =
+        desk.AskComment(document->GetPhotoActualPhotoArray(photo)->GetComment());
+    // Closed meanwhile, and the photograph is gone with it.
+    if (!answer || desk.Document() != document) return;
+    Change(photo, [&answer](PhotoReview& review) { LabelRules::EditComment(review, *answer); });
+}
+
+void LabelCommands::Remove(int photo, unsigned int label)
+{
+    if (photo < 0 || label >= labelCount) return;
+    if (label == LabelComment && RefuseInSlideMode(SlideModeRefusal::EditComment)) return;
+    Change(photo, [label](PhotoReview& review) { LabelRules::Remove(review, label); });
+}
+
+void LabelCommands::RemoveAll(int photo)
+{
+    if (photo >= 0) Change(photo, LabelRules::RemoveAllLabel);
+}
+
+void LabelCommands::Toggle(int photo, unsigned int label)
+{
+    if (photo < 0) return;
+    if (label == LabelComment) {
+        if (!RefuseInSlideMode(SlideModeRefusal::EditComment)) Paste(photo, label);
+    } else if (desk.Document()->GetPhotoActualPhotoArray(photo)->IsLabelPasted(label)) {
+        Remove(photo, label);
+    } else {
+        Paste(photo, label);
+    }
+}
+
+void LabelCommands::Change(int photo, const LabelEdits::Rule& rule)
+{
+    ToviData* const document = desk.Document();
+    LabelEdits& edits = document->GetLabelEdits();
+    const LabelEdit edit = edits.Make(LabelEdit::OnePhoto, {&photo, 1}, rule, window);
+    edits.Apply(edit);
+    // Whoever heard of it may have closed the document.
+    if (desk.Document() == document) desk.ShowEdit(edit);
+}

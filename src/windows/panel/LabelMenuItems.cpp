@@ -1,0 +1,13 @@
+#include "windows/panel/LabelMenuItems.h"
+
+LabelMenuItems EnabledLabelItems(const ToviPhoto& photo)
+{
+    LabelMenuItems items;
+    for (unsigned int label = 0; label < labelCount; ++label) {
+        const bool pasted = photo.IsLabelPasted(label);
+        items.paste[label] = !pasted;
+        items.remove[label] = pasted;
+        items.removeAll |= pasted;
+    }
+    return items;
+}

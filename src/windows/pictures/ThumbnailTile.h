@@ -1,0 +1,33 @@
+#pragma once
+
+#include "photos/ToviPhoto.h"
+
+#include <QIcon>
+#include <QImage>
+
+#include <vector>
+
+class QPainter;
+
+/// Makes the tiles of the thumbnail list: a sheet with the photograph, and what is known of it.
+class TOVI_EXPORT ThumbnailTile
+{
+public:
+    ThumbnailTile();
+
+    /// The size of every tile, in pixels of the layout.
+    static QSize Size();
+
+    /// The tile of \p photo, with \p scale device pixels to each pixel of the layout. Reads the
+    /// photograph's file; one that is no picture gives a tile that says so. A null image when there
+    /// is no memory for it.
+    QImage CreateThumbImage(ToviPhoto& photo, double scale) const;
+
+private:
+    bool DrawPhoto(QPainter& painter, const LumImage& image, double scale) const;
+    void DrawFailure(QPainter& painter) const;
+    void AddInfoBmp(QPainter& painter, const ToviPhoto& photo) const;
+
+    std::vector<QIcon> infoIcons;
+    QSize infoIconSize;
+};

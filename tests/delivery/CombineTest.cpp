@@ -1,0 +1,236 @@
+#include "delivery/MediaCombine.h"
+#include "platform/files/MibFile.h"
+#include "support/DiskMount.h"
+#include "support/OpenedSample.h"
+#include "support/Texts.h"
+#include "work/Environment.h"
+#include "work/WorkFolder.h"
+
+#include <gmock/gmock.h>
+
+namespace
+{
+namespace fs = std::filesystem;
+using testing::ElementsAre;
+using testing::StartsWith;
+
+constexpr const char* finished =
+    "写真データの取込（コピー）が完了しました。\n『QV-フォトビューア』での閲覧を開始します。";
+constexpr const char* copyFailed =
+    "写真データの取込（コピー）に失敗しました。\nメディア単位での閲覧を行ってください。";
+
+/// A delivery of six photographs on three discs, whose drive is of the kind that the test says.
+class Combine : public testing::Test
+{
+protected:
+    Combine() : before(GetEnvironment())
+    {
+        builder.Write(temp.Path("set"));
+        const CString discs = temp.Path("set");
+        SetEnvironment({Registry(temp.Path("user.ini"), temp.Path("machine.ini")),
+                        {"", temp.MakeFolder("documents"), "", ""},
+                        [this, discs](const CString& path) {
+                            return path.starts_with(discs) ? kind : DriveType::Fixed;
+                        }});
+        Open(1);
+    }
+    ~Combine() override { SetEnvironment(before); }
+
+    CString Disc(int number) const
+    {
+        return builder.DiscFolder(temp.Path("set"), number) + "/PHOTO";
+    }
+
+    void Open(int disc)
+    {
+        ToviEnouDataFactory creator;
+        document.reset(creator.Create(nullptr, Disc(disc).c_str(), PhotoXMLMlit, nullptr, nullptr));
+    }
+
+    bool Run(std::initializer_list<std::optional<CString>> next)
+    {
+        host.user.folders = next;
+        return factory.StartCombineProc(Disc(1), document.get(), true);
+    }
+
+    int Found() const
+    {
+        int found = 0;
+        for (ToviPhoto* photo : *document->GetPhotoDataArray()) found += photo->IsExistFile();
+        return found;
+    }
+
+    DeliveryBuilder builder{{.photos = 6, .drawings = 3, .discs = 3}};
+    TestHost host;
+    TempFolder temp;
+    Environment before;
+    DriveType kind = DriveType::Optical;
+    std::unique_ptr<ToviData> document;
+    ToviEnouDataFactory factory;
+};
+
+TEST_F(Combine, GathersAllDiscsInTheWorkArea)
+{
+    for (const DriveType drive : {DriveType::Optical, DriveType::Removable}) {
+        kind = drive;
+        factory.DeleteTempData();
+        Open(1);
+        host.user.calls.clear();
+        EXPECT_TRUE(Run({Disc(2), Disc(3)}));
+        EXPECT_THAT(Texts(host.user.Messages()), ElementsAre(finished));
+        EXPECT_EQ(Found(), 6);
+        const CString area = FindCombineArea().folder;
+        EXPECT_EQ(area, SuiteFolder() + "QV-CombineData");
+        EXPECT_EQ(factory.GetDataFolderPath(), area + "/PHOTO");
+        EXPECT_EQ(document->Title(), area + "/PHOTO");
+        EXPECT_EQ(document->GetItemDef()->GetParentPath(), area + "/");
+        EXPECT_TRUE(MibIsFileExist(area + "/INDEX_C.XML"));
+        for (ToviPhoto* photo : *document->GetPhotoDataArray()) {
+            EXPECT_THAT(photo->GetImagePath(), StartsWith(area));
+            for (const CString& path : photo->GetPicturePaths())
+                EXPECT_THAT(path, StartsWith(area));
+        }
+    }
+    document.reset();
+    factory.DeleteTempData();
+    EXPECT_FALSE(fs::exists(FindCombineArea().folder));
+    EXPECT_EQ(host.user.calls.back().kind, ScriptedUserInterface::CallKind::Progress);
+    EXPECT_EQ(host.user.calls[host.user.calls.size() - 2].text, "作業領域のデータの削除中...");
+}
+
+TEST_F(Combine, DiscsNamedInLowerCaseMeetInOneFolder)
+{
+    fs::rename(Disc(1) + "/PIC", Disc(1) + "/pic");
+    fs::rename(Disc(3) + "/PHOTO.XML", Disc(3) + "/photo.xml");
+    EXPECT_TRUE(Run({Disc(2), Disc(3)}));
+    EXPECT_EQ(Found(), 6);
+}
+
+TEST_F(Combine, ListsWhatIsMissingUntilTheUserGivesUp)
+{
+    EXPECT_TRUE(Run({temp.Path("documents"), "", Disc(2), std::nullopt}));
+    constexpr const char* noPhotoXml =
+        "指定したフォルダ内にPHOTO.XMLファイルが存在しません。\n再度、"
+        "フォルダの指定を行ってください。";
+    EXPECT_THAT(Texts(host.user.Messages()), ElementsAre(noPhotoXml, noPhotoXml));
+    EXPECT_EQ(Found(), 4);
+    CStringArray missing;
+    const auto expected = builder.ExpectedItems();
+    for (const int photo : {4, 5}) {
+        for (const auto& item : expected[static_cast<std::size_t>(photo)]) {
+            const bool isFile = item.title == "写真ファイル名" || item.title == "参考図ファイル名";
+            if (isFile && !item.value.empty()) missing.Add(item.value);
+        }
+    }
+    const FolderQuestion& question = host.user.folderQuestion;
+    EXPECT_THAT(Texts(question.list), testing::UnorderedElementsAreArray(Texts(missing)));
+    EXPECT_EQ(question.listTitle,
+              Format("リンクが切れているファイル　（ファイル数：%d）", missing.GetSize()));
+    EXPECT_EQ(question.title, "次のデータを開く");
+    const auto& asked = host.user.calls;
+    EXPECT_EQ(std::find_if(asked.rbegin(), asked.rend(),
+                           [](const auto& call) {
+                               return call.kind == ScriptedUserInterface::CallKind::FolderQuestion;
+                           })
+                  ->text,
+              Disc(2))
+        << "the question starts at the folder given last";
+}
+
+TEST_F(Combine, UsesAHardDiskInItsPlace)
+{
+    for (const DriveType drive : {DriveType::Fixed, DriveType::Remote, DriveType::RamDisk}) {
+        kind = drive;
+        Open(1);
+        host.user.calls.clear();
+        EXPECT_TRUE(Run({Disc(2), Disc(3)}));
+        EXPECT_EQ(Found(), 6);
+        EXPECT_THAT(Texts(host.user.Messages()), ElementsAre(finished));
+        EXPECT_EQ(factory.GetDataFolderPath(), Disc(3));
+        EXPECT_FALSE(fs::exists(FindCombineArea().folder));
+    }
+    for (const DriveType drive : {DriveType::Unknown, DriveType::NoRoot}) {
+        kind = drive;
+        host.user.calls.clear();
+        EXPECT_FALSE(Run({}));
+        EXPECT_THAT(Texts(host.user.Messages()),
+                    ElementsAre("不正なフォルダパスです。再度パスの指定を行ってください。"));
+    }
+    EXPECT_FALSE(factory.StartCombineProc(Disc(1), nullptr, true));
+}
+
+TEST_F(Combine, UsesItsOwnAreaInItsPlaceOnARemovableDiskToo)
+{
+    EXPECT_TRUE(StartsCombineArea(Disc(1)));
+    EXPECT_TRUE(Run({Disc(2)}));
+    const CString gathered = FindCombineArea().photoFolder;
+    Environment removable = GetEnvironment();
+    removable.driveTypeOf = [](const CString&) { return DriveType::Removable; };
+    SetEnvironment(removable);
+    EXPECT_FALSE(StartsCombineArea(gathered));
+    ToviEnouDataFactory creator;
+    document.reset(creator.Create(nullptr, gathered.c_str(), PhotoXMLMlit, nullptr, nullptr));
+    host.user.folders = {Disc(3)};
+    EXPECT_TRUE(creator.StartCombineProc(gathered, document.get(), true));
+    EXPECT_EQ(Found(), 6);
+}
+
+TEST_F(Combine, LeavesAnAreaAloneThatAnotherDeliveryIsOpenFrom)
+{
+    EXPECT_TRUE(Run({Disc(2), Disc(3)}));
+    std::unique_ptr<ToviData> other = std::move(document);
+    Open(1);
+    host.user.calls.clear();
+    factory.DeleteTempData();
+    EXPECT_FALSE(Run({Disc(2), Disc(3)}));
+    EXPECT_THAT(Texts(host.user.Messages()),
+                ElementsAre(testing::HasSubstr("ほかのプログラムで開かれています")));
+    document = std::move(other);
+    EXPECT_EQ(Found(), 6);
+}
+
+TEST_F(Combine, LeavesNothingWhenADiscIsPulledOut)
+{
+    // The disc is a mount of its own where the test may make one, else its folder goes.
+    const CString disc = builder.DiscFolder(temp.Path("set"), 2);
+    const CString aside = temp.Path("aside");
+    fs::rename(disc, aside);
+    fs::create_directories(disc);
+    DiskMount mounted(disc, "tmpfs", "size=64m");
+    fs::copy(aside, disc, fs::copy_options::recursive);
+    int pumps = 0;
+    host.user.onPump = [&] {
+        const bool onSecond = !host.user.folderQuestion.title.empty();
+        if (!onSecond || ++pumps != 3) return;
+        if (mounted.IsThere()) {
+            mounted.PullOut();
+        } else {
+            fs::remove_all(disc);
+        }
+    };
+    EXPECT_FALSE(Run({Disc(2)}));
+    EXPECT_THAT(Texts(host.user.Messages()), ElementsAre(copyFailed));
+    EXPECT_GE(pumps, 3);
+    EXPECT_FALSE(factory.IsCombineCancelled());
+    EXPECT_FALSE(fs::exists(FindCombineArea().folder));
+}
+
+TEST_F(Combine, LeavesNothingOfWhatTheUserHasCancelled)
+{
+    host.user.cancelAtPumps = {5};
+    EXPECT_FALSE(Run({Disc(2), Disc(3)}));
+    EXPECT_TRUE(factory.IsCombineCancelled());
+    EXPECT_TRUE(host.user.Messages().IsEmpty()) << "nothing has failed";
+    EXPECT_FALSE(fs::exists(FindCombineArea().folder));
+    EXPECT_THAT(host.user.progress, testing::Contains("message 写真・参考図 のコピー中..."));
+}
+
+TEST_F(Combine, LeavesNothingWhenTheWorkVolumeIsFull)
+{
+    const DiskMount volume(temp.Path("documents"), "tmpfs", "size=300k");
+    if (!volume.IsThere()) GTEST_SKIP() << "only root may mount";
+    EXPECT_FALSE(Run({}));
+    EXPECT_THAT(Texts(host.user.Messages()), ElementsAre(copyFailed));
+    EXPECT_FALSE(fs::exists(FindCombineArea().folder));
+}
+} // namespace

@@ -1,0 +1,1 @@
+#include "windows/page/Thing.h"

@@ -1,0 +1,1 @@
+#include "work/Record.h"

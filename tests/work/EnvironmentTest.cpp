@@ -1,0 +1,259 @@
+#include "work/Environment.h"
+#include "platform/host/HostServices.h"
+#include "platform/host/ScriptedUserInterface.h"
+#include "support/TempFolder.h"
+#include "work/DriveType.h"
+#include "work/ProductList.h"
+#include "work/Utility.h"
+#include "work/WorkFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <optional>
+#include <set>
+
+namespace
+{
+using enum RegistryHive;
+
+constexpr const char* homeKey = "SOFTWARE\\Orvane Systems\\QVHomeKey";
+
+class WorkFolder : public testing::Test
+{
+protected:
+    WorkFolder()
+    {
+        SetEnvironment({Registry(temp.Path("user.ini"), temp.Path("machine.ini")),
+                        {"", temp.MakeFolder("書類"), temp.MakeFolder("desk"),
+                         temp.MakeFolder("long temporary")},
+                        [](const CString&) { return DriveType::Optical; }});
+    }
+
+    Registry& TheRegistry() const { return GetEnvironment().registry; }
+
+    void Name(RegistryHive hive, const CString& text, RegistryType type = RegistryType::Text) const
+    {
+        TheRegistry().WriteValue(hive, homeKey, "QVScratch", {type, text});
+    }
+
+    void Install(RegistryHive hive, const CString& product, const CString& folder) const
+    {
+        TheRegistry().WriteValue(hive, "Software\\Orvane Systems\\" + product + "\\Common\\Path",
+                                 "Program", {RegistryType::Text, folder});
+    }
+
+    /// The work folder, with the test's own folder as "~"; "none" when there is none.
+    CString Found() const
+    {
+        CString path = "untouched";
+        if (GetWorkFolder(path)) return ReplaceAll(path, temp.Path(), "~");
+        EXPECT_EQ(path, "untouched");
+        return "none";
+    }
+
+    TempFolder temp;
+};
+
+TEST_F(WorkFolder, LocationOfTheUsersHive)
+{
+    temp.MakeFolder("long temporary/long temporary");
+    const struct
+    {
+        CString text;
+        CString expected;
+    } cases[] = {
+        {"$(PersonalTemp)", "~/long temporary/QVScratch"},
+        {"$(PersonalTemp)\\", "~/long temporary/QVScratch"},
+        {"$(PersonalDocument)\\新規", "~/書類/新規/QVScratch"},
+        {"$(PersonalDeskTop)", "~/desk/QVScratch"},
+        {"$(WinDrive)" + ReplaceAll(temp.Path("desk"), "/", "\\"), "~/desk/QVScratch"},
+        {"$(PersonalTemp)\\../long temporary$(WinDrive)$(WinDrive)",
+         "~/long temporary/../long temporary/QVScratch"},
+        // What can't be used, is no macro in this case, or is too short gives the documents.
+        {temp.Path("missing/deep"), "~/書類/QVScratch"},
+        {"$(personaltemp)", "~/書類/QVScratch"},
+        {"desk", "~/書類/QVScratch"},
+        {"\\", "~/書類/QVScratch"},
+        {"x", "~/書類/QVScratch"},
+        {"", "~/書類/QVScratch"},
+    };
+    for (const auto& location : cases) {
+        for (const auto type : {RegistryType::Text, RegistryType::ExpandableText}) {
+            Name(CurrentUser, location.text, type);
+            EXPECT_EQ(Found(), location.expected) << location.text;
+        }
+    }
+    EXPECT_TRUE(std::filesystem::is_directory(temp.Path("書類/新規")));
+    EXPECT_FALSE(std::filesystem::exists(temp.Path("desk/QVScratch")));
+    Name(CurrentUser, temp.Path("desk"), RegistryType::Other);
+    EXPECT_EQ(Found(), "~/書類/QVScratch");
+}
+
+TEST_F(WorkFolder, MachinesLocationBecomesTheUsers)
+{
+    Name(LocalMachine, "$(PersonalTemp)\\");
+    Name(CurrentUser, "x");
+    EXPECT_EQ(Found(), "~/long temporary/QVScratch");
+    EXPECT_EQ(TheRegistry().ReadValue(CurrentUser, homeKey, "QVScratch"),
+              (RegistryValue{RegistryType::ExpandableText, "$(PersonalTemp)\\"}));
+    Name(LocalMachine, "$(PersonalDeskTop)");
+    EXPECT_EQ(Found(), "~/long temporary/QVScratch");
+}
+
+TEST_F(WorkFolder, MachinesLocationServesWhenTheUsersHiveCannotBeWritten)
+{
+    Name(LocalMachine, "$(PersonalTemp)");
+    GetEnvironment().registry = Registry("", temp.Path("machine.ini"));
+    EXPECT_EQ(Found(), "~/long temporary/QVScratch");
+}
+
+TEST_F(WorkFolder, UnusableLocationOfTheMachineGivesTheRootOnce)
+{
+    Name(LocalMachine, temp.Path("missing/deep"));
+    EXPECT_EQ(Found(), "/QVScratch");
+    // It is the user's by now.
+    EXPECT_EQ(Found(), "~/書類/QVScratch");
+}
+
+TEST_F(WorkFolder, InstalledProductsFollowTheRegistry)
+{
+    const Product& first = ProductList().front();
+    const Product& last = ProductList().back();
+    const CString firstKey = first.key;
+    ASSERT_EQ(first.levels, 2);
+    ASSERT_EQ(last.levels, 3);
+    for (const char* name : {"a/1/p", "b/1/p", "c/1/p", "d/1/p", "e/1/2/p"}) temp.MakeFolder(name);
+
+    Install(CurrentUser, last.key, temp.Path("e/1/2/p"));
+    EXPECT_EQ(Found(), "~/書類/QVScratch") << "not under a version";
+    Install(CurrentUser, CString(last.key) + "\\1.0", temp.Path("e/1/2/p"));
+    EXPECT_EQ(Found(), "~/e/QVScratch");
+    Install(CurrentUser, firstKey + "\\9.9", temp.Path("a/1/p"));
+    EXPECT_EQ(Found(), "~/a/QVScratch") << "rows in order";
+    Install(LocalMachine, firstKey + "\\1.0", temp.Path("b/1/p"));
+    EXPECT_EQ(Found(), "~/b/QVScratch") << "the machine's hive first";
+    Install(LocalMachine, firstKey + "\\10.0", temp.Path("c/1/p"));
+    EXPECT_EQ(Found(), "~/c/QVScratch");
+    Install(LocalMachine, firstKey + "\\9.0", ReplaceAll(temp.Path("d/1/p"), "/", "\\") + "\\\\");
+    EXPECT_EQ(Found(), "~/d/QVScratch") << "in the order of texts, not of numbers";
+    Install(LocalMachine, firstKey + "\\9.5", temp.Path("missing"));
+    EXPECT_EQ(Found(), "~/d/QVScratch") << "folders that aren't there are passed over";
+    Install(LocalMachine, firstKey + "\\9.6", "/tmp");
+    EXPECT_EQ(Found(), "/QVScratch") << "levels end at the root";
+}
+
+TEST_F(WorkFolder, FailsWithNothingToGoBy)
+{
+    GetEnvironment().folders.documents.clear();
+    EXPECT_EQ(Found(), "none");
+    char buffer[4] = "abc";
+    EXPECT_EQ(SuiteFolder(), "");
+    EXPECT_EQ(GetSuiteFolder(sizeof buffer, buffer), 0u);
+    EXPECT_STREQ(buffer, "abc");
+}
+
+TEST_F(WorkFolder, SuiteFolderInABuffer)
+{
+    const CString expected = temp.Path("書類/QVScratch/QV-SUITE/");
+    const auto length = static_cast<unsigned int>(expected.size());
+    EXPECT_EQ(SuiteFolder(), expected);
+    CString buffer(expected.size() + 1, '?');
+    EXPECT_EQ(GetSuiteFolder(length, buffer.data()), length + 1);
+    EXPECT_EQ(buffer[0], '?');
+    EXPECT_EQ(GetSuiteFolder(0, nullptr), length + 1);
+    EXPECT_EQ(GetSuiteFolder(length + 1, nullptr), 0u);
+    EXPECT_EQ(GetSuiteFolder(length + 1, buffer.data()), length);
+    EXPECT_EQ(buffer, expected + '\0');
+}
+
+TEST_F(WorkFolder, DriveQuestions)
+{
+    EXPECT_EQ(ToviGetDriveType("/media/disc"), 5u);
+    for (const char* path : {"", "media/disc", "C:", "\\\\server"}) {
+        EXPECT_EQ(ToviGetDriveType(path), 0u) << path;
+    }
+    EXPECT_EQ(ToviGetDriveType(nullptr), 0u);
+    CString name = "untouched";
+    for (const char* path : {"Z:\\delivery", "/delivery", "Z:", ""}) {
+        EXPECT_EQ(ToviGetUniversalName(path, name, true), 0) << path;
+    }
+    EXPECT_EQ(name, "untouched");
+}
+
+/// An environment variable that has its old value again at the end of the object's life.
+class Variable
+{
+public:
+    Variable(const char* variable, const CString& value) : name(variable)
+    {
+        if (const char* const now = std::getenv(variable)) old = now;
+        setenv(variable, value.c_str(), 1);
+    }
+    Variable(const Variable&) = delete;
+    Variable& operator=(const Variable&) = delete;
+    ~Variable() { old ? setenv(name, old->c_str(), 1) : unsetenv(name); }
+
+private:
+    const char* name;
+    std::optional<CString> old;
+};
+
+TEST(UserFolders, FollowTheDesktopsSettingsThenTheUsualNames)
+{
+    const TempFolder temp;
+    const CString home = temp.MakeFolder("home");
+    temp.MakeFolder("long");
+    std::filesystem::create_directory_symlink(temp.Path("long"), temp.Path("link"));
+    const Variable homeVariable("HOME", home + "/");
+    const Variable configVariable("XDG_CONFIG_HOME", temp.Path("config"));
+    const Variable temporaryVariable("TMPDIR", temp.Path("link/"));
+    const auto Documents = [&home] { return CurrentUserFolders().documents.substr(home.size()); };
+
+    EXPECT_EQ(Documents(), "");
+    temp.MakeFolder("home/Documents");
+    EXPECT_EQ(Documents(), "/Documents");
+    const CString settings = "# comment\nXDG_DESKTOP_DIR=\"" + temp.MakeFolder("机 $") +
+                             "\"\nXDG_DOCUMENTS_DIR=\"$HOME/書類\"\n";
+    temp.Write("config/user-dirs.dirs", ReplaceAll(settings, "$\"", "\\$\""));
+    EXPECT_EQ(Documents(), "/Documents") << "the folder in the settings is missing";
+    temp.MakeFolder("home/書類");
+    EXPECT_EQ(Documents(), "/書類");
+    EXPECT_EQ(CurrentUserFolders().desktop, temp.Path("机 $"));
+    EXPECT_EQ(CurrentUserFolders().temporary, temp.Path("long"));
+    EXPECT_EQ(CurrentUserFolders().windowsDrive, "");
+    EXPECT_EQ(ConfigurationFile("x.ini"), temp.Path("config/tovi/x.ini"));
+    const Variable relative("XDG_CONFIG_HOME", "relative");
+    EXPECT_EQ(ConfigurationFile("x.ini"), home + "/.config/tovi/x.ini");
+}
+
+TEST(ProductList, KeysAreDistinctAndLevelsTwoOrThree)
+{
+    std::set<CString> keys;
+    for (const Product& product : ProductList()) {
+        keys.insert(FoldCase(product.key));
+        EXPECT_TRUE(product.levels == 2 || product.levels == 3) << product.key;
+    }
+    EXPECT_EQ(keys.size(), 12u);
+}
+
+TEST(BrowseForFolder, AsksTheUserWithItsTitleAndStyle)
+{
+    CString folder = "/start";
+    EXPECT_FALSE(Utility2::BrowseForFolder(folder, nullptr)) << "nobody to ask";
+    ScriptedUserInterface user;
+    user.folders = {"/chosen", std::nullopt};
+    InstallHostServices({&user, nullptr, {}, {}});
+    EXPECT_TRUE(Utility::BrowseForFolder(folder, nullptr, "出力先"));
+    EXPECT_EQ(folder, "/chosen");
+    EXPECT_FALSE(Utility2::BrowseForFolder(folder, nullptr));
+    InstallHostServices({});
+    EXPECT_EQ(folder, "/chosen");
+    ASSERT_EQ(user.calls.size(), 2u);
+    EXPECT_EQ(user.calls[0].text, "/start");
+    EXPECT_EQ(user.calls[0].caption, "出力先");
+    EXPECT_EQ(user.calls[0].style, FolderChooserStyle::Plain);
+    EXPECT_EQ(user.calls[1].caption, "フォルダの選択");
+    EXPECT_EQ(user.calls[1].style, FolderChooserStyle::WithEditField);
+}
+} // namespace
