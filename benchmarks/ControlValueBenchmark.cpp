@@ -4,6 +4,9 @@
 #include "benchmarks/Samples.h"
 #include "imagefacts/ControlValueParser.h"
 #include "imagefacts/ToviControlValueArray.h"
+#include "items/ToviItemDef.h"
+#include "photos/ToviPhoto.h"
+#include "photos/ToviPhotoArray.h"
 
 #include <benchmark/benchmark.h>
 

@@ -1,6 +1,7 @@
 // The export of photographs, beside a bare copy of the same files.
 
 #include "benchmarks/Samples.h"
+#include "items/ToviPhotoCtrlVisualSetting.h"
 #include "reports/PhotoExport.h"
 
 #include <benchmark/benchmark.h>

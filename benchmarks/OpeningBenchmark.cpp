@@ -1,6 +1,9 @@
 // Opening a delivery, beside the bare decoding and parsing of the same bytes.
 
 #include "benchmarks/Samples.h"
+#include "items/ToviPhotoCtrlVisualSetting.h"
+#include "photos/ToviPhoto.h"
+#include "photos/ToviPhotoArray.h"
 #include "platform/files/MibFile.h"
 #include "platform/text/Cp932.h"
 

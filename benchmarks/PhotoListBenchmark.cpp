@@ -1,6 +1,7 @@
 // The lists of all photographs: filling them, up to the first painted screen, and scrolling the
 // thumbnails on by a screen, beside the bare decoding of the same pictures at a reduced size.
 
+#include "items/ToviPhotoCtrlVisualSetting.h"
 #include "Samples.h"
 #include "support/OpenedSample.h"
 #include "windows/list/PhotoListContent.h"

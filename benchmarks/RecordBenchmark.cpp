@@ -2,6 +2,8 @@
 // decoding and parsing of the same bytes.
 
 #include "benchmarks/Samples.h"
+#include "photos/ToviPhoto.h"
+#include "photos/ToviPhotoArray.h"
 #include "platform/files/MibFile.h"
 #include "platform/text/Cp932.h"
 #include "review/RecordTags.h"

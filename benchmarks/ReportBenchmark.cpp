@@ -2,9 +2,12 @@
 // repeated, one write for all texts and a save. The time until the office answers is told apart.
 
 #include "benchmarks/Samples.h"
+#include "items/ToviPhotoCtrlVisualSetting.h"
+#include "photos/LabelSlots.h"
 #include "platform/files/MibFile.h"
 #include "reports/CheckStatusPages.h"
 #include "reports/ToviCheckStatusFileOut.h"
+#include "review/ToviLabelManager.h"
 #include "support/Labels.h"
 #include "work/Environment.h"
 

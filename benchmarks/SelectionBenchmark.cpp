@@ -3,6 +3,11 @@
 
 #include "benchmarks/Samples.h"
 #include "extraction/ToviExtractionDlg.h"
+#include "extraction/ToviSortCondition.h"
+#include "items/ToviItemDef.h"
+#include "items/ToviPhotoCtrlVisualSetting.h"
+#include "photos/ToviPhoto.h"
+#include "photos/ToviPhotoArray.h"
 #include "platform/text/Cp932.h"
 
 #include <benchmark/benchmark.h>

@@ -2,6 +2,13 @@
 // pairs of many photographs beside bare copies of the same texts.
 
 #include "benchmarks/Samples.h"
+#include "items/Definition.h"
+#include "items/ToviItemDef.h"
+#include "items/ToviItemShowSettings.h"
+#include "items/ToviPhotoCtrlVisualSetting.h"
+#include "items/ToviTextPair.h"
+#include "photos/ToviPhoto.h"
+#include "photos/ToviPhotoArray.h"
 #include "platform/store/FileProfileStore.h"
 
 #include <benchmark/benchmark.h>

@@ -4,6 +4,7 @@
 
 #include "delivery/ToviData.h"
 #include "delivery/ToviEnouDataFactory.h"
+#include "items/ToviPhotoCtrlVisualSetting.h"
 #include "sample/DeliveryBuilder.h"
 
 #include <memory>

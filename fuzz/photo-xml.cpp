@@ -4,7 +4,9 @@
 
 #include "delivery/ToviData.h"
 #include "delivery/ToviEnouDataFactory.h"
+#include "items/ToviPhotoCtrlVisualSetting.h"
 #include "loading/DeliveryLocation.h"
+#include "photos/ToviPhoto.h"
 
 #include <memory>
 

@@ -4,6 +4,8 @@
 
 #include "delivery/ToviData.h"
 #include "delivery/ToviEnouDataFactory.h"
+#include "photos/LabelSlots.h"
+#include "photos/ToviPhoto.h"
 #include "platform/xml/DoxWriter.h"
 #include "sample/DeliveryBuilder.h"
 #include "support/Labels.h"

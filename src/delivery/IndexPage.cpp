@@ -1,6 +1,7 @@
 #include "delivery/IndexPage.h"
 
 #include "delivery/ToviData.h"
+#include "items/ToviItemDef.h"
 #include "kinds/IndexStylesheets.h"
 #include "loading/IndexCopy.h"
 #include "platform/files/AtomicFile.h"

@@ -2,6 +2,9 @@
 
 #include "delivery/OpenNextDataDlg.h"
 #include "delivery/ToviData.h"
+#include "items/ToviItemDef.h"
+#include "photos/ToviPhoto.h"
+#include "photos/ToviPhotoArray.h"
 #include "platform/files/FolderClaim.h"
 #include "platform/files/MibCopy.h"
 #include "platform/files/MibFile.h"

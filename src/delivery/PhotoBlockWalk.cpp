@@ -3,6 +3,8 @@
 #include "delivery/ToviData.h"
 #include "loading/RepeatingBlockWalk.h"
 #include "loading/UnreadValues.h"
+#include "photos/ToviPhoto.h"
+#include "photos/ToviPhotoArray.h"
 
 namespace
 {

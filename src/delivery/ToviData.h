@@ -1,28 +1,34 @@
 #pragma once
 
 #include "delivery/ReadingCounts.h"
-#include "extraction/ToviExtractionDlg.h"
-#include "extraction/ToviSortCondition.h"
-#include "imagefacts/ToviImageCheckCommon.h"
 #include "items/ToviItem.h"
-#include "items/ToviItemDef.h"
-#include "items/ToviItemManager.h"
-#include "items/ToviPhotoCtrlVisualSetting.h"
+#include "items/TreeType.h"
+#include "kinds/PhotoXMLType.h"
 #include "photos/PhotoHome.h"
-#include "photos/PhotoPaths.h"
 #include "photos/ToviNode.h"
-#include "photos/ToviPhotoArray.h"
 #include "photos/ToviPhotoRef.h"
-#include "platform/host/CDocument.h"
-#include "review/LabelEdits.h"
-#include "review/ToviLabelManager.h"
 
+#include <functional>
 #include <memory>
-#include <optional>
+#include <vector>
 
+class CDocument;
+class CWnd;
 class FolderClaim;
+class LabelEdits;
 class RecordOrigin;
+class ToviExtractionDlg;
+class ToviItemManager;
+class ToviItemShowSettings;
+class ToviLabelManager;
+class ToviPhoto;
+class ToviPhotoArray;
+class ToviPhotoCtrlVisualSetting;
+class ToviSortCondition;
+enum CancelExt : int;
 enum class CheckStatusOutcome;
+struct LabelEdit;
+struct PhotoReview;
 
 /// One open delivery: its photographs, the items that belong to the whole, the classification tree
 /// (whose root it is itself) and the selection.
@@ -59,6 +65,7 @@ public:
     ToviData(CDocument* host, const char* path, PhotoXMLType type);
     ToviData(const ToviData&) = delete;
     ToviData& operator=(const ToviData&) = delete;
+    ~ToviData() override;
 
     const char* RootPath() const override { return rootPath.c_str(); }
     /// Stores \p path so that it ends in a path separator.
@@ -70,8 +77,8 @@ public:
     void HoldFolder(std::shared_ptr<const FolderClaim> claim) { folderClaim = std::move(claim); }
     bool IsInsideDelivery(const CString& path) const override;
 
-    ToviItemDef* GetItemDef() override { return &itemDef; }
-    ToviPhotoArray* GetPhotoDataArray() { return &photoData; }
+    ToviItemDef* GetItemDef() override;
+    ToviPhotoArray* GetPhotoDataArray();
     /// The items that belong to the delivery as a whole.
     ToviItemArray* GetMngItemPhoto() { return &mngItems; }
     /// Makes the paths of every photograph anew.
@@ -86,7 +93,7 @@ public:
     PhotoXMLReadErr GetErrorType() const { return errorType; }
     void SetErrorType(PhotoXMLReadErr error) { errorType = error; }
 
-    int GetTotalCountPhoto() const { return photoData.GetSize(); }
+    int GetTotalCountPhoto() const;
     const ReadingCounts& GetReadingCounts() const { return readingCounts; }
     void SetReadingCounts(const ReadingCounts& counts) { readingCounts = counts; }
     int GetCurrentPhotoCount() const { return curPhotos.GetSize(); }
@@ -112,16 +119,16 @@ public:
     virtual void AllTextLoad() {}
     virtual void AllTextUnLoad() {}
 
-    virtual ToviLabelManager* GetLabelManager() { return &labelManager; }
+    virtual ToviLabelManager* GetLabelManager();
     /// Replaces \p out by the photo indexes of all photographs with this label, in the order of
     /// PHOTO.XML, and returns their number.
     int CollectionLabel(unsigned long label, ToviPhotoRef& out) const;
     int CountLabel(unsigned long label) const;
     /// What all changes of labels and comments go through.
-    LabelEdits& GetLabelEdits() { return labelEdits; }
-    const LabelEdits& GetLabelEdits() const { return labelEdits; }
+    LabelEdits& GetLabelEdits();
+    const LabelEdits& GetLabelEdits() const;
     /// What an inspector has said so far.
-    PhotoReviews GetReviews() const { return ReviewsOf(photoData); }
+    std::vector<PhotoReview> GetReviews() const;
     /// 1 when any photograph has any label, else 0. A comment alone doesn't count.
     int IsLabeled() const;
     /// Labels or comments differ from what was last saved.
@@ -171,12 +178,12 @@ public:
     /// new. As in SetVisualSetting nothing is broadcast, and tree and current array stay as they
     /// are.
     bool TakeOverSettings();
-    ToviPhotoCtrlVisualSetting& GetVisualSetting() { return *visualSetting; }
-    const ToviPhotoCtrlVisualSetting& GetVisualSetting() const { return *visualSetting; }
+    ToviPhotoCtrlVisualSetting& GetVisualSetting();
+    const ToviPhotoCtrlVisualSetting& GetVisualSetting() const;
     /// Takes over all of \p setting but its items to show, which are those of the item manager.
     /// Where it changes the tamper check, or with \p force, all results of that are forgotten.
     void SetVisualSetting(const ToviPhotoCtrlVisualSetting& setting, bool force);
-    virtual ToviItemManager* GetItemManager() { return itemManager.get(); }
+    virtual ToviItemManager* GetItemManager();
     /// Takes over \p labels and, with \p withItems, \p items.
     virtual void SetManager(const ToviLabelManager& labels, const ToviItemManager& items,
                             bool withItems);
@@ -197,7 +204,7 @@ public:
     /// The same into the file \p path, without a question or message.
     CheckStatusOutcome FileOutCheckStatus(const CString& caption, const CString& path);
 
-    const ToviSortCondition& GetSortCondition() const { return *sortCondition; }
+    const ToviSortCondition& GetSortCondition() const;
     /// Takes over \p condition without sorting. One that doesn't sort is ascending.
     void SetSortCondition(const ToviSortCondition& condition);
     /// Sorts the current array as the condition says, whether or not it says to sort.
@@ -224,7 +231,7 @@ public:
     /// Makes the tree anew. The selected node becomes the one that holds the selected photograph,
     /// or the root, and the current array follows. Node pointers from before are stale. Nothing is
     /// broadcast.
-    void BuildTreeNode(ToviPhotoCtrlVisualSetting::TreeType type);
+    void BuildTreeNode(TreeType type);
 
     /// Selects \p node and fills the current array from the tree beneath it. The node that is
     /// selected already is left alone unless \p force. Returns the node selected before.
@@ -261,8 +268,8 @@ protected:
     bool AllOKLabel();
     bool AllRemoveCheckLabel();
     /// Does \p rule to all photographs of the current array.
-    void CorrectShown(const LabelEdits::Rule& rule);
-    void BuildTreeNodeForKousyu(ToviPhotoCtrlVisualSetting::TreeType type);
+    void CorrectShown(const std::function<void(PhotoReview&)>& rule);
+    void BuildTreeNodeForKousyu(TreeType type);
     void BuildTreeNodeForSatsueikasyo();
     /// The first node, depth first from \p from on, that holds \p photoIndex itself; null if none.
     ToviNode* GetNode(int photoIndex, ToviNode* from) const;
@@ -274,12 +281,14 @@ private:
     void TellOf(LabelEdit& edit);
     void Broadcast(UpdateHint hint, CWnd* sender = nullptr, CObject* object = nullptr);
 
+    /// What most who use a document needn't know.
+    struct Parts;
+
     CString rootPath;
     CStringArray earlierRoots;
     std::shared_ptr<const FolderClaim> folderClaim;
     CDocument* hostDocument;
-    ToviPhotoArray photoData;
-    LabelEdits labelEdits;
+    std::unique_ptr<Parts> parts;
     ToviItemArray mngItems;
     ReadingCounts readingCounts;
     ToviPhotoRef curPhotos;
@@ -287,13 +296,6 @@ private:
     int selectedLabel = -1;
     /// The settings were loaded: what the user sets from now on outlives a crash, too.
     bool settingsLoaded = false;
-    std::unique_ptr<ToviPhotoCtrlVisualSetting> visualSetting;
-    ToviLabelManager labelManager;
-    std::unique_ptr<ToviSortCondition> sortCondition;
-    ToviItemDef itemDef;
-    std::unique_ptr<ToviItemManager> itemManager;
-    std::unique_ptr<ToviImageCheckCommon> imageCheck;
-    std::optional<PhotoPathItems> pathItems;
     int selectedPhoto = -1;
     ToviExtractionDlg* extraction = nullptr;
     bool checkStatusChanged = false;

@@ -4,6 +4,7 @@
 #include "delivery/PhotoXmlReader.h"
 #include "delivery/ToviData.h"
 #include "loading/IndexCopy.h"
+#include "photos/ToviPhotoArray.h"
 #include "platform/files/MibFile.h"
 #include "platform/xml/DoxDocument.h"
 #include "work/ReadingLimit.h"

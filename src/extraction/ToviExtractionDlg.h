@@ -4,7 +4,7 @@
 #include "platform/text/Export.h"
 
 /// What happens to the extraction window when extraction ends without it.
-enum CancelExt
+enum CancelExt : int
 {
     /// Its button goes off.
     CancelExtButton = 0,

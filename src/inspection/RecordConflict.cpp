@@ -2,6 +2,8 @@
 
 #include "delivery/ToviData.h"
 #include "inspection/RecordProblems.h"
+#include "items/ToviItemDef.h"
+#include "photos/ToviPhoto.h"
 #include "platform/files/MibFile.h"
 #include "platform/host/HostServices.h"
 #include "review/RecordName.h"

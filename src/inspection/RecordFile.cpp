@@ -5,6 +5,7 @@
 #include "inspection/RecordHold.h"
 #include "inspection/RecordProblems.h"
 #include "platform/files/FileVersion.h"
+#include "review/LabelEdits.h"
 #include "review/RecordMerge.h"
 #include "review/ToviXmlLoadManager.h"
 

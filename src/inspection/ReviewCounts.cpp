@@ -1,6 +1,9 @@
 #include "inspection/ReviewCounts.h"
 
 #include "delivery/ToviData.h"
+#include "photos/LabelSlots.h"
+#include "review/LabelEdits.h"
+#include "review/PhotoReview.h"
 
 ReviewCounts CountReview(const ToviData& document)
 {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "items/ToviItemShowSettings.h"
+#include "items/TreeType.h"
 #include "platform/store/StoredValues.h"
 
 /// How the viewer shows a document.
@@ -36,16 +37,8 @@ public:
         TextBeside = 1
     };
 
-    /// The classification tree.
-    enum TreeType : int
-    {
-        /// 写真-大分類, 写真区分, 工種, 種別, 細別
-        TreeWorkTypeFull = 0,
-        /// 撮影箇所
-        TreePlace = 1,
-        /// 工種, 種別, 細別
-        TreeWorkType = 2
-    };
+    using TreeType = ::TreeType;
+    using enum ::TreeType;
 
     /// The display mode.
     enum DivideType : int

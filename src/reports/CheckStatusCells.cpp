@@ -1,6 +1,11 @@
 #include "reports/CheckStatusCells.h"
 
 #include "delivery/ToviData.h"
+#include "items/ToviItemDef.h"
+#include "items/ToviPhotoCtrlVisualSetting.h"
+#include "photos/LabelSlots.h"
+#include "photos/ToviPhoto.h"
+#include "review/ToviLabelManager.h"
 
 namespace
 {

@@ -1,6 +1,9 @@
 #include "reports/ContactSheet.h"
 
 #include "delivery/ToviData.h"
+#include "items/ToviItemDef.h"
+#include "items/ToviPhotoCtrlVisualSetting.h"
+#include "photos/ToviPhoto.h"
 
 #include <algorithm>
 

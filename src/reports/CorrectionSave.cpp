@@ -1,6 +1,9 @@
 #include "reports/CorrectionSave.h"
 
 #include "delivery/ToviData.h"
+#include "imagefacts/ToviExifInfo.h"
+#include "items/ToviItemDef.h"
+#include "photos/ToviPhoto.h"
 #include "platform/files/MibCopy.h"
 #include "platform/files/MibFile.h"
 #include "platform/host/HostServices.h"

@@ -1,6 +1,8 @@
 #include "reports/PhotoExport.h"
 
 #include "delivery/ToviData.h"
+#include "items/ToviItemDef.h"
+#include "photos/ToviPhoto.h"
 #include "platform/files/MibFile.h"
 #include "reports/OutputPhotoFolder.h"
 #include "work/ToviProgressDlg.h"

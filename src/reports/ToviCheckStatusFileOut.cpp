@@ -2,6 +2,7 @@
 
 #include "delivery/ToviData.h"
 #include "inspection/RecordProblems.h"
+#include "photos/ToviPhoto.h"
 #include "platform/files/DiskSpace.h"
 #include "platform/files/MibFile.h"
 #include "platform/files/RunFolder.h"
@@ -10,6 +11,7 @@
 #include "reports/CheckStatusCells.h"
 #include "reports/CheckStatusPages.h"
 #include "reports/OutputPhotoFolder.h"
+#include "review/ToviLabelManager.h"
 #include "work/Environment.h"
 #include "work/ToviProgressDlg.h"
 #include "work/WorkFolder.h"

@@ -1,4 +1,7 @@
 #include "delivery/MediaCombine.h"
+#include "items/ToviItemDef.h"
+#include "photos/ToviPhoto.h"
+#include "photos/ToviPhotoArray.h"
 #include "platform/files/MibFile.h"
 #include "support/DiskMount.h"
 #include "support/OpenedSample.h"

@@ -1,6 +1,9 @@
 // What is loaded of a PHOTO.XML that isn't as its standard says: every photograph, and every value
 // that one holds.
 
+#include "items/ToviItemDef.h"
+#include "photos/ToviPhoto.h"
+#include "photos/ToviPhotoArray.h"
 #include "platform/text/Cp932.h"
 #include "sample/SampleRandom.h"
 #include "support/OpenedSample.h"

@@ -1,4 +1,5 @@
 #include "delivery/IndexPage.h"
+#include "items/ToviItemDef.h"
 #include "kinds/IndexStylesheets.h"
 #include "loading/IndexCopy.h"
 #include "platform/files/MibFile.h"

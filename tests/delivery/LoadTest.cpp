@@ -1,4 +1,7 @@
+#include "items/ToviItemDef.h"
 #include "loading/DeliveryLocation.h"
+#include "photos/ToviPhoto.h"
+#include "photos/ToviPhotoArray.h"
 #include "platform/text/Cp932.h"
 #include "support/OpenedSample.h"
 

@@ -1,3 +1,6 @@
+#include "items/ToviPhotoCtrlVisualSetting.h"
+#include "photos/ToviPhoto.h"
+#include "photos/ToviPhotoArray.h"
 #include "support/OpenedSample.h"
 #include "support/Standins.h"
 

@@ -1,5 +1,7 @@
 #include "support/OpenedSample.h"
 
+#include "items/ToviPhotoCtrlVisualSetting.h"
+#include "photos/ToviPhoto.h"
 #include <gtest/gtest.h>
 
 namespace

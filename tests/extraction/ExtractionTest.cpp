@@ -1,4 +1,9 @@
 #include "extraction/ToviExtractionDlg.h"
+#include "extraction/ToviSortCondition.h"
+#include "items/ToviPhotoCtrlVisualSetting.h"
+#include "photos/LabelSlots.h"
+#include "photos/ToviPhoto.h"
+#include "photos/ToviPhotoArray.h"
 #include "support/Labels.h"
 #include "support/OpenedSample.h"
 

@@ -1,5 +1,9 @@
 #include "extraction/ToviSortCondition.h"
 #include "extraction/ToviSorter.h"
+#include "items/ToviItemDef.h"
+#include "items/ToviPhotoCtrlVisualSetting.h"
+#include "photos/LabelSlots.h"
+#include "photos/ToviPhotoArray.h"
 #include "support/Labels.h"
 #include "support/OpenedSample.h"
 

@@ -1,6 +1,7 @@
 #include "imagefacts/ControlValueParser.h"
 #include "imagefacts/ControlValueRows.h"
 #include "imagefacts/ToviControlValueArray.h"
+#include "photos/ToviPhoto.h"
 #include "support/OpenedSample.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,7 @@
 #include "inspection/RecordFile.h"
 
 #include "inspection/RecordHold.h"
+#include "review/LabelEdits.h"
 #include "support/Labels.h"
 #include "support/OpenedSample.h"
 #include "work/Environment.h"
@@ -232,7 +233,7 @@ TEST_F(OpenRecord, WaitsForWhoeverHoldsIt)
     EXPECT_EQ(Save().outcome, Outcome::GivenUp);
     EXPECT_THAT(user.progress,
                 testing::Contains(AllOf(StartsWith("message r.xml が空くのを待っています"),
-                                        HasSubstr("tovi-review-tests"),
+                                        HasSubstr("tovi-inspection-tests"),
                                         HasSubstr(std::to_string(getpid())))));
     EXPECT_EQ(temp.Read("r.xml"), before);
     user.cancelAtPumps = {};

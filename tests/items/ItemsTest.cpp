@@ -1,4 +1,10 @@
+#include "extraction/ToviSortCondition.h"
+#include "items/ToviItemDef.h"
 #include "items/ToviItemManager.h"
+#include "items/ToviPhotoCtrlVisualSetting.h"
+#include "items/ToviTextPair.h"
+#include "photos/ToviPhoto.h"
+#include "review/ToviLabelManager.h"
 #include "support/OpenedSample.h"
 
 #include <gmock/gmock.h>

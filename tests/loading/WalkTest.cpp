@@ -1,5 +1,8 @@
 #include "support/OpenedSample.h"
 
+#include "items/ToviItemDef.h"
+#include "photos/ToviPhoto.h"
+#include "photos/ToviPhotoArray.h"
 #include <gtest/gtest.h>
 
 #include <sstream>

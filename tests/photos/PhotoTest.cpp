@@ -1,5 +1,11 @@
 #include "support/OpenedSample.h"
 
+#include "imagefacts/ToviExifInfo.h"
+#include "items/ToviItemDef.h"
+#include "items/ToviTextPair.h"
+#include "photos/ToviPhoto.h"
+#include "photos/ToviPhotoArray.h"
+#include "platform/pictures/LumImage.h"
 #include <gtest/gtest.h>
 
 namespace

@@ -1,4 +1,5 @@
 #include "reports/ContactSheet.h"
+#include "photos/ToviPhoto.h"
 #include "support/OpenedSample.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+#include "photos/ToviPhoto.h"
 #include "platform/files/MibFile.h"
 #include "reports/CorrectionSave.h"
 #include "reports/OutputPhotoFolder.h"

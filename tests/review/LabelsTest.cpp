@@ -1,6 +1,11 @@
 #include "support/Labels.h"
 #include "inspection/ReviewCounts.h"
+#include "items/ToviPhotoCtrlVisualSetting.h"
+#include "photos/ToviPhoto.h"
+#include "photos/ToviPhotoArray.h"
+#include "review/LabelEdits.h"
 #include "review/LabelRules.h"
+#include "review/ToviLabelManager.h"
 #include "support/OpenedSample.h"
 
 #include <gtest/gtest.h>

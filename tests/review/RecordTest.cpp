@@ -1,6 +1,8 @@
 #include "inspection/RecordProblems.h"
+#include "photos/ToviPhoto.h"
 #include "platform/files/DiskSpace.h"
 #include "platform/text/Cp932.h"
+#include "review/PhotoReview.h"
 #include "review/RecordTags.h"
 #include "support/Labels.h"
 #include "support/OpenedSample.h"

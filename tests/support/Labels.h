@@ -1,6 +1,7 @@
 #pragma once
 
 #include "delivery/ToviData.h"
+#include "review/LabelEdits.h"
 
 /// Labels and comments as a record brings them: any combination, without a mark and a hint. A photo
 /// is a photo index.

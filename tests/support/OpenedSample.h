@@ -2,6 +2,9 @@
 
 #include "delivery/ToviData.h"
 #include "delivery/ToviEnouDataFactory.h"
+#include "items/ToviItemDef.h"
+#include "items/ToviPhotoCtrlVisualSetting.h"
+#include "photos/ToviPhotoArray.h"
 #include "sample/DeliveryBuilder.h"
 #include "support/TempFolder.h"
 #include "support/TestHost.h"

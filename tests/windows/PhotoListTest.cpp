@@ -1,3 +1,4 @@
+#include "photos/ToviPhotoArray.h"
 #include "platform/controls/WenToolBarCtrl.h"
 #include "platform/text/QtText.h"
 #include "support/Labels.h"

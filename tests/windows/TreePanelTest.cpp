@@ -1,4 +1,6 @@
+#include "items/ToviPhotoCtrlVisualSetting.h"
 #include "platform/text/QtText.h"
+#include "review/ToviLabelManager.h"
 #include "support/Labels.h"
 #include "support/OpenedSample.h"
 #include "windows/trees/ToviFolderTreePanel.h"

@@ -1,6 +1,8 @@
 #include "hosts/cli/Commands.h"
 #include "hosts/cli/Json.h"
 #include "hosts/cli/UserInPlace.h"
+#include "photos/ToviPhoto.h"
+#include "photos/ToviPhotoArray.h"
 
 #include "delivery/MediaCombine.h"
 #include "delivery/ToviEnouDataFactory.h"

@@ -1,8 +1,10 @@
 #include "hosts/cli/Conditions.h"
 
+#include "extraction/ToviSortCondition.h"
 #include "hosts/cli/NearWords.h"
 #include "hosts/cli/Records.h"
 #include "hosts/cli/Usage.h"
+#include "photos/LabelSlots.h"
 
 #include <algorithm>
 #include <cctype>

@@ -1,5 +1,6 @@
 #include "hosts/cli/Delivery.h"
 #include "hosts/cli/Usage.h"
+#include "items/ToviPhotoCtrlVisualSetting.h"
 
 #include "platform/host/CDocument.h"
 #include "platform/host/HostServices.h"

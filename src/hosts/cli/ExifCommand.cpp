@@ -1,5 +1,8 @@
 #include "hosts/cli/Commands.h"
 #include "hosts/cli/PhotoDescriptions.h"
+#include "imagefacts/ToviExifInfo.h"
+#include "photos/ToviPhoto.h"
+#include "platform/pictures/LumImage.h"
 
 namespace
 {

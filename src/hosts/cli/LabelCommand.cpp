@@ -2,6 +2,8 @@
 #include "hosts/cli/PhotoChoice.h"
 #include "hosts/cli/Records.h"
 #include "hosts/cli/Usage.h"
+#include "photos/ToviPhoto.h"
+#include "review/LabelEdits.h"
 
 #include "review/LabelRules.h"
 

@@ -1,5 +1,6 @@
 #include "hosts/cli/PhotoDescriptions.h"
 
+#include "photos/ToviPhoto.h"
 #include "platform/host/HostServices.h"
 
 namespace

@@ -1,6 +1,7 @@
 #include "hosts/cli/Commands.h"
 #include "hosts/cli/Json.h"
 #include "hosts/cli/Records.h"
+#include "photos/ToviPhoto.h"
 
 #include "platform/host/HostServices.h"
 

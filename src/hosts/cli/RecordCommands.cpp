@@ -1,6 +1,7 @@
 #include "hosts/cli/Commands.h"
 #include "hosts/cli/OutputFile.h"
 #include "hosts/cli/Records.h"
+#include "photos/ToviPhoto.h"
 
 #include "platform/files/MibFile.h"
 #include "platform/files/RunFolder.h"

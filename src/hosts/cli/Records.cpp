@@ -1,6 +1,7 @@
 #include "hosts/cli/Records.h"
 
 #include "inspection/RecordProblems.h"
+#include "photos/ToviPhoto.h"
 #include "platform/files/DeliveredFolder.h"
 #include "platform/files/FileVersion.h"
 #include "platform/files/MibFile.h"

@@ -2,6 +2,9 @@
 
 #include "imagefacts/ImageTypeChoice.h"
 #include "imagefacts/ToviControlValueArray.h"
+#include "items/ToviItemShowSettings.h"
+#include "items/ToviPhotoCtrlVisualSetting.h"
+#include "photos/LabelSlots.h"
 #include "platform/text/Cp932.h"
 
 #include <algorithm>

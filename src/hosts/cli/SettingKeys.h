@@ -1,6 +1,10 @@
 #pragma once
 
 #include "delivery/ToviData.h"
+#include "extraction/ToviSortCondition.h"
+#include "items/ToviItemManager.h"
+#include "items/ToviPhotoCtrlVisualSetting.h"
+#include "review/ToviLabelManager.h"
 #include "work/ReadingLimit.h"
 
 /// The user's settings, apart from whatever keeps them.

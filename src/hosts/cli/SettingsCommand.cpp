@@ -1,7 +1,10 @@
+#include "extraction/ToviSortCondition.h"
 #include "hosts/cli/Commands.h"
 #include "hosts/cli/Json.h"
 #include "hosts/cli/Profile.h"
 #include "hosts/cli/SettingKeys.h"
+#include "items/ToviItemManager.h"
+#include "review/ToviLabelManager.h"
 
 #include "platform/host/HostServices.h"
 

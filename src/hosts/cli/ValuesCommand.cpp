@@ -1,5 +1,6 @@
 #include "hosts/cli/Commands.h"
 #include "hosts/cli/Json.h"
+#include "photos/ToviPhoto.h"
 
 #include "imagefacts/ToviControlValueArray.h"
 

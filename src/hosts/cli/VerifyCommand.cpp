@@ -1,5 +1,6 @@
 #include "hosts/cli/Commands.h"
 #include "hosts/cli/PhotoDescriptions.h"
+#include "photos/ToviPhoto.h"
 
 #include "imagefacts/ImageTypeChoice.h"
 #include "imagefacts/RicohVerifier.h"

@@ -6,6 +6,7 @@
 #include "hosts/viewer/MainFrame.h"
 #include "hosts/viewer/SlideShow.h"
 #include "inspection/RecordProblems.h"
+#include "photos/ToviPhoto.h"
 #include "platform/host/HostServices.h"
 #include "platform/text/QtText.h"
 #include "reports/CorrectionSave.h"

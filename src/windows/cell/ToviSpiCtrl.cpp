@@ -6,6 +6,7 @@
 #include "platform/controls/GaluFont.h"
 #include "platform/controls/LumImgWnd.h"
 #include "platform/controls/WindowId.h"
+#include "platform/host/CDocument.h"
 #include "platform/text/QtText.h"
 #include "windows/cell/CellChild.h"
 #include "windows/cell/CellRect.h"

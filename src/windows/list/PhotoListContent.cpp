@@ -1,5 +1,6 @@
 #include "windows/list/PhotoListContent.h"
 
+#include "items/ToviItemDef.h"
 namespace
 {
 CString ItemText(ToviPhoto& photo, const ToviItemShowSetting& item)

@@ -1,5 +1,6 @@
 #include "windows/page/CommentStrips.h"
 
+#include "photos/ToviPhoto.h"
 #include "windows/page/StripPlaces.h"
 
 static constexpr int idStrip = 1136;

@@ -1,6 +1,8 @@
 #include "windows/page/PhotoViews.h"
 
+#include "items/ToviPhotoCtrlVisualSetting.h"
 #include "platform/controls/WindowId.h"
+#include "platform/host/CDocument.h"
 #include "windows/cell/CellChild.h"
 #include "windows/list/ToviPhotoListCtrl.h"
 

@@ -2,6 +2,8 @@
 
 #include "platform/controls/WindowHandle.h"
 #include "platform/controls/WindowId.h"
+#include "platform/host/CDocument.h"
+#include "review/LabelEdits.h"
 #include "review/SlideMode.h"
 #include "windows/dialogs/ToviInputCommentDlg.h"
 #include "windows/list/ToviPhotoListCtrl.h"

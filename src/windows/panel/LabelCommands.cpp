@@ -1,5 +1,7 @@
 #include "windows/panel/LabelCommands.h"
 
+#include "photos/ToviPhoto.h"
+#include "review/LabelEdits.h"
 #include "review/LabelRules.h"
 #include "review/SlideMode.h"
 

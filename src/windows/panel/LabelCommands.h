@@ -1,6 +1,7 @@
 #pragma once
 
 #include "delivery/ToviData.h"
+#include "review/LabelEdits.h"
 
 #include <optional>
 

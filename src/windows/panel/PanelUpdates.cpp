@@ -1,5 +1,6 @@
 #include "windows/panel/PanelUpdates.h"
 
+#include "items/ToviPhotoCtrlVisualSetting.h"
 #include <vector>
 
 namespace

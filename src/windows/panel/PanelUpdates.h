@@ -1,6 +1,7 @@
 #pragma once
 
 #include "delivery/ToviData.h"
+#include "items/ToviPhotoCtrlVisualSetting.h"
 
 #include <span>
 

@@ -1,5 +1,6 @@
 #include "windows/panel/UncheckedSearch.h"
 
+#include "photos/ToviPhoto.h"
 int NextUnchecked(const ToviData& data, int position)
 {
     const int count = data.GetCurrentPhotoCount();

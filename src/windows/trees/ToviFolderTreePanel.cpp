@@ -1,5 +1,6 @@
 #include "windows/trees/ToviFolderTreePanel.h"
 
+#include "items/ToviPhotoCtrlVisualSetting.h"
 #include "windows/pictures/Pictures.h"
 
 #include <QContextMenuEvent>

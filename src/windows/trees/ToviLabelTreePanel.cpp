@@ -1,6 +1,8 @@
 #include "windows/trees/ToviLabelTreePanel.h"
 
+#include "photos/LabelSlots.h"
 #include "platform/text/QtText.h"
+#include "review/ToviLabelManager.h"
 #include "windows/pictures/Pictures.h"
 #include "windows/trees/TreePanelRules.h"
 

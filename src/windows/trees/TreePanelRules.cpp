@@ -1,5 +1,6 @@
 #include "windows/trees/TreePanelRules.h"
 
+#include "items/ToviPhotoCtrlVisualSetting.h"
 FolderTreeReaction FolderTreeReactionTo(ToviData::UpdateHint hint, int shownType, int type)
 {
     switch (hint) {

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "delivery/ToviData.h"
+#include "extraction/ToviSortCondition.h"
+#include "imagefacts/ToviImageCheckCommon.h"
+#include "items/ToviItemDef.h"
+#include "items/ToviItemManager.h"
+#include "items/ToviPhotoCtrlVisualSetting.h"
+#include "photos/PhotoPaths.h"
+#include "photos/ToviPhotoArray.h"
+#include "review/LabelEdits.h"
+#include "review/ToviLabelManager.h"
+
+#include <optional>
+
+struct ToviData::Parts
+{
+    explicit Parts(LabelEdits::Listener listener) : labelEdits(photos, std::move(listener)) {}
+
+    ToviPhotoArray photos;
+    LabelEdits labelEdits;
+    ToviItemDef itemDef;
+    std::optional<PhotoPathItems> pathItems;
+    ToviLabelManager labelManager;
+    std::unique_ptr<ToviPhotoCtrlVisualSetting> visualSetting;
+    std::unique_ptr<ToviSortCondition> sortCondition;
+    std::unique_ptr<ToviItemManager> itemManager;
+    ToviImageCheckCommon imageCheck{nullptr};
+};
