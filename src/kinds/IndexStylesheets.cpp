@@ -1,61 +1,17 @@
 #include "kinds/IndexStylesheets.h"
 
+#include "kinds/DeliveryFamilies.h"
+#include "kinds/StylesheetRows.h"
 #include "platform/files/MibFile.h"
 #include "platform/files/TextHead.h"
 
 #include <algorithm>
-#include <span>
 
 namespace
 {
 constexpr std::string_view workWord = "constdata SYSTEM";
 constexpr std::string_view consultingWord = "gyomudata SYSTEM";
-constexpr int familyCount = 4;
 constexpr std::string_view digits = "0123456789";
-
-/// The stylesheets for one DTD by family; null where a family has none.
-struct StylesheetRow
-{
-    const char* dtd;
-    const char* byFamily[familyCount];
-};
-
-// The build makes a stylesheet of every path that stands in these tables.
-
-constexpr StylesheetRow workRows[] = {
-    {"INDE_C01.DTD", {"MLIT_E/INDEX_C.XSL"}},
-    {"INDE_C02.DTD", {"MLIT/INDEX_C.XSL"}},
-    {"INDE_C03.DTD", {"MLIT/INDE_C03.XSL", "KOWAN/INDE_C03.XSL", "MAFF/INDE_C03.XSL"}},
-    {"INDE_C04.DTD", {"MLIT/INDE_C04.XSL", "KOWAN/INDE_C04.XSL", "MAFF/INDE_C04.XSL"}},
-    {"INDE_C05.DTD", {"MLIT/INDE_C05.XSL", "KOWAN/INDE_C05.XSL", "MAFF/INDE_C05.XSL"}},
-    {"INDE_C06.DTD", {"MLIT/INDE_C06.XSL", "KOWAN/INDE_C06.XSL"}},
-    {"INDE_C07.DTD", {"MLIT/INDE_C07.XSL", "KOWAN/INDE_C07.XSL"}},
-    {"INDEC02N.DTD", {nullptr, nullptr, "MAFF/INDEX_CN.XSL"}},
-    {"IND_EC03.DTD", {"MLIT_E/INDEX_EC.XSL", "KOWAN_E/INDEX_EC.XSL", "MAFF_E/INDEX_EC.XSL"}},
-    {"IND_EC05.DTD", {"MLIT_E/IND_EC05.XSL", "KOWAN_E/IND_EC05.XSL", "MAFF_E/IND_EC05.XSL"}},
-    {"IND_MC01.DTD", {"MLIT_M/IND_MC01.XSL", nullptr, "MAFF_M/IND_MC01.XSL"}},
-    {"IND_MC02.DTD", {"MLIT_M/IND_MC02.XSL", "KOWAN_M/IND_MC02.XSL", "MAFF_M/IND_MC02.XSL"}},
-    {"IND_MC03.DTD", {"MLIT_M/IND_MC03.XSL", "KOWAN_M/IND_MC03.XSL", "MAFF_M/IND_MC03.XSL"}},
-    {"PHOT_JH1.DTD", {nullptr, nullptr, nullptr, "MLIT/PHOT_JH1.XSL"}},
-    {"PHOT_JH4.DTD", {nullptr, nullptr, nullptr, "NEXCO/PHOT_JH4.XSL"}},
-    // Part of the installed set, though the row of the same DTD above always answers first.
-    {"INDEC02N.DTD", {nullptr, nullptr, "MAFF_E/INDEX_C.XSL"}},
-};
-
-constexpr StylesheetRow consultingRows[] = {
-    {"INDE_D02.DTD", {"MLIT/INDEX_D.XSL", nullptr, nullptr, "MLIT/INDEX_D.XSL"}},
-    {"INDE_D03.DTD",
-     {"MLIT/INDE_D03.XSL", "KOWAN/INDE_D03.XSL", "MAFF/INDE_D03.XSL", "NEXCO/INDE_D03.XSL"}},
-    {"INDE_D04.DTD", {"MLIT/INDE_D04.XSL", "KOWAN/INDE_D04.XSL", "MAFF/INDE_D04.XSL"}},
-    {"INDE_D05.DTD", {"MLIT/INDE_D05.XSL", "KOWAN/INDE_D05.XSL"}},
-    {"INDE_D06.DTD", {"MLIT/INDE_D06.XSL", "KOWAN/INDE_D06.XSL"}},
-    {"INDED02N.DTD", {nullptr, nullptr, "MAFF/INDEX_DN.XSL"}},
-    {"IND_ED03.DTD", {"MLIT_E/INDEX_ED.XSL", "KOWAN_E/INDEX_ED.XSL", "MAFF_E/INDEX_ED.XSL"}},
-    {"IND_ED04.DTD", {"MLIT_E/IND_ED04.XSL", "KOWAN_E/IND_ED04.XSL", "MAFF_E/IND_ED04.XSL"}},
-    {"IND_MD01.DTD", {"MLIT_M/IND_MD01.XSL", nullptr, "MAFF_M/IND_MD01.XSL"}},
-    {"IND_MD02.DTD", {"MLIT_M/IND_MD02.XSL", "KOWAN_M/IND_MD02.XSL", "MAFF_M/IND_MD02.XSL"}},
-    {"IND_MD03.DTD", {"MLIT_M/IND_MD03.XSL", "KOWAN_M/IND_MD03.XSL", "MAFF_M/IND_MD03.XSL"}},
-};
 
 bool Holds(const CString& line, std::string_view word)
 {
@@ -64,10 +20,11 @@ bool Holds(const CString& line, std::string_view word)
 
 std::span<const StylesheetRow> RowsFor(const CString& doctypeLine)
 {
-    if (Holds(doctypeLine, consultingWord)) return consultingRows;
-    if (Holds(doctypeLine, workWord)) return workRows;
+    if (Holds(doctypeLine, consultingWord)) return consultingStylesheets;
+    if (Holds(doctypeLine, workWord)) return workStylesheets;
     return {};
 }
+
 /// The name of the row's DTD without its number: "INDE_C" of INDE_C07.DTD; empty for one that ends
 /// in no number.
 std::string_view SeriesOf(const StylesheetRow& row)
@@ -118,20 +75,21 @@ CString ReadIndexDoctypeLine(const CString& indexPath)
 
 IndexStylesheet FindIndexStylesheet(PhotoXMLType family, const CString& doctypeLine)
 {
-    if (family < 0 || family >= familyCount) return {};
+    if (family < 0 || family >= static_cast<int>(deliveryFamilies.size())) return {};
     const auto rows = RowsFor(doctypeLine);
     const auto isFamilys = [family](const StylesheetRow& row) {
-        return row.byFamily[family] != nullptr;
+        return row.byFamily[static_cast<std::size_t>(family)] != nullptr;
     };
     const auto found = std::find_if(rows.begin(), rows.end(), [&](const StylesheetRow& row) {
         return isFamilys(row) && Holds(doctypeLine, row.dtd);
     });
-    if (found != rows.end()) return {found->byFamily[family], ""};
+    if (found != rows.end()) return {found->byFamily[static_cast<std::size_t>(family)], ""};
     // The rows of one series go from the oldest to the newest.
     for (std::size_t i = rows.size(); i-- > 0;) {
         if (!isFamilys(rows[i])) continue;
         const CString dtd = DtdOfSeries(doctypeLine, SeriesOf(rows[i]));
-        if (!dtd.empty() && !IsKnown(rows, dtd)) return {rows[i].byFamily[family], dtd};
+        if (!dtd.empty() && !IsKnown(rows, dtd))
+            return {rows[i].byFamily[static_cast<std::size_t>(family)], dtd};
     }
     return {};
 }

@@ -6,6 +6,7 @@
 #include "hosts/viewer/SlideShow.h"
 #include "hosts/viewer/StartPage.h"
 #include "inspection/RecordProblems.h"
+#include "kinds/DeliveryFamilies.h"
 #include "platform/files/MibFile.h"
 #include "platform/host/HostServices.h"
 #include "platform/text/QtText.h"
@@ -69,9 +70,7 @@ void MainFrame::ChooseDeliveryWithFamily()
     Choice choice;
     choice.title = "要領を指定して開く";
     choice.notes.Add("納品データの要領の系統を選んでください。");
-    for (const char* name : {"国土交通省", "港湾", "農林水産省", "NEXCO"}) {
-        choice.options.Add({name, ""});
-    }
+    for (const DeliveryFamily& family : deliveryFamilies) choice.options.Add({family.name, ""});
     int family = PhotoXMLMlit;
     if (!GetHostServices().userInterface->Choose(choice, family)) return;
     ChooseDelivery(static_cast<PhotoXMLType>(family));

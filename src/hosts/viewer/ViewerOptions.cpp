@@ -1,5 +1,6 @@
 #include "hosts/viewer/ViewerOptions.h"
 
+#include "kinds/DeliveryFamilies.h"
 #include "platform/text/QtText.h"
 #include "platform/text/TerminalText.h"
 
@@ -19,8 +20,7 @@ constexpr const char* usage =
     "オプション:\n"
     "  -h, --help       この説明を表示する\n"
     "  -v, --version    名前と版を表示する\n"
-    "  --family NAME    要領の系統: auto（DTDなどから判断）、mlit（国交省）、kowan（港湾）、maff"
-    "（農水省）、nexco\n"
+    "  --family NAME    要領の系統: %s\n"
     "  --record FILE    検査状況の記録ファイル\n"
     "  --profile FILE   設定ファイル\n";
 
@@ -41,19 +41,16 @@ void Describe(QCommandLineParser& parser)
     parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
     parser.addOption(QCommandLineOption(QStringList{Named("h"), Named("help")}));
     parser.addOption(QCommandLineOption(QStringList{Named("v"), Named("version")}));
-    parser.addOption({Named("family"), {}, Named("NAME"), Named("auto")});
+    parser.addOption({Named("family"), {}, Named("NAME"), Named(familyIsGuessed)});
     parser.addOption({Named("record"), {}, Named("FILE")});
     parser.addOption({Named("profile"), {}, Named("FILE")});
     for (const char* name : windowOptions) parser.addOption({Named(name), {}, Named("VALUE")});
     parser.addOption(QCommandLineOption(Named("reverse")));
 }
 
-/// The place of the family in the order of PhotoXMLType behind "auto"; -1 for an unknown one.
-qsizetype FamilyOf(const QCommandLineParser& parser)
+bool IsFamily(const CString& key)
 {
-    const QStringList names = {Named("auto"), Named("mlit"), Named("kowan"), Named("maff"),
-                               Named("nexco")};
-    return names.indexOf(parser.value(Named("family")));
+    return key == familyIsGuessed || FamilyWithKey(key);
 }
 
 /// What is wrong with the command line in a sentence; empty when nothing is.
@@ -63,8 +60,8 @@ CString WhatIsWrong(const QCommandLineParser& parser, bool parsed)
     if (!unknown.isEmpty()) return "オプション " + FromQtText(unknown.front()) + " はありません。";
     if (!parsed) return "オプションの値がないか、余分です。";
     if (parser.positionalArguments().size() > 1) return "フォルダは1つだけ指定してください。";
-    if (FamilyOf(parser) >= 0) return {};
-    return "--family は auto、mlit、kowan、maff、nexco のどれかを指定してください。";
+    if (IsFamily(FromQtText(parser.value(Named("family"))))) return {};
+    return "--family は " + FamilyKeys(false) + " のどれかを指定してください。";
 }
 } // namespace
 
@@ -81,12 +78,12 @@ std::optional<ViewerOptions> ReadOptions(const QStringList& arguments, int& stat
         return std::nullopt;
     }
     if (parser.isSet(Named("help")) || parser.isSet(Named("version"))) {
-        std::cout << (parser.isSet(Named("help")) ? usage : "tovi-viewer " TOVI_VERSION "\n");
+        std::cout << (parser.isSet(Named("help")) ? Format(usage, FamilyKeys(true).c_str())
+                                                  : "tovi-viewer " TOVI_VERSION "\n");
         return std::nullopt;
     }
     ViewerOptions options;
-    const qsizetype family = FamilyOf(parser);
-    if (family > 0) options.family = static_cast<PhotoXMLType>(family - 1);
+    options.family = FamilyWithKey(FromQtText(parser.value(Named("family"))));
     const QStringList folders = parser.positionalArguments();
     if (!folders.isEmpty()) options.delivery = FromQtText(folders.front());
     options.record = FromQtText(parser.value(Named("record")));
