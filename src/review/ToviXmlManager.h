@@ -4,8 +4,6 @@
 #include "platform/xml/DoxDocument.h"
 #include "platform/xml/DoxIterator.h"
 
-#include <memory>
-
 /// What saving and loading a record share: the file, and a place in its tree.
 class ToviXmlManager
 {
@@ -31,10 +29,8 @@ protected:
 class ToviXmlHeaderManager
 {
 public:
-    /// Seeds the tree from a template in the work folder, since a tree can't be given a document
-    /// type line otherwise. When that fails a message says so, and there is no tree.
-    bool Make();
+    ToviXmlHeaderManager();
 
     DoxDocument document;
-    std::unique_ptr<DoxIterator> iterator;
+    DoxIterator iterator{&document};
 };

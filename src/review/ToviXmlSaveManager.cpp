@@ -21,14 +21,12 @@ ToviXmlSaveManager::ToviXmlSaveManager(const char* recordPath, const char* recor
                                        const char* deliveryRoot)
     : ToviXmlManager(recordPath, deliveryRoot), note(recordNote == nullptr ? "" : recordNote)
 {
-    if (header.Make()) iterator = header.iterator.get();
+    iterator = &header.iterator;
 }
 
 void ToviXmlSaveManager::WriteOrigin(const RecordOrigin& delivery)
 {
-    if (iterator != nullptr) {
-        header.document.AddInstruction(RecordTags::origin, delivery.Text());
-    }
+    header.document.AddInstruction(RecordTags::origin, delivery.Text());
 }
 
 bool ToviXmlSaveManager::Save(const ToviPhotoArray& photos, int* result)
@@ -55,7 +53,6 @@ bool ToviXmlSaveManager::HasSpace(int photoCount) const
 
 bool ToviXmlSaveManager::BuildFrame(int photoCount)
 {
-    if (iterator == nullptr) return false;
     iterator->Root();
     Enter(RecordTags::root);
     Enter(RecordTags::facts);

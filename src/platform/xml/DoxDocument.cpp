@@ -2,7 +2,6 @@
 
 #include "platform/files/AtomicFile.h"
 #include "platform/files/CaseFallback.h"
-#include "platform/files/FolderLock.h"
 #include "platform/files/MibFile.h"
 #include "platform/files/TextFile.h"
 #include "platform/text/Cp932.h"
@@ -145,22 +144,12 @@ bool DoxDocument::Load(const CString& path, bool, CStringArray* errors)
     return wrong.empty() || Fail(wrong, errors);
 }
 
-bool DoxDocument::LoadThroughFile(const CString& path, std::string_view bytes)
-{
-    const FolderLock lock(path.substr(0, path.rfind('/') + 1));
-    const bool loaded = WriteWorkFile(path, bytes) && Load(path, false, nullptr);
-    MibDeleteFile(path);
-    return loaded || LoadOwn(bytes);
-}
-
-bool DoxDocument::LoadOwn(std::string_view bytes)
+void DoxDocument::LoadText(std::string_view text)
 {
     Initiate();
-    tree->text = bytes;
-    return tree->document
-               .load_buffer_inplace(tree->text.data(), tree->text.size(), parseOptions,
-                                    pugi::encoding_utf8)
-               .status == pugi::status_ok;
+    tree->text = text;
+    tree->document.load_buffer_inplace(tree->text.data(), tree->text.size(), parseOptions,
+                                       pugi::encoding_utf8);
 }
 
 void DoxDocument::TransIndent(const char* indent)

@@ -29,10 +29,8 @@ public:
     /// false; \p errors may be null, else a failure's reason is appended to it.
     [[nodiscard]] bool Load(const CString& path, bool validate, CStringArray* errors);
 
-    /// Reads \p bytes, in ASCII, by way of the file \p path, which is gone afterwards. Another
-    /// program that does the same with a file of the same folder waits meanwhile. Where the file
-    /// can't be written it goes without. False as in Load.
-    [[nodiscard]] bool LoadThroughFile(const CString& path, std::string_view bytes);
+    /// Takes up \p text, which is well formed XML in UTF-8 and no foreign data.
+    void LoadText(std::string_view text);
 
     /// Has Save put every element on a line of its own, indented by \p indent a level (null: one
     /// tab).
@@ -63,8 +61,6 @@ private:
     friend class DoxIterator;
     struct Tree;
 
-    /// Reads bytes that need none of Load's questions.
-    bool LoadOwn(std::string_view bytes);
     bool Fail(const CString& reason, CStringArray* errors);
 
     /// More than any delivery or record holds, and little enough for the tree to stay in memory.
