@@ -10,6 +10,7 @@
 
 #include <QApplication>
 #include <QLibraryInfo>
+#include <QLocale>
 #include <QStatusBar>
 #include <QTranslator>
 
@@ -68,6 +69,8 @@ int main(int argc, char** argv)
     QApplication::setApplicationVersion(QStringLiteral(TOVI_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("jp.tovi.Viewer"));
     QApplication::setFont(GaluFont::MsPGothic9pt());
+    // Days and sizes in Qt's own dialogs are told in the language of everything else.
+    QLocale::setDefault(QLocale(QLocale::Japanese, QLocale::Japan));
     QTranslator translator;
     if (translator.load(QStringLiteral("qtbase_ja"),
                         QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
