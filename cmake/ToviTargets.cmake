@@ -26,9 +26,9 @@ if(TOVI_FUZZ)
     target_compile_options(tovi_switches INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
-# For code that is all templates of others, in tests and around a command line: to optimize it and to watch
-# its every access takes several times as long to compile as it is worth. What it calls of ours is
-# optimized and watched all the same.
+# For code that is all templates of others, in tests and tools: to optimize it and to watch its every access
+# takes several times as long to compile as it is worth. What it calls of ours is optimized and watched all
+# the same.
 add_library(tovi_quick_compile INTERFACE)
 target_compile_options(tovi_quick_compile INTERFACE -O0 -U_FORTIFY_SOURCE)
 if(TOVI_SANITIZE)

@@ -12,6 +12,7 @@
 #include <sys/stat.h>
 
 #include <map>
+#include <sstream>
 #include <thread>
 
 namespace
@@ -195,6 +196,19 @@ TEST_F(Headless, SaysWhatIsWrongAndWhatToDo)
         EXPECT_THAT(result.output, HasSubstr(c.output)) << line;
         EXPECT_THAT(result.errors, HasSubstr(c.sentence)) << line;
     }
+}
+
+TEST_F(Headless, TakesTheCommonOptionsOnEveryCommand)
+{
+    std::istringstream help(Run({"tovi", "--help"}).output);
+    std::string line;
+    while (std::getline(help, line) && line != "コマンド:") continue;
+    int commands = 0;
+    for (std::string name; std::getline(help, line) && std::istringstream(line) >> name;) {
+        EXPECT_THAT(Run({"tovi", name, "--help"}).output, HasSubstr("--profile FILE ")) << name;
+        ++commands;
+    }
+    EXPECT_GT(commands, 1);
 }
 
 TEST_F(Headless, TellsWhatDoesNotStandWhereItShould)

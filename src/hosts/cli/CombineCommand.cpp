@@ -1,4 +1,5 @@
 #include "hosts/cli/Commands.h"
+#include "hosts/cli/Delivery.h"
 #include "hosts/cli/Json.h"
 #include "hosts/cli/UserInPlace.h"
 #include "photos/ToviPhoto.h"
@@ -72,11 +73,11 @@ int Report(ToviData& document, const CString& dataFolder)
             photo->GetOutputFilename(names);
         }
     }
-    Json missing = Json::array();
-    for (const CString& name : names) missing.push_back(name);
+    Json missing = Json::Array();
+    for (const CString& name : names) missing.Add(name);
     const int photos = document.GetTotalCountPhoto();
-    const Json summary = {
-        {"dataFolder", dataFolder}, {"photos", photos}, {"found", found}, {"missing", missing}};
+    const Json summary = Json::Object(
+        {{"dataFolder", dataFolder}, {"photos", photos}, {"found", found}, {"missing", missing}});
     std::cout << ToText(summary) << '\n';
     if (found == photos) return ExitDone;
     Complain(Format("%d枚の写真のファイルがそろいません。足りないメディアを --next "
@@ -108,17 +109,20 @@ int Run(const Arguments& arguments)
 }
 } // namespace
 
-void AddCombineCommand(CLI::App& app, int& status)
+Command CombineCommand()
 {
-    static Arguments arguments;
-    CLI::App* command =
-        app.add_subcommand("combine", "何枚かのメディアに分かれた納品データをまとめて開く");
-    command->group("コマンド");
-    AddDeliveryArguments(*command, arguments.delivery);
-    command->add_option("--next", arguments.next, "2枚目からのメディアのフォルダ。順に指定する")
-        ->option_text("FOLDER ...");
-    command->footer("出力: {\"dataFolder\",\"photos\":枚数,\"found\":ファイルのそろった枚数,"
-                    "\"missing\":[足りないファイル]}\n"
-                    "光ディスクやUSBメモリの写真は作業フォルダにコピーし、dataFolder から開ける。");
-    command->callback([&status] { status = Run(arguments); });
+    const auto arguments = std::make_shared<Arguments>();
+    return {.name = "combine",
+            .help = "何枚かのメディアに分かれた納品データをまとめて開く",
+            .options = Joined({DeliveryOptions(arguments->delivery),
+                               {{.name = "--next",
+                                 .help = "2枚目からのメディアのフォルダ。順に指定する",
+                                 .target = &arguments->next,
+                                 .valueName = "FOLDER ...",
+                                 .takesMany = true}}}),
+            .footer =
+                "出力: {\"dataFolder\",\"photos\":枚数,\"found\":ファイルのそろった枚数,"
+                "\"missing\":[足りないファイル]}\n"
+                "光ディスクやUSBメモリの写真は作業フォルダにコピーし、dataFolder から開ける。",
+            .run = [arguments] { return Run(*arguments); }};
 }

@@ -3,7 +3,6 @@
 #include "extraction/ToviSortCondition.h"
 #include "hosts/cli/NearWords.h"
 #include "hosts/cli/Records.h"
-#include "hosts/cli/Usage.h"
 #include "photos/LabelSlots.h"
 
 #include <algorithm>
@@ -129,37 +128,34 @@ int Extract(ToviData& document, const ExtractionConditions& conditions)
 }
 } // namespace
 
-void AddConditionOptions(CLI::App& command, ConditionArguments& arguments)
+Options ConditionOptions(ConditionArguments& arguments)
 {
     ExtractionConditions& conditions = arguments.conditions;
-    AddTreeTypeOption(command, arguments.choice.type);
-    AddNodeOption(command, arguments.choice.nodes);
-    AddRecordOption(command, arguments.record);
-    command
-        .add_option("--label", arguments.label,
-                    "この付箋の写真を選ぶ（0 OK、1～3 NG1～NG3、4 コメント、5 任意）")
-        ->check(Between(0, labelCount - 1))
-        ->option_text("N");
-    CLI::Option* all =
-        command.add_flag("--and", arguments.all, "抽出条件のすべてに当たる写真（既定）");
-    command.add_flag("--or", arguments.any, "抽出条件のどれかに当たる写真")->excludes(all);
-    command.add_flag("--key-photo", conditions.keyPhoto, "抽出条件: 代表写真");
-    command.add_flag("--ng", conditions.ngPhoto, "抽出条件: NG写真");
-    command.add_flag("--unchecked", conditions.notcheckPhoto, "抽出条件: 未検査写真");
-    command.add_flag("--no-exif", conditions.notExifinfo, "抽出条件: Exif情報非保有写真");
-    command.add_flag("--missing-required", conditions.neceNotwrite, "抽出条件: 必須項目未入力写真");
-    command
-        .add_option("--item", arguments.items,
-                    "抽出条件: 項目の値。3つまで。空の値は 項目名=【未記入】")
-        ->allow_extra_args(false)
-        ->option_text("TITLE=TEXT ...");
-    command.add_option("--date-from", conditions.dateFrom, "抽出条件: 撮影年月日がこの日から")
-        ->option_text("D");
-    command.add_option("--date-to", conditions.dateTo, "抽出条件: 撮影年月日がこの日まで")
-        ->option_text("D");
-    command.add_flag("--file-date", arguments.fileDate, "撮影年月日の代わりにファイル更新日で見る");
-    command.add_option("--sort", arguments.sortItem, "この項目の順に並べる")->option_text("TITLE");
-    command.add_flag("--descending", arguments.descending, "逆の順に並べる");
+    return Joined(
+        {{TreeTypeOption(arguments.choice.type), NodeOption(arguments.choice.nodes)},
+         RecordOptions(arguments.record),
+         {{.name = "--label",
+           .help = "この付箋の写真を選ぶ（0 OK、1～3 NG1～NG3、4 コメント、5 任意）",
+           .target = &arguments.label,
+           .valueName = "N",
+           .accepted = Between{0, labelCount - 1}},
+          {"--and", "抽出条件のすべてに当たる写真（既定）", &arguments.all},
+          {.name = "--or",
+           .help = "抽出条件のどれかに当たる写真",
+           .target = &arguments.any,
+           .excluded = "--and"},
+          {"--key-photo", "抽出条件: 代表写真", &conditions.keyPhoto},
+          {"--ng", "抽出条件: NG写真", &conditions.ngPhoto},
+          {"--unchecked", "抽出条件: 未検査写真", &conditions.notcheckPhoto},
+          {"--no-exif", "抽出条件: Exif情報非保有写真", &conditions.notExifinfo},
+          {"--missing-required", "抽出条件: 必須項目未入力写真", &conditions.neceNotwrite},
+          {"--item", "抽出条件: 項目の値。3つまで。空の値は 項目名=【未記入】", &arguments.items,
+           "TITLE=TEXT ..."},
+          {"--date-from", "抽出条件: 撮影年月日がこの日から", &conditions.dateFrom, "D"},
+          {"--date-to", "抽出条件: 撮影年月日がこの日まで", &conditions.dateTo, "D"},
+          {"--file-date", "撮影年月日の代わりにファイル更新日で見る", &arguments.fileDate},
+          {"--sort", "この項目の順に並べる", &arguments.sortItem, "TITLE"},
+          {"--descending", "逆の順に並べる", &arguments.descending}}});
 }
 
 int MakeCurrentArray(ToviData& document, const ConditionArguments& arguments)

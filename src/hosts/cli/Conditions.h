@@ -20,8 +20,8 @@ struct ConditionArguments
     bool descending = false;
 };
 
-/// Adds --type, --node, --record, --label and the conditions. \p arguments outlives \p command.
-void AddConditionOptions(CLI::App& command, ConditionArguments& arguments);
+/// --type, --node, --record, --label and the conditions.
+Options ConditionOptions(ConditionArguments& arguments);
 
 /// Opens nothing: takes up the inspection, selects, extracts and sorts as \p arguments say, and
 /// selects the first photograph. Returns the exit status; what isn't ExitDone was told on standard

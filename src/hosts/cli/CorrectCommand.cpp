@@ -1,7 +1,6 @@
 #include "hosts/cli/Commands.h"
 #include "hosts/cli/PhotoChoice.h"
 #include "hosts/cli/Records.h"
-#include "hosts/cli/Usage.h"
 #include "hosts/cli/UserInPlace.h"
 
 #include "platform/host/TerminalUserInterface.h"
@@ -66,21 +65,21 @@ int Run(const Arguments& arguments)
 }
 } // namespace
 
-void AddCorrectCommand(CLI::App& app, int& status)
+Command CorrectCommand()
 {
-    static Arguments arguments;
-    CLI::App* command = app.add_subcommand("correct", "選んだ分類の写真の付箋をまとめて訂正する");
-    command->group("コマンド");
-    AddDeliveryArguments(*command, arguments.delivery);
-    AddRecordOption(*command, arguments.record)->required();
-    command
-        ->add_option("--action", arguments.action,
-                     "ok（NGのない写真にOK）、unchecked（OK・NGをはがして未検査に）、clear（付箋と"
-                     "コメントをすべて消す）")
-        ->check(OneOf({"ok", "unchecked", "clear"}))
-        ->required()
-        ->option_text("NAME（必須）");
-    AddTreeTypeOption(*command, arguments.choice.type);
-    AddNodeOption(*command, arguments.choice.nodes);
-    command->callback([&status] { status = Run(arguments); });
+    const auto arguments = std::make_shared<Arguments>();
+    return {.name = "correct",
+            .help = "選んだ分類の写真の付箋をまとめて訂正する",
+            .options = Joined({DeliveryOptions(arguments->delivery),
+                               RecordOptions(arguments->record, Need::Required),
+                               {{.name = "--action",
+                                 .help = "ok（NGのない写真にOK）、unchecked（OK・NGをはがして未検査"
+                                         "に）、clear（付箋とコメントをすべて消す）",
+                                 .target = &arguments->action,
+                                 .valueName = "NAME（必須）",
+                                 .need = Need::Required,
+                                 .accepted = OneOf{{"ok", "unchecked", "clear"}}},
+                                TreeTypeOption(arguments->choice.type),
+                                NodeOption(arguments->choice.nodes)}}),
+            .run = [arguments] { return Run(*arguments); }};
 }

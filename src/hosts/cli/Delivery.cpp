@@ -1,13 +1,9 @@
 #include "hosts/cli/Delivery.h"
-#include "hosts/cli/Usage.h"
 #include "items/ToviPhotoCtrlVisualSetting.h"
 
 #include "platform/host/CDocument.h"
-#include "platform/host/HostServices.h"
-#include "platform/text/TerminalText.h"
 
 #include <algorithm>
-#include <iostream>
 
 namespace
 {
@@ -59,12 +55,6 @@ ToviNode* FindChild(ToviNode& node, const CString& title)
 }
 } // namespace
 
-void Complain(const CString& sentence)
-{
-    GetHostServices().userInterface->ShowProgress("");
-    std::cerr << HarmlessLine(sentence) << std::endl;
-}
-
 const char* FamilyName(PhotoXMLType family)
 {
     const auto* found =
@@ -73,42 +63,39 @@ const char* FamilyName(PhotoXMLType family)
     return found->name;
 }
 
-void AddDeliveryArguments(CLI::App& command, DeliveryArguments& arguments)
+Options DeliveryOptions(DeliveryArguments& arguments, Need need)
 {
-    command.get_help_ptr()->group("オプション");
-    command
-        .add_option(
-            "DELIVERY", arguments.path,
-            "PHOTO.XML か INDEX_*.XML、またはそのあるフォルダ（DISK1 などの上のフォルダでもよい）")
-        ->required()
-        ->option_text("（必須）");
-    command
-        .add_option("--family", arguments.family,
-                    "要領の系統: "
-                    "auto（DTDなどから判断）、mlit（国交省）、kowan（港湾）、maff（農水省）、nexco")
-        ->check(OneOf({"auto", "mlit", "kowan", "maff", "nexco"}))
-        ->option_text("NAME");
+    return {
+        {.name = "DELIVERY",
+         .help =
+             "PHOTO.XML か INDEX_*.XML、またはそのあるフォルダ（DISK1 などの上のフォルダでもよい）",
+         .target = &arguments.path,
+         .need = need},
+        {.name = "--family",
+         .help = "要領の系統: "
+                 "auto（DTDなどから判断）、mlit（国交省）、kowan（港湾）、maff（農水省）、nexco",
+         .target = &arguments.family,
+         .valueName = "NAME",
+         .accepted = OneOf{{"auto", "mlit", "kowan", "maff", "nexco"}}}};
 }
 
-void AddNodeOption(CLI::App& command, std::vector<std::string>& nodes)
+Option NodeOption(std::vector<std::string>& nodes)
 {
-    command
-        .add_option(
-            "--node", nodes,
-            "分類の名前。根から順に繰り返して指定する（例: --node 工事 --node 施工状況写真）")
-        ->allow_extra_args(false)
-        ->option_text("TITLE ...");
+    return {.name = "--node",
+            .help =
+                "分類の名前。根から順に繰り返して指定する（例: --node 工事 --node 施工状況写真）",
+            .target = &nodes,
+            .valueName = "TITLE ..."};
 }
 
-void AddTreeTypeOption(CLI::App& command, TreeTypeArgument& type)
+Option TreeTypeOption(TreeTypeArgument& type)
 {
-    command
-        .add_option(
-            "--type", type,
-            "木の種類（既定は設定のとおり）: 0 大分類・写真区分・工種・種別・細別、1 撮影箇所、2 "
-            "工種・種別・細別")
-        ->check(Between(0, 2))
-        ->option_text("0|1|2");
+    return {.name = "--type",
+            .help = "木の種類（既定は設定のとおり）: 0 大分類・写真区分・工種・種別・細別、1 "
+                    "撮影箇所、2 工種・種別・細別",
+            .target = &type,
+            .valueName = "0|1|2",
+            .accepted = Between{0, 2}};
 }
 
 OpenedDelivery OpenDelivery(const DeliveryArguments& arguments, TreeTypeArgument tree)

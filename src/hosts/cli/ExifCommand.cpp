@@ -17,20 +17,21 @@ struct Arguments
 
 Json FactsOf(ToviPhoto& photo, int index)
 {
-    Json facts = {{"index", index}, {"hasExif", photo.CheckExif()}};
+    Json facts = Json::Object({{"index", index}, {"hasExif", photo.CheckExif()}});
     const ToviExifInfo& exif = photo.GetExif();
-    facts["date"] = ToJson(exif.GetDate());
-    facts["image"] = ToJson(exif.GetImage());
-    facts["maker"] = ToJson(exif.GetMaker());
-    facts["format"] = ToJson(exif.GetFormat());
-    facts["shoot"] = ToJson(exif.GetShoot());
-    facts["gps"] = ToJson(exif.GetGPS());
-    facts["file"] = Json::object();
+    facts.Add("date", ToJson(exif.GetDate()));
+    facts.Add("image", ToJson(exif.GetImage()));
+    facts.Add("maker", ToJson(exif.GetMaker()));
+    facts.Add("format", ToJson(exif.GetFormat()));
+    facts.Add("shoot", ToJson(exif.GetShoot()));
+    facts.Add("gps", ToJson(exif.GetGPS()));
+    Json file = Json::Object();
     for (const char* title : fileTitles) {
         CString value;
         photo.GetFileInfoFromTitle(title, value);
-        facts["file"][title] = value;
+        file.Add(title, value);
     }
+    facts.Add("file", file);
     return facts;
 }
 
@@ -41,16 +42,16 @@ int Run(const Arguments& arguments)
 }
 } // namespace
 
-void AddExifCommand(CLI::App& app, int& status)
+Command ExifCommand()
 {
-    static Arguments arguments;
-    CLI::App* command = app.add_subcommand("exif", "写真のExif情報とファイル情報を表示する");
-    command->group("コマンド");
-    AddDeliveryArguments(*command, arguments.delivery);
-    AddAtOption(*command, arguments.choice);
-    command->footer(
-        "出力: "
-        "[{\"index\",\"hasExif\",\"date\":[{\"item\",\"value\"}],\"image\",\"maker\",\"format\","
-        "\"shoot\",\"gps\",\"file\":{...}}]");
-    command->callback([&status] { status = Run(arguments); });
+    const auto arguments = std::make_shared<Arguments>();
+    return {.name = "exif",
+            .help = "写真のExif情報とファイル情報を表示する",
+            .options =
+                Joined({DeliveryOptions(arguments->delivery), {AtOption(arguments->choice)}}),
+            .footer = "出力: "
+                      "[{\"index\",\"hasExif\",\"date\":[{\"item\",\"value\"}],\"image\",\"maker\","
+                      "\"format\","
+                      "\"shoot\",\"gps\",\"file\":{...}}]",
+            .run = [arguments] { return Run(*arguments); }};
 }

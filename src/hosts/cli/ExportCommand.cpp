@@ -45,23 +45,23 @@ const char* ReasonOf(const PhotoExport::Failure& failure)
 
 Json SummaryOf(const CString& folder, int photos, const PhotoExport::Outcome& outcome)
 {
-    Json missing = Json::array();
-    Json failed = Json::array();
+    Json missing = Json::Array();
+    Json failed = Json::Array();
     for (const PhotoExport::Failure& failure : outcome.failures) {
         if (failure.reason == CopyFailure::NoSource) {
-            missing.push_back(failure.name);
+            missing.Add(failure.name);
         } else {
-            failed.push_back(
-                {{"name", failure.name}, {"index", failure.index}, {"reason", ReasonOf(failure)}});
+            failed.Add(Json::Object(
+                {{"name", failure.name}, {"index", failure.index}, {"reason", ReasonOf(failure)}}));
         }
     }
-    return {{"folder", folder},
-            {"photos", photos},
-            {"copied", outcome.copied},
-            {"bytes", outcome.bytes},
-            {"missing", missing},
-            {"failed", failed},
-            {"cancelled", outcome.cancelled}};
+    return Json::Object({{"folder", folder},
+                         {"photos", photos},
+                         {"copied", outcome.copied},
+                         {"bytes", outcome.bytes},
+                         {"missing", missing},
+                         {"failed", failed},
+                         {"cancelled", outcome.cancelled}});
 }
 
 int TellOutcome(const PhotoExport::Outcome& outcome)
@@ -105,21 +105,21 @@ int Run(const Arguments& arguments)
 }
 } // namespace
 
-void AddExportCommand(CLI::App& app, int& status)
+Command ExportCommand()
 {
-    static Arguments arguments;
-    CLI::App* command =
-        app.add_subcommand("export", "選んだ写真のファイルを、そのままフォルダに保存する");
-    command->group("コマンド");
-    AddDeliveryArguments(*command, arguments.delivery);
-    command
-        ->add_option("FOLDER", arguments.folder,
-                     "保存先のフォルダ。納品データの中や、同じ名前のファイルがある所には保存しない")
-        ->required()
-        ->option_text("（必須）");
-    AddConditionOptions(*command, arguments.conditions);
-    command->footer(
-        "出力: {\"folder\",\"photos\":枚数,\"copied\",\"bytes\",\"missing\":[ファイル名],"
-        "\"failed\":[{\"name\",\"index\",\"reason\"}],\"cancelled\"}");
-    command->callback([&status] { status = Run(arguments); });
+    const auto arguments = std::make_shared<Arguments>();
+    return {
+        .name = "export",
+        .help = "選んだ写真のファイルを、そのままフォルダに保存する",
+        .options = Joined(
+            {DeliveryOptions(arguments->delivery),
+             {{.name = "FOLDER",
+               .help =
+                   "保存先のフォルダ。納品データの中や、同じ名前のファイルがある所には保存しない",
+               .target = &arguments->folder,
+               .need = Need::Required}},
+             ConditionOptions(arguments->conditions)}),
+        .footer = "出力: {\"folder\",\"photos\":枚数,\"copied\",\"bytes\",\"missing\":[ファイル名],"
+                  "\"failed\":[{\"name\",\"index\",\"reason\"}],\"cancelled\"}",
+        .run = [arguments] { return Run(*arguments); }};
 }

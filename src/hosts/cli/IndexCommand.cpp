@@ -1,4 +1,5 @@
 #include "hosts/cli/Commands.h"
+#include "hosts/cli/Delivery.h"
 #include "hosts/cli/Json.h"
 
 #include "delivery/IndexPage.h"
@@ -16,7 +17,7 @@ struct Arguments
 
 int Report(const CString& path)
 {
-    std::cout << ToText({{"path", path}}) << '\n';
+    std::cout << ToText(Json::Object({{"path", path}})) << '\n';
     return ExitDone;
 }
 
@@ -55,17 +56,17 @@ int Run(const Arguments& arguments)
 }
 } // namespace
 
-void AddIndexCommand(CLI::App& app, int& status)
+Command IndexCommand()
 {
-    static Arguments arguments;
-    CLI::App* command =
-        app.add_subcommand("index", "工事管理ファイルをブラウザで見るための写しを作る");
-    command->group("コマンド");
-    AddDeliveryArguments(*command, arguments.delivery);
-    command->add_flag("--html", arguments.html,
-                      "XMLの写しの代わりに、どのブラウザでも開けるHTMLのページを作る");
-    command->footer("出力: {\"path\":写しまたはページのパス}\n"
-                    "作業フォルダの IndexCopy "
-                    "に納品データごとにでき、最後に作ってから30日たつと、次に作るときに消える");
-    command->callback([&status] { status = Run(arguments); });
+    const auto arguments = std::make_shared<Arguments>();
+    return {.name = "index",
+            .help = "工事管理ファイルをブラウザで見るための写しを作る",
+            .options =
+                Joined({DeliveryOptions(arguments->delivery),
+                        {{"--html", "XMLの写しの代わりに、どのブラウザでも開けるHTMLのページを作る",
+                          &arguments->html}}}),
+            .footer = "出力: {\"path\":写しまたはページのパス}\n"
+                      "作業フォルダの IndexCopy "
+                      "に納品データごとにでき、最後に作ってから30日たつと、次に作るときに消える",
+            .run = [arguments] { return Run(*arguments); }};
 }

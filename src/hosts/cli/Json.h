@@ -4,15 +4,49 @@
 #include "items/ToviItemDef.h"
 #include "items/ToviTextPair.h"
 
-#include <nlohmann/json.hpp>
-
+#include <concepts>
+#include <initializer_list>
 #include <ostream>
 
-using Json = nlohmann::ordered_json;
+struct JsonMember;
 
-/// \p value as one line of UTF-8 that no terminal takes orders from; bytes that are no UTF-8 become
-/// U+FFFD.
-std::string ToText(const Json& value);
+/// A JSON value, which is text from the start: what is written is never read again.
+class Json
+{
+public:
+    Json(std::nullptr_t) : text("null") {}
+    Json(bool value) : text(value ? "true" : "false") {}
+    template <std::integral Number>
+    Json(Number value) : text(std::to_string(value))
+    {}
+    /// Bytes that are no UTF-8 become U+FFFD.
+    Json(const CString& value);
+    Json(const char* value) : Json(CString(value)) {}
+    static Json Array();
+    static Json Object(std::initializer_list<JsonMember> members = {});
+
+    /// Adds \p element to this array.
+    void Add(const Json& element);
+    /// Adds the member \p name to this object, which has none of that name.
+    void Add(const CString& name, const Json& value);
+
+    const CString& Text() const { return text; }
+
+private:
+    Json() = default;
+    void BeginNext();
+
+    CString text;
+};
+
+struct JsonMember
+{
+    CString name;
+    Json value;
+};
+
+/// \p value as one line of UTF-8 that no terminal takes orders from.
+CString ToText(const Json& value);
 
 /// \p items as an array of {"title","value"}, in their order.
 Json ToJson(const ToviItemArray& items, const ToviItemDef& def);

@@ -1,7 +1,6 @@
 #include "hosts/cli/Commands.h"
 #include "hosts/cli/PhotoChoice.h"
 #include "hosts/cli/Records.h"
-#include "hosts/cli/Usage.h"
 #include "photos/ToviPhoto.h"
 #include "review/LabelEdits.h"
 
@@ -16,8 +15,7 @@ struct Arguments
     PhotoChoice choice;
     std::vector<unsigned int> paste;
     std::vector<unsigned int> remove;
-    std::string comment;
-    bool hasComment = false;
+    std::optional<std::string> comment;
     bool clear = false;
 };
 
@@ -25,7 +23,7 @@ struct Arguments
 bool Change(PhotoReview& review, const Arguments& arguments)
 {
     if (arguments.clear) LabelRules::RemoveAllLabel(review);
-    if (arguments.hasComment) LabelRules::EditComment(review, arguments.comment);
+    if (arguments.comment) LabelRules::EditComment(review, *arguments.comment);
     for (const unsigned int slot : arguments.remove) LabelRules::Remove(review, slot);
     bool pasted = true;
     for (const unsigned int slot : arguments.paste) pasted &= LabelRules::Paste(review, slot);
@@ -62,40 +60,39 @@ int Run(const Arguments& arguments)
         output.Add(ReviewOf(*document.GetPhotoActualPhotoArray(index), index));
     return ExitDone;
 }
+
+Option SlotsOption(const char* name, const CString& what, std::vector<unsigned int>& slots)
+{
+    return {.name = name,
+            .help = what + "（0 OK、1～3 NG1～NG3、4 コメント、5 任意）。繰り返してよい",
+            .target = &slots,
+            .valueName = "N ...",
+            .accepted = Between{0, labelCount - 1}};
+}
 } // namespace
 
-void AddLabelCommand(CLI::App& app, int& status)
+Command LabelCommand()
 {
-    static Arguments arguments;
-    CLI::App* command =
-        app.add_subcommand("label", "写真に付箋やコメントを付け、検査状況の記録に保存する");
-    command->group("コマンド");
-    AddDeliveryArguments(*command, arguments.delivery);
-    AddRecordOption(*command, arguments.record)->required();
-    AddAtOption(*command, arguments.choice);
-    AddTreeTypeOption(*command, arguments.choice.type);
-    AddNodeOption(*command, arguments.choice.nodes);
-    for (const auto& [name, slots, text] : {std::tuple{"--paste", &arguments.paste, "貼る付箋"},
-                                            {"--remove", &arguments.remove, "はがす付箋"}}) {
-        command
-            ->add_option(name, *slots,
-                         CString(text) +
-                             "（0 OK、1～3 NG1～NG3、4 コメント、5 任意）。繰り返してよい")
-            ->check(Between(0, labelCount - 1))
-            ->allow_extra_args(false)
-            ->option_text("N ...");
-    }
-    CLI::Option* comment =
-        command->add_option("--comment", arguments.comment, "コメント。空にすると消す")
-            ->option_text("TEXT");
-    command->add_flag("--clear", arguments.clear, "先にすべての付箋とコメントを消す");
-    command->footer("記録ファイルがあれば読み込んでから変え、同じファイルに保存する。ほかの"
-                    "プログラムが使っている間は30秒まで待つ。OKとNGはどちら"
-                    "かだけが残り、"
-                    "コメントの付箋はコメントに従う\n"
-                    "出力: 変えた写真の [{\"index\",\"labels\":[付箋],\"comment\"}]");
-    command->callback([&status, comment] {
-        arguments.hasComment = comment->count() > 0;
-        status = Run(arguments);
-    });
+    const auto arguments = std::make_shared<Arguments>();
+    return {.name = "label",
+            .help = "写真に付箋やコメントを付け、検査状況の記録に保存する",
+            .options =
+                Joined({DeliveryOptions(arguments->delivery),
+                        RecordOptions(arguments->record, Need::Required),
+                        {AtOption(arguments->choice),
+                         TreeTypeOption(arguments->choice.type),
+                         NodeOption(arguments->choice.nodes),
+                         SlotsOption("--paste", "貼る付箋", arguments->paste),
+                         SlotsOption("--remove", "はがす付箋", arguments->remove),
+                         {.name = "--comment",
+                          .help = "コメント。空にすると消す",
+                          .target = &arguments->comment,
+                          .valueName = "TEXT"},
+                         {"--clear", "先にすべての付箋とコメントを消す", &arguments->clear}}}),
+            .footer = "記録ファイルがあれば読み込んでから変え、同じファイルに保存する。ほかの"
+                      "プログラムが使っている間は30秒まで待つ。OKとNGはどちら"
+                      "かだけが残り、"
+                      "コメントの付箋はコメントに従う\n"
+                      "出力: 変えた写真の [{\"index\",\"labels\":[付箋],\"comment\"}]",
+            .run = [arguments] { return Run(*arguments); }};
 }

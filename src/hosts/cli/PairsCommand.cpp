@@ -26,7 +26,7 @@ PhotoDescription BeginPairs(ToviData& document)
         if (needsExif) photo.LoadExif();
         ToviTextPairArray pairs;
         photo.GetTextPairs(document.GetItemDef(), items, pairs);
-        return {{"index", index}, {"pairs", ToJson(pairs)}};
+        return Json::Object({{"index", index}, {"pairs", ToJson(pairs)}});
     };
 }
 
@@ -36,15 +36,14 @@ int Run(const Arguments& arguments)
 }
 } // namespace
 
-void AddPairsCommand(CLI::App& app, int& status)
+Command PairsCommand()
 {
-    static Arguments arguments;
-    CLI::App* command =
-        app.add_subcommand("pairs", "写真情報リストを、設定で表示にした項目だけ表示する");
-    command->group("コマンド");
-    AddDeliveryArguments(*command, arguments.delivery);
-    AddAtOption(*command, arguments.choice);
-    command->footer("出力: [{\"index\",\"pairs\":[{\"item\",\"value\"}]}]\n"
-                    "項目の表示と非表示は tovi settings DELIVERY --set item:項目名=show で変える");
-    command->callback([&status] { status = Run(arguments); });
+    const auto arguments = std::make_shared<Arguments>();
+    return {.name = "pairs",
+            .help = "写真情報リストを、設定で表示にした項目だけ表示する",
+            .options =
+                Joined({DeliveryOptions(arguments->delivery), {AtOption(arguments->choice)}}),
+            .footer = "出力: [{\"index\",\"pairs\":[{\"item\",\"value\"}]}]\n"
+                      "項目の表示と非表示は tovi settings DELIVERY --set item:項目名=show で変える",
+            .run = [arguments] { return Run(*arguments); }};
 }

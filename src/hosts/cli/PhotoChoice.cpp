@@ -44,9 +44,12 @@ bool AddIndexes(const ToviData& document, const std::string& at, ToviPhotoRef& c
 }
 } // namespace
 
-void AddAtOption(CLI::App& command, PhotoChoice& choice)
+Option AtOption(PhotoChoice& choice)
 {
-    command.add_option("--at", choice.at, "写真の番号（0から。例: 0,3,5-9）")->option_text("LIST");
+    return {.name = "--at",
+            .help = "写真の番号（0から。例: 0,3,5-9）",
+            .target = &choice.at,
+            .valueName = "LIST"};
 }
 
 bool FindChosen(ToviData& document, const PhotoChoice& choice, ToviPhotoRef& chosen)

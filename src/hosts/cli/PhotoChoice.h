@@ -13,8 +13,8 @@ struct PhotoChoice
     bool IsEmpty() const { return at.empty() && nodes.empty(); }
 };
 
-/// Adds --at. \p choice outlives \p command.
-void AddAtOption(CLI::App& command, PhotoChoice& choice);
+/// --at
+Option AtOption(PhotoChoice& choice);
 
 /// Replaces \p chosen by the photo indexes that --at and --node name; all photographs when neither
 /// is given. False, with a sentence on standard error, when one of them names nothing.

@@ -22,15 +22,15 @@ void AddFacts(Json& entry, ToviPhoto& photo)
     int height = 0;
     photo.UpdateImagePath();
     const bool hasSize = photo.GetImageSize(width, height);
-    entry["fileExists"] = photo.IsExistFile();
-    entry["width"] = hasSize ? Json(width) : Json(nullptr);
-    entry["height"] = hasSize ? Json(height) : Json(nullptr);
+    entry.Add("fileExists", photo.IsExistFile());
+    entry.Add("width", hasSize ? Json(width) : Json(nullptr));
+    entry.Add("height", hasSize ? Json(height) : Json(nullptr));
 }
 
 void AddReview(Json& entry, const ToviPhoto& photo)
 {
-    entry["labels"] = LabelsOf(photo);
-    entry["comment"] = photo.GetComment();
+    entry.Add("labels", LabelsOf(photo));
+    entry.Add("comment", photo.GetComment());
 }
 
 int Run(const Arguments& arguments)
@@ -44,10 +44,12 @@ int Run(const Arguments& arguments)
     const int total = document.GetTotalCountPhoto();
     for (int index = 0; index < total; ++index) {
         ToviPhoto& photo = *document.GetPhotoActualPhotoArray(index);
-        Json entry = {
-            {"index", index}, {"imagePath", photo.GetImagePath()}, {"pictures", Json::array()}};
-        for (const CString& path : photo.GetPicturePaths()) entry["pictures"].push_back(path);
-        entry["items"] = ToJson(photo.GetItems(), *document.GetItemDef());
+        Json pictures = Json::Array();
+        for (const CString& path : photo.GetPicturePaths()) pictures.Add(path);
+        Json entry = Json::Object({{"index", index},
+                                   {"imagePath", photo.GetImagePath()},
+                                   {"pictures", pictures},
+                                   {"items", ToJson(photo.GetItems(), *document.GetItemDef())}});
         if (arguments.facts) AddFacts(entry, photo);
         if (!arguments.record.path.empty()) AddReview(entry, photo);
         output.Add(entry);
@@ -60,18 +62,19 @@ int Run(const Arguments& arguments)
 }
 } // namespace
 
-void AddPhotosCommand(CLI::App& app, int& status)
+Command PhotosCommand()
 {
-    static Arguments arguments;
-    CLI::App* command = app.add_subcommand("photos", "すべての写真を PHOTO.XML の順に表示する");
-    command->group("コマンド");
-    AddDeliveryArguments(*command, arguments.delivery);
-    command->add_flag("--facts", arguments.facts, "写真ファイルの有無と大きさも調べる");
-    AddRecordOption(*command, arguments.record);
-    command->footer(
-        "出力: [{\"index\",\"imagePath\",\"pictures\":[参考図のパス],"
-        "\"items\":[{\"title\",\"value\"}]}]\n"
-        "--facts では \"fileExists\"（写真と参考図がすべてある）、\"width\"、\"height\" を加える\n"
-        "--record では \"labels\":[付箋]、\"comment\" を加える");
-    command->callback([&status] { status = Run(arguments); });
+    const auto arguments = std::make_shared<Arguments>();
+    return {.name = "photos",
+            .help = "すべての写真を PHOTO.XML の順に表示する",
+            .options =
+                Joined({DeliveryOptions(arguments->delivery),
+                        {{"--facts", "写真ファイルの有無と大きさも調べる", &arguments->facts}},
+                        RecordOptions(arguments->record)}),
+            .footer = "出力: [{\"index\",\"imagePath\",\"pictures\":[参考図のパス],"
+                      "\"items\":[{\"title\",\"value\"}]}]\n"
+                      "--facts では "
+                      "\"fileExists\"（写真と参考図がすべてある）、\"width\"、\"height\" を加える\n"
+                      "--record では \"labels\":[付箋]、\"comment\" を加える",
+            .run = [arguments] { return Run(*arguments); }};
 }

@@ -70,33 +70,32 @@ int Return(const Arguments& arguments)
 }
 } // namespace
 
-void AddRecordCommand(CLI::App& app, int& status)
+Command RecordCommand()
 {
-    static Arguments arguments;
-    CLI::App* command = app.add_subcommand("record", "検査状況の記録ファイルの内容を表示する");
-    command->group("コマンド");
-    AddDeliveryArguments(*command, arguments.delivery);
-    command->add_option("FILE", arguments.record.path, "検査状況の記録ファイル")
-        ->required()
-        ->option_text("（必須）");
-    AddForceOption(*command, arguments.record);
-    command->footer("出力: [{\"index\",\"labels\":[付箋],\"comment\"}]\n"
-                    "付箋: 0 OK、1～3 NG1～NG3、4 コメント、5 任意");
-    command->callback([&status] { status = Show(arguments); });
+    const auto arguments = std::make_shared<Arguments>();
+    return {.name = "record",
+            .help = "検査状況の記録ファイルの内容を表示する",
+            .options = Joined({DeliveryOptions(arguments->delivery),
+                               {{.name = "FILE",
+                                 .help = "検査状況の記録ファイル",
+                                 .target = &arguments->record.path,
+                                 .need = Need::Required},
+                                ForceOption(arguments->record)}}),
+            .footer = "出力: [{\"index\",\"labels\":[付箋],\"comment\"}]\n"
+                      "付箋: 0 OK、1～3 NG1～NG3、4 コメント、5 任意",
+            .run = [arguments] { return Show(*arguments); }};
 }
 
-void AddReturnCommand(CLI::App& app, int& status)
+Command ReturnCommand()
 {
-    static Arguments arguments;
-    CLI::App* command =
-        app.add_subcommand("return", "写真ファイルのパスを加えた検査状況の記録を作る");
-    command->group("コマンド");
-    AddDeliveryArguments(*command, arguments.delivery);
-    AddRecordOption(*command, arguments.record)->required();
-    command
-        ->add_option("OUT", arguments.output,
-                     "作るファイル。- は標準出力。納品データの中には作れない")
-        ->required()
-        ->option_text("（必須）");
-    command->callback([&status] { status = Return(arguments); });
+    const auto arguments = std::make_shared<Arguments>();
+    return {.name = "return",
+            .help = "写真ファイルのパスを加えた検査状況の記録を作る",
+            .options = Joined({DeliveryOptions(arguments->delivery),
+                               RecordOptions(arguments->record, Need::Required),
+                               {{.name = "OUT",
+                                 .help = "作るファイル。- は標準出力。納品データの中には作れない",
+                                 .target = &arguments->output,
+                                 .need = Need::Required}}}),
+            .run = [arguments] { return Return(*arguments); }};
 }

@@ -9,17 +9,19 @@
 #include "reports/OutputPhotoFolder.h"
 #include "review/RecordTags.h"
 
-CLI::Option* AddRecordOption(CLI::App& command, RecordArguments& record)
+Options RecordOptions(RecordArguments& record, Need need)
 {
-    CLI::Option* const option =
-        command.add_option("--record", record.path, "検査状況の記録ファイル")->option_text("FILE");
-    AddForceOption(command, record);
-    return option;
+    return {{.name = "--record",
+             .help = "検査状況の記録ファイル",
+             .target = &record.path,
+             .valueName = "FILE",
+             .need = need},
+            ForceOption(record)};
 }
 
-void AddForceOption(CLI::App& command, RecordArguments& record)
+Option ForceOption(RecordArguments& record)
 {
-    command.add_flag("--force", record.force, "別の納品データの記録のようでも読み込む");
+    return {"--force", "別の納品データの記録のようでも読み込む", &record.force};
 }
 
 bool LoadRecord(ToviData& document, const RecordArguments& record)
@@ -101,14 +103,15 @@ bool RefuseInDelivery(const CString& path, const OpenedDelivery& delivery)
 
 Json LabelsOf(const ToviPhoto& photo)
 {
-    Json slots = Json::array();
+    Json slots = Json::Array();
     for (unsigned int slot = 0; slot < labelCount; ++slot) {
-        if (photo.IsLabelPasted(slot)) slots.push_back(slot);
+        if (photo.IsLabelPasted(slot)) slots.Add(slot);
     }
     return slots;
 }
 
 Json ReviewOf(const ToviPhoto& photo, int index)
 {
-    return {{"index", index}, {"labels", LabelsOf(photo)}, {"comment", photo.GetComment()}};
+    return Json::Object(
+        {{"index", index}, {"labels", LabelsOf(photo)}, {"comment", photo.GetComment()}});
 }

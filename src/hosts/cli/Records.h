@@ -14,10 +14,10 @@ struct RecordArguments
     bool force = false;
 };
 
-/// Adds --record and --force and returns the first. \p record outlives \p command.
-CLI::Option* AddRecordOption(CLI::App& command, RecordArguments& record);
-/// Adds --force alone.
-void AddForceOption(CLI::App& command, RecordArguments& record);
+/// --record and --force.
+Options RecordOptions(RecordArguments& record, Need need = Need::Optional);
+/// --force alone.
+Option ForceOption(RecordArguments& record);
 
 /// Takes up the inspection in the file \p record. False, with a sentence on standard error, when it
 /// doesn't fit; no inspection is true.

@@ -80,8 +80,8 @@ int Write(ToviData& document, const CString& path)
         return outcome == CheckStatusOutcome::Cancelled ? ExitInterrupted : ExitFailed;
     }
     const int photos = document.GetCurrentPhotoCount();
-    const Json report = {
-        {"file", path}, {"photos", photos}, {"pages", PageSizes(photos).GetSize()}};
+    const Json report =
+        Json::Object({{"file", path}, {"photos", photos}, {"pages", PageSizes(photos).GetSize()}});
     std::cout << ToText(report) << '\n';
     return ExitDone;
 }
@@ -105,20 +105,19 @@ int Run(const Arguments& arguments)
 }
 } // namespace
 
-void AddReportCommand(CLI::App& app, int& status)
+Command ReportCommand()
 {
-    static Arguments arguments;
-    CLI::App* command = app.add_subcommand("report", "検査結果の一覧をExcelのファイルに書き出す");
-    command->group("コマンド");
-    AddDeliveryArguments(*command, arguments.delivery);
-    command
-        ->add_option("OUT", arguments.output,
-                     "作るファイル。種類は .xls（既定）、.xlsx、.ods、.pdf "
-                     "から。納品データの中には作れない")
-        ->required()
-        ->option_text("（必須）");
-    AddConditionOptions(*command, arguments.conditions);
-    command->footer("出力: {\"file\",\"photos\":写真の枚数,\"pages\":ページ数}\n"
-                    "LibreOffice Calc が必要。Ctrl+Cで中断すると、前のファイルはそのまま残る");
-    command->callback([&status] { status = Run(arguments); });
+    const auto arguments = std::make_shared<Arguments>();
+    return {.name = "report",
+            .help = "検査結果の一覧をExcelのファイルに書き出す",
+            .options = Joined({DeliveryOptions(arguments->delivery),
+                               {{.name = "OUT",
+                                 .help = "作るファイル。種類は .xls（既定）、.xlsx、.ods、.pdf "
+                                         "から。納品データの中には作れない",
+                                 .target = &arguments->output,
+                                 .need = Need::Required}},
+                               ConditionOptions(arguments->conditions)}),
+            .footer = "出力: {\"file\",\"photos\":写真の枚数,\"pages\":ページ数}\n"
+                      "LibreOffice Calc が必要。Ctrl+Cで中断すると、前のファイルはそのまま残る",
+            .run = [arguments] { return Run(*arguments); }};
 }

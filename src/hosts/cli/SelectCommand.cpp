@@ -20,25 +20,26 @@ int Run(const Arguments& arguments)
     ToviData& document = *delivery.document;
     const int status = MakeCurrentArray(document, arguments.conditions);
     if (status != ExitDone) return status;
-    Json current = Json::array();
-    for (const int index : document.GetCurrentArray()) current.push_back(index);
+    Json current = Json::Array();
+    for (const int index : document.GetCurrentArray()) current.Add(index);
     const int position = document.GetSelectCurIndex();
-    const Json selection = {{"path", document.GetSelectedNode()->GetFullTitlePath("/")},
-                            {"current", current},
-                            {"selectedPhoto", document.GetIndexPhotoArray(position)}};
+    const Json selection =
+        Json::Object({{"path", document.GetSelectedNode()->GetFullTitlePath("/")},
+                      {"current", current},
+                      {"selectedPhoto", document.GetIndexPhotoArray(position)}});
     std::cout << ToText(selection) << '\n';
     return ExitDone;
 }
 } // namespace
 
-void AddSelectCommand(CLI::App& app, int& status)
+Command SelectCommand()
 {
-    static Arguments arguments;
-    CLI::App* command =
-        app.add_subcommand("select", "分類や条件で写真を選び、その番号を表示の順に表示する");
-    command->group("コマンド");
-    AddDeliveryArguments(*command, arguments.delivery);
-    AddConditionOptions(*command, arguments.conditions);
-    command->footer("出力: {\"path\",\"current\":[写真の番号],\"selectedPhoto\"}（選択なしは -1）");
-    command->callback([&status] { status = Run(arguments); });
+    const auto arguments = std::make_shared<Arguments>();
+    return {
+        .name = "select",
+        .help = "分類や条件で写真を選び、その番号を表示の順に表示する",
+        .options =
+            Joined({DeliveryOptions(arguments->delivery), ConditionOptions(arguments->conditions)}),
+        .footer = "出力: {\"path\",\"current\":[写真の番号],\"selectedPhoto\"}（選択なしは -1）",
+        .run = [arguments] { return Run(*arguments); }};
 }

@@ -1,5 +1,6 @@
 #include "extraction/ToviSortCondition.h"
 #include "hosts/cli/Commands.h"
+#include "hosts/cli/Delivery.h"
 #include "hosts/cli/Json.h"
 #include "hosts/cli/Profile.h"
 #include "hosts/cli/SettingKeys.h"
@@ -75,17 +76,17 @@ const char* KindName(InfoType type)
 
 Json ToJson(const UserSettings& settings)
 {
-    Json json = {{"settings", Json::object()}};
-    for (const SettingKey& key : SettingKeys()) {
-        json["settings"][key.name] = key.get(settings, key);
-    }
+    Json values = Json::Object();
+    for (const SettingKey& key : SettingKeys()) values.Add(key.name, key.get(settings, key));
+    Json json = Json::Object({{"settings", values}});
     const ToviItemShowSettings& items = settings.items.GetItemShowSettings();
     if (items.IsEmpty()) return json;
-    json["items"] = Json::array();
+    Json shown = Json::Array();
     for (const ToviItemShowSetting& item : items) {
-        json["items"].push_back(
-            {{"item", item.title}, {"shown", item.bold}, {"kind", KindName(item.infoType)}});
+        shown.Add(Json::Object(
+            {{"item", item.title}, {"shown", item.bold}, {"kind", KindName(item.infoType)}}));
     }
+    json.Add("items", shown);
     return json;
 }
 
@@ -124,18 +125,17 @@ CString Footer()
 }
 } // namespace
 
-void AddSettingsCommand(CLI::App& app, int& status)
+Command SettingsCommand()
 {
-    static Arguments arguments;
-    CLI::App* command = app.add_subcommand("settings", "保存してある設定を表示し、変える");
-    command->group("コマンド");
-    AddDeliveryArguments(*command, arguments.delivery);
-    command->get_option("DELIVERY")->required(false)->option_text(" ");
-    command
-        ->add_option("--set", arguments.assignments,
-                     "設定を変える。繰り返して指定できる。一つでも誤りがあれば何も変えない")
-        ->allow_extra_args(false)
-        ->option_text("KEY=VALUE ...");
-    command->footer(Footer());
-    command->callback([&status] { status = Run(arguments); });
+    const auto arguments = std::make_shared<Arguments>();
+    return {.name = "settings",
+            .help = "保存してある設定を表示し、変える",
+            .options = Joined(
+                {DeliveryOptions(arguments->delivery, Need::Optional),
+                 {{.name = "--set",
+                   .help = "設定を変える。繰り返して指定できる。一つでも誤りがあれば何も変えない",
+                   .target = &arguments->assignments,
+                   .valueName = "KEY=VALUE ..."}}}),
+            .footer = Footer(),
+            .run = [arguments] { return Run(*arguments); }};
 }

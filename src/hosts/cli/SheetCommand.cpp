@@ -2,7 +2,6 @@
 #include "hosts/cli/Conditions.h"
 #include "hosts/cli/OutputFile.h"
 #include "hosts/cli/Records.h"
-#include "hosts/cli/Usage.h"
 
 #include "platform/files/MibFile.h"
 #include "platform/host/HostServices.h"
@@ -83,22 +82,22 @@ int Run(const Arguments& arguments)
 }
 } // namespace
 
-void AddSheetCommand(CLI::App& app, int& status)
+Command SheetCommand()
 {
-    static Arguments arguments;
-    CLI::App* command =
-        app.add_subcommand("sheet", "選んだ分類の写真を縮小して並べた一覧の画像を作る");
-    command->group("コマンド");
-    AddDeliveryArguments(*command, arguments.delivery);
-    command
-        ->add_option("OUT", arguments.output,
-                     "作るファイル。種類は .png（既定）、.jpg から。- は標準出力（PNG）。納品データ"
-                     "の中には作れない")
-        ->required()
-        ->option_text("（必須）");
-    AddConditionOptions(*command, arguments.conditions);
-    command->add_option("--columns", arguments.columns, "横に並べる枚数（1～100、既定は5）")
-        ->check(Between(1, 100))
-        ->option_text("N");
-    command->callback([&status] { status = Run(arguments); });
+    const auto arguments = std::make_shared<Arguments>();
+    return {.name = "sheet",
+            .help = "選んだ分類の写真を縮小して並べた一覧の画像を作る",
+            .options = Joined({DeliveryOptions(arguments->delivery),
+                               {{.name = "OUT",
+                                 .help = "作るファイル。種類は .png（既定）、.jpg から。- "
+                                         "は標準出力（PNG）。納品データの中には作れない",
+                                 .target = &arguments->output,
+                                 .need = Need::Required}},
+                               ConditionOptions(arguments->conditions),
+                               {{.name = "--columns",
+                                 .help = "横に並べる枚数（1～100、既定は5）",
+                                 .target = &arguments->columns,
+                                 .valueName = "N",
+                                 .accepted = Between{1, 100}}}}),
+            .run = [arguments] { return Run(*arguments); }};
 }

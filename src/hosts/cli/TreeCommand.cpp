@@ -1,4 +1,5 @@
 #include "hosts/cli/Commands.h"
+#include "hosts/cli/Delivery.h"
 #include "hosts/cli/Json.h"
 
 #include <iostream>
@@ -13,10 +14,11 @@ struct Arguments
 
 Json ToJson(const ToviNode& node)
 {
-    Json json = {{"title", node.Title()}, {"indexes", Json::array()}, {"children", Json::array()}};
-    for (const int index : node.GetIndexes()) json["indexes"].push_back(index);
-    for (const ToviNode* child : node.Items()) json["children"].push_back(ToJson(*child));
-    return json;
+    Json indexes = Json::Array();
+    for (const int index : node.GetIndexes()) indexes.Add(index);
+    Json children = Json::Array();
+    for (const ToviNode* child : node.Items()) children.Add(ToJson(*child));
+    return Json::Object({{"title", node.Title()}, {"indexes", indexes}, {"children", children}});
 }
 
 int Run(const Arguments& arguments)
@@ -28,13 +30,13 @@ int Run(const Arguments& arguments)
 }
 } // namespace
 
-void AddTreeCommand(CLI::App& app, int& status)
+Command TreeCommand()
 {
-    static Arguments arguments;
-    CLI::App* command = app.add_subcommand("tree", "分類の木を表示する");
-    command->group("コマンド");
-    AddDeliveryArguments(*command, arguments.delivery);
-    AddTreeTypeOption(*command, arguments.type);
-    command->footer("出力: {\"title\",\"indexes\":[写真の番号],\"children\":[...]}");
-    command->callback([&status] { status = Run(arguments); });
+    const auto arguments = std::make_shared<Arguments>();
+    return {.name = "tree",
+            .help = "分類の木を表示する",
+            .options =
+                Joined({DeliveryOptions(arguments->delivery), {TreeTypeOption(arguments->type)}}),
+            .footer = "出力: {\"title\",\"indexes\":[写真の番号],\"children\":[...]}",
+            .run = [arguments] { return Run(*arguments); }};
 }

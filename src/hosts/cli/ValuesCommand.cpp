@@ -1,4 +1,5 @@
 #include "hosts/cli/Commands.h"
+#include "hosts/cli/Delivery.h"
 #include "hosts/cli/Json.h"
 #include "photos/ToviPhoto.h"
 
@@ -11,10 +12,10 @@ void Write(std::ostream& output, const ToviControlValueArray& values)
     const char* separator = "";
     for (const ToviControlValueTexts& value : values) {
         output << separator
-               << ToText({{"name", value.name},
-                          {"design", value.design},
-                          {"actual", value.actual},
-                          {"difference", value.difference}});
+               << ToText(Json::Object({{"name", value.name},
+                                       {"design", value.design},
+                                       {"actual", value.actual},
+                                       {"difference", value.difference}}));
         separator = ",";
     }
 }
@@ -39,19 +40,19 @@ int Run(const DeliveryArguments& arguments)
 }
 } // namespace
 
-void AddValuesCommand(CLI::App& app, int& status)
+Command ValuesCommand()
 {
-    static DeliveryArguments arguments;
-    CLI::App* command = app.add_subcommand("values", "写真の施工管理値を表の形で表示する");
-    command->group("コマンド");
-    AddDeliveryArguments(*command, arguments);
-    command->footer(
-        "出力: [{\"index\",\"valid\",\"values\":[{\"name\",\"design\",\"actual\","
-        "\"difference\"}]}]\n"
-        "「項目名:設計値 …・実測値 …・差 "
-        "…」を「、」で並べた文を読み取る。「:」のない文は項目名とする\n"
-        "読み取れない文は \"valid\" が false で \"values\" は空（文そのものは tovi photos "
-        "で見られる）\n"
-        "施工管理値のない写真は \"valid\" が true で \"values\" は空");
-    command->callback([&status] { status = Run(arguments); });
+    const auto arguments = std::make_shared<DeliveryArguments>();
+    return {.name = "values",
+            .help = "写真の施工管理値を表の形で表示する",
+            .options = DeliveryOptions(*arguments),
+            .footer =
+                "出力: [{\"index\",\"valid\",\"values\":[{\"name\",\"design\",\"actual\","
+                "\"difference\"}]}]\n"
+                "「項目名:設計値 …・実測値 …・差 "
+                "…」を「、」で並べた文を読み取る。「:」のない文は項目名とする\n"
+                "読み取れない文は \"valid\" が false で \"values\" は空（文そのものは tovi photos "
+                "で見られる）\n"
+                "施工管理値のない写真は \"valid\" が true で \"values\" は空",
+            .run = [arguments] { return Run(*arguments); }};
 }

@@ -58,29 +58,30 @@ int Run(const Arguments& arguments)
             ParseEditCheckTypes(document.GetVisualSetting().GetEditCheckTypes()));
         return [&document](ToviPhoto& photo, int index) -> Json {
             document.CheckEditJPEG(&photo);
-            return {{"index", index}, {"result", resultNames[photo.GetEditChkResult()]}};
+            return Json::Object(
+                {{"index", index}, {"result", resultNames[photo.GetEditChkResult()]}});
         };
     };
     return DescribePhotos(arguments.delivery, arguments.choice, "画像加工検知", begin);
 }
 } // namespace
 
-void AddVerifyCommand(CLI::App& app, int& status)
+Command VerifyCommand()
 {
-    static Arguments arguments;
-    CLI::App* command = app.add_subcommand("verify", "撮影後に加工された写真を検知する");
-    command->group("コマンド");
-    AddDeliveryArguments(*command, arguments.delivery);
-    AddAtOption(*command, arguments.choice);
-    command
-        ->add_option("--types", arguments.types,
-                     "検知のタイプを判定の順に（0 RICOH G800/G700/G600、1 小黒板電子化、2 RICOH "
-                     "G900）。既定は設定のタイプ")
-        ->check(WhyNoTypes)
-        ->option_text("0,2,1");
-    command->footer(CString("プログラムのフォルダにある ") + RicohVerifier::libraryName +
-                    ".so と " + ToviJacicImageChecker::libraryName +
-                    ".so で判定する。判定できない写真は unknown になる\n"
-                    "出力: [{\"index\",\"result\":\"none|unaltered|altered|unknown\"}]");
-    command->callback([&status] { status = Run(arguments); });
+    const auto arguments = std::make_shared<Arguments>();
+    return {.name = "verify",
+            .help = "撮影後に加工された写真を検知する",
+            .options = Joined({DeliveryOptions(arguments->delivery),
+                               {AtOption(arguments->choice),
+                                {.name = "--types",
+                                 .help = "検知のタイプを判定の順に（0 RICOH G800/G700/G600、1 "
+                                         "小黒板電子化、2 RICOH G900）。既定は設定のタイプ",
+                                 .target = &arguments->types,
+                                 .valueName = "0,2,1",
+                                 .accepted = &WhyNoTypes}}}),
+            .footer = CString("プログラムのフォルダにある ") + RicohVerifier::libraryName +
+                      ".so と " + ToviJacicImageChecker::libraryName +
+                      ".so で判定する。判定できない写真は unknown になる\n"
+                      "出力: [{\"index\",\"result\":\"none|unaltered|altered|unknown\"}]",
+            .run = [arguments] { return Run(*arguments); }};
 }
