@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/host/HostServices.h"
 #include "support/TempFolder.h"
 
 #include <cstdlib>
@@ -18,9 +19,10 @@ public:
     static void Install(const CString& name, const CString& folder, const CString& fileName,
                         const CString& kind = "whole")
     {
+        const CString program = RunningProgramPath();
+        const CString built = program.substr(0, program.rfind('/')) + "/../standins/";
         std::filesystem::create_directories(folder);
-        std::filesystem::copy_file(CString(TOVI_STANDINS) + '/' + kind + '/' + name + ".so",
-                                   folder + '/' + fileName);
+        std::filesystem::copy_file(built + kind + '/' + name + ".so", folder + '/' + fileName);
     }
     static void Install(const CString& name, const CString& folder)
     {
