@@ -66,11 +66,7 @@ TEST(AtomicFile, RefusalsLeaveEverythingAlone)
     fs::create_symlink(Format("/proc/self/fd/%d", opened.Get()), temp.Path("to stream"));
     fs::create_symlink("missing/file", temp.Path("to missing"));
     fs::create_symlink("delivery/r.xml", temp.Path("to delivery"));
-    const struct
-    {
-        CString path;
-        WriteFailure expected;
-    } cases[] = {
+    const std::pair<CString, WriteFailure> cases[] = {
         {temp.Path("readonly"), WriteFailure::NotWritable},
         {temp.Path("folder"), WriteFailure::NotAFile},
         {temp.Path("pipe"), WriteFailure::NotAFile},
@@ -86,14 +82,14 @@ TEST(AtomicFile, RefusalsLeaveEverythingAlone)
         {"", WriteFailure::Other},
     };
     const int entries = EntriesOf(temp.Path());
-    for (const auto& refusal : cases) {
+    for (const auto& [path, expected] : cases) {
         WriteFailure failure = WriteFailure::None;
-        EXPECT_FALSE(WriteFileAtomically(refusal.path, "new", &failure)) << refusal.path;
-        EXPECT_EQ(failure, refusal.expected) << refusal.path;
-        EXPECT_EQ(WhyNotReplaceable(refusal.path), refusal.expected) << refusal.path;
-        EXPECT_EQ(MibCopyFileEx(temp.Path("readonly"), refusal.path),
-                  refusal.path.ends_with("readonly") ? WriteFailure::Other : refusal.expected)
-            << refusal.path;
+        EXPECT_FALSE(WriteFileAtomically(path, "new", &failure)) << path;
+        EXPECT_EQ(failure, expected) << path;
+        EXPECT_EQ(WhyNotReplaceable(path), expected) << path;
+        EXPECT_EQ(MibCopyFileEx(temp.Path("readonly"), path),
+                  path.ends_with("readonly") ? WriteFailure::Other : expected)
+            << path;
     }
     EXPECT_EQ(temp.Read("readonly"), "old");
     EXPECT_EQ(EntriesOf(temp.Path()), entries);

