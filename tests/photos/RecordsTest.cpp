@@ -1,4 +1,3 @@
-#include "items/ToviTextPair.h"
 #include "photos/ToviNode.h"
 #include "photos/ToviPhotoRef.h"
 
@@ -34,54 +33,22 @@ TEST(ToviNode, CopiesTheShapeAndNotThePhotographs)
     ToviNode* b = new ToviNode("B");
     root.Add(a);
     a->Add(b);
-    a->Valid(true);
     b->AddIndex(7);
     root.AddIndex(1);
-
     ToviNode copy("old");
     copy.Add(new ToviNode("gone"));
-    copy.AddIndex(3);
     copy = root;
-    EXPECT_STREQ(copy.Title(), "root");
-    EXPECT_EQ(copy.Parent(), nullptr);
     ASSERT_EQ(copy.GetChildNodeCount(), 1);
-    EXPECT_TRUE(copy.GetNode(0)->IsValid());
     EXPECT_EQ(copy.GetNode(0)->Parent(), &copy);
     EXPECT_EQ(copy.GetNode(0)->GetNode(0)->GetImageCount(), 0);
-    EXPECT_TRUE(copy.HasData(3)) << "the indexes are left as they were";
-
     CArray<int> all{9};
     EXPECT_TRUE(root.GetAllUnder(all));
     EXPECT_EQ(all, (CArray<int>{9, 1, 7}));
     EXPECT_EQ(b->GetFullTitlePath("/"), "root/A/B/");
-    EXPECT_EQ(b->Level(), 2);
-    EXPECT_EQ(root.DescendantCount(), 2u);
-    EXPECT_EQ(a->GetImageCount(), 0);
     copy = *copy.GetNode(0);
     EXPECT_STREQ(copy.GetNode(0)->Title(), "B") << "a node can take over a part of itself";
     root.RemoveAllItems();
-    EXPECT_STREQ(root.Title(), "root");
     EXPECT_EQ(root.GetImageCount() + root.GetChildNodeCount(), 0);
-}
-
-TEST(ToviTextPairArray, FindsAndAppends)
-{
-    ToviTextPairArray pairs;
-    for (const char* value : {"1", "2"}) pairs.Add(ToviTextPair("a", value));
-    pairs.Add(ToviTextPair("b", "3"));
-    CString value = "untouched";
-    pairs.GetValue("A", value);
-    EXPECT_EQ(value, "untouched");
-    pairs.GetValue("a", value);
-    EXPECT_EQ(value, "1");
-    CStringArray values{"before"};
-    pairs.GetValue(CString("a"), values);
-    EXPECT_EQ(values, (CStringArray{"before", "1", "2"}));
-    CStringArray items{"before"};
-    pairs.ToArray(items, values);
-    EXPECT_EQ(items, (CStringArray{"a", "a", "b"}));
-    EXPECT_EQ(values, (CStringArray{"1", "2", "3"}));
-    EXPECT_FALSE(pairs.IsExistItem("c"));
 }
 
 TEST(ToviPhotoRef, IsAnOrderedSet)
