@@ -230,34 +230,6 @@ TEST(UnreadValues, BecomeItemsAtTheirPlace)
     });
 }
 
-TEST(Walk, EndsWhateverTheFileAndTheDefinitions)
-{
-    // Definitions and files are put together from a few words by counting, so that every short one
-    // occurs: each walk has to come to an end, whatever the outcome.
-    const char* const rows[] = {"p 1+ Child Pu", "q 0+ Child uB", "a 0/1 Next", "a 1 Parent",
-                                "b 0+ Parent",   "q 1 Child",     "p 0+ Next P"};
-    const char* const elements[] = {"<p>", "</p>", "<q>", "</q>", "<a/>", "<b>1</b>"};
-    for (unsigned number = 0; number < 1500; ++number) {
-        CString list, xml, open;
-        unsigned seed = number * 2654435761u;
-        for (int i = 0; i < 5; ++i, seed = seed * 1664525u + 1013904223u) {
-            list += (i == 0 ? "" : ",") + CString(rows[(seed >> 16) % std::size(rows)]);
-        }
-        for (int i = 0; i < 14; ++i, seed = seed * 1664525u + 1013904223u) {
-            const CString word = elements[(seed >> 16) % std::size(elements)];
-            if (word[1] == '/') {
-                if (open.empty() || open.back() != word[2]) continue;
-                open.pop_back();
-            } else if (word.size() == 3) {
-                open += word[1];
-            }
-            xml += word;
-        }
-        for (; !open.empty(); open.pop_back()) xml += CString("</") + open.back() + ">";
-        Walked(list, xml);
-    }
-}
-
 TEST(Walk, ReadsOneHugeValueAndOneHugeRun)
 {
     const CString strays = Repeated("<b>1</b><x/><a>1</a>", 50000);
