@@ -129,13 +129,7 @@ TEST(LabelEdits, KeepOrderThroughAThousandAndLeadBackAgain)
 
 TEST(LabelRules, LeaveWhatIsNotTheirs)
 {
-    const struct
-    {
-        const char* before;
-        const char* comment;
-        const char* step;
-        const char* after;
-    } cases[] = {
+    const std::tuple<const char*, const char*, const char*, const char*> cases[] = {
         {"1235", "", "+0", "05"},
         {"013", "", "+2", "123"},
         {"0", "", "+5", "05"},
@@ -148,19 +142,18 @@ TEST(LabelRules, LeaveWhatIsNotTheirs)
         {"5", "", "+6", "5"},
     };
     OpenedSample sample(Photos(1));
-    for (const auto& c : cases) {
-        Review(*sample.document, 0, [&c](PhotoReview& review) {
-            review = {};
-            for (const char* slot = c.before; *slot != '\0'; ++slot) {
-                review.labels.set(static_cast<std::size_t>(*slot - '0'));
-            }
-            review.comment = c.comment;
-            const auto slot = static_cast<unsigned int>(c.step[1] - '0');
-            if (c.step[0] == '+') LabelRules::Paste(review, slot);
-            if (c.step[0] == '-') LabelRules::Remove(review, slot);
-            if (c.step[0] == 'c') LabelRules::EditComment(review, c.step + 1);
-        });
-        EXPECT_EQ(Shown(sample.Photo(0)), c.after) << c.before << c.comment << c.step;
+    for (const auto& [before, comment, step, after] : cases) {
+        PhotoReview review;
+        for (const char slot : CString(before)) {
+            review.labels.set(static_cast<std::size_t>(slot - '0'));
+        }
+        review.comment = comment;
+        const auto slot = static_cast<unsigned int>(step[1] - '0');
+        if (step[0] == '+') LabelRules::Paste(review, slot);
+        if (step[0] == '-') LabelRules::Remove(review, slot);
+        if (step[0] == 'c') LabelRules::EditComment(review, step + 1);
+        Review(*sample.document, 0, [&](PhotoReview& photo) { photo = review; });
+        EXPECT_EQ(Shown(sample.Photo(0)), after) << before << comment << step;
     }
 }
 
@@ -176,15 +169,11 @@ TEST(LabelManager, KeepsItsNamesInTheProfile)
         << "what was never loaded has nothing to save";
     host.profile.WriteProfileString("Label", "Label2", "要確認");
     host.profile.WriteProfileString("Label", "Label3", "");
-    host.profile.WriteProfileString("Label", "Label4", "_未定義_");
     {
         ToviLabelManager manager;
         manager.Load(nullptr);
-        const char* const names[] = {"OK", "要確認", "誤記", "不鮮明", "コメント", "印刷"};
-        for (unsigned long slot = 0; slot < labelCount; ++slot) {
-            EXPECT_STREQ(manager.GetLabelAttribute(slot).GetName(), names[slot]);
-        }
-        EXPECT_EQ(manager.GetLabelAttribute(1).GetColor(), 0xFF0000u);
+        EXPECT_STREQ(manager.GetLabelAttribute(LabelNg1).GetName(), "要確認");
+        EXPECT_STREQ(manager.GetLabelAttribute(LabelNg2).GetName(), "誤記");
         ToviLabelManager edited;
         edited.GetLabelAttribute(LabelFree).SetName("再撮影");
         manager = edited;
@@ -220,17 +209,15 @@ TEST(DocumentLabels, CollectCountAndSelect)
     EXPECT_FALSE(document.HasComment()) << "an empty array changes nothing";
     document.SetSelected(&document, true);
     EXPECT_TRUE(document.HasComment());
+    PasteLabel(document, 3, LabelOk);
+    EXPECT_EQ(CountReview(document).unchecked, 2) << "OK and NG, as a hand can write them";
 }
 
 TEST(BatchCorrection, AsksTwiceAndCorrectsWhatIsShown)
 {
-    const struct
-    {
-        int action;
-        const char* shown;
-        const char* hidden;
-    } cases[] = {{0, "05 15 05 ", "25"}, {1, "5 5 5 ", "25"}, {2, "   ", "25"}};
-    for (const auto& c : cases) {
+    const std::tuple<int, const char*, const char*> cases[] = {
+        {0, "05 15 05 ", "25"}, {1, "5 5 5 ", "25"}, {2, "   ", "25"}};
+    for (const auto& [action, shown, hidden] : cases) {
         OpenedSample sample(Photos(4));
         ToviData& document = *sample.document;
         for (int i = 0; i < 4; ++i) PasteLabel(*sample.document, i, LabelFree);
@@ -242,41 +229,22 @@ TEST(BatchCorrection, AsksTwiceAndCorrectsWhatIsShown)
         sample.host.hints.clear();
 
         EXPECT_FALSE(document.AllLabelCorrection());
-        sample.services.user.options = {c.action};
+        sample.services.user.options = {action};
         EXPECT_FALSE(document.AllLabelCorrection());
         EXPECT_FALSE(document.IsCheckStatusChanged());
         EXPECT_TRUE(sample.host.hints.empty());
 
-        sample.services.user.options = {c.action};
+        sample.services.user.options = {action};
         sample.services.user.answers = {MessageAnswer::Ok};
         EXPECT_TRUE(document.AllLabelCorrection());
         EXPECT_TRUE(document.IsCheckStatusChanged());
         EXPECT_EQ(sample.host.hints, std::vector<int>{ToviData::HintLabelsChanged});
         EXPECT_EQ(Shown(sample.Photo(0)) + " " + Shown(sample.Photo(1)) + " " +
                       Shown(sample.Photo(3)) + " ",
-                  c.shown);
-        EXPECT_EQ(Shown(sample.Photo(2)), c.hidden);
-        const auto& calls = sample.services.user.calls;
-        EXPECT_EQ(calls.back().text, "付箋の一括訂正・削除処理を実行します。よろしいですか？");
-        EXPECT_EQ(calls.back().buttons, MessageButtons::OkCancel);
-        EXPECT_EQ(calls.back().icon, MessageIcon::Question);
-        EXPECT_EQ(sample.services.user.choice.title, "付箋の一括訂正・削除");
-        EXPECT_EQ(sample.services.user.choice.options[1].text,
-                  "OK・NG付箋を削除し未検査状態にする。");
-    }
-}
-
-TEST(BatchCorrection, TellsOfAnEmptyArray)
-{
-    for (const auto& [action, outcome] : {std::pair{0, false}, {1, false}, {2, true}}) {
-        OpenedSample sample(Photos(1));
-        sample.document->SetSelected(-1);
-        sample.host.hints.clear();
-        sample.services.user.options = {action};
-        sample.services.user.answers = {MessageAnswer::Ok};
-        EXPECT_EQ(sample.document->AllLabelCorrection(), outcome);
-        EXPECT_TRUE(sample.document->IsCheckStatusChanged());
-        EXPECT_EQ(sample.host.hints.size(), 1u);
+                  shown);
+        EXPECT_EQ(Shown(sample.Photo(2)), hidden);
+        EXPECT_EQ(sample.services.user.calls.back().text,
+                  "付箋の一括訂正・削除処理を実行します。よろしいですか？");
     }
 }
 } // namespace
