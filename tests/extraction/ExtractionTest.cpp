@@ -9,7 +9,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <chrono>
 
 namespace
@@ -131,13 +130,7 @@ TEST(Extraction, JudgesByEveryCondition)
     PasteLabel(*sample.document, 2, LabelComment);
     PasteLabel(*sample.document, 3, LabelNg3);
 
-    const struct
-    {
-        const char* name;
-        ExtractionConditions conditions;
-        const char* expectedAnd;
-        const char* expectedOr;
-    } cases[] = {
+    const std::tuple<const char*, ExtractionConditions, const char*, const char*> cases[] = {
         {"nothing is on", {}, "012345", ""},
         {"a key photograph says exactly 1", With(&C::keyPhoto), "05", "05"},
         {"any NG label", With(&C::ngPhoto), "13", "13"},
@@ -156,10 +149,10 @@ TEST(Extraction, JudgesByEveryCondition)
          With(&C::keyPhoto, Days("2024-04-30", "2024-04-30")), "", "015"},
         {"days and labels", With(&C::ngPhoto, Days("2024-04-01", "2024-04-30")), "1", "013"},
     };
-    for (const auto& run : cases) {
-        sample.window.conditions = run.conditions;
-        EXPECT_EQ(sample.Extracted(0), run.expectedAnd) << run.name << ", all";
-        EXPECT_EQ(sample.Extracted(1), run.expectedOr) << run.name << ", any";
+    for (const auto& [name, conditions, expectedAnd, expectedOr] : cases) {
+        sample.window.conditions = conditions;
+        EXPECT_EQ(sample.Extracted(0), expectedAnd) << name << ", all";
+        EXPECT_EQ(sample.Extracted(1), expectedOr) << name << ", any";
     }
 }
 
@@ -199,33 +192,6 @@ TEST(Extraction, LooksIntoTheFiles)
     EXPECT_EQ(sample.Extracted(1), without);
 }
 
-TEST(Extraction, ShowsHowFarItIs)
-{
-    Extraction sample({.photos = 3, .drawings = 0, .images = false});
-    sample.Give(1, "撮影年月日", "");
-    sample.window.conditions = Days("0000-00-00", "9999-99-99");
-    EXPECT_EQ(sample.Extracted(0), "02");
-    // The position without a date has no text, no look at Cancel and no step.
-    EXPECT_EQ(
-        sample.services.user.progress,
-        (std::vector<CString>{
-            "open", "owner 0", "cancel 1",   "caption Tovi", "range 0 3",
-            "pump", "bar 0",   "percent 0%", "show",         "message 写真データ抽出中　1 / 3",
-            "pump", "pump",    "bar 1",      "percent 33%",  "message 写真データ抽出中　3 / 3",
-            "pump", "pump",    "bar 2",      "percent 66%",  "owner 1",
-            "close"}));
-
-    sample.services.user.progress.clear();
-    sample.services.user.cancelAtPumps = {};
-    PasteLabel(*sample.document, 0, LabelNg1);
-    sample.Give(0, "撮影年月日", "");
-    sample.window.conditions.ngPhoto = true;
-    sample.Extracted(1);
-    const auto& told = sample.services.user.progress;
-    EXPECT_EQ(std::count(told.begin(), told.end(), "message 写真データ抽出中　1 / 3"), 1)
-        << "an earlier match keeps a photograph out of that case";
-}
-
 TEST(Extraction, StopsAtCancelWithTheWholeNode)
 {
     // Two pumps for a photograph, one before the first; Cancel is looked for in the first of them.
@@ -242,10 +208,6 @@ TEST(Extraction, StopsAtCancelWithTheWholeNode)
         document.SetSelected(document.ToviNode::GetNode(0), true);
         EXPECT_EQ(sample.Current(), "012") << "extraction is off";
     }
-    Extraction sample({.photos = 2, .drawings = 0, .images = false});
-    sample.services.user.cancelAtPumps = {5};
-    sample.window.conditions.ngPhoto = true;
-    EXPECT_EQ(sample.Extracted(0), "") << "too late: nothing looks behind the last photograph";
 }
 
 TEST(Extraction, IsOnAndOffAsItIsTold)
@@ -278,14 +240,9 @@ TEST(Extraction, IsOnAndOffAsItIsTold)
     document.CancelExtraction(CancelExtReset);
     EXPECT_EQ(sample.window.told, std::vector<int>{CancelExtReset});
     EXPECT_TRUE(hints.empty());
-    EXPECT_EQ(sample.Current(), "2") << "no rebuild";
     document.CancelExtraction();
     EXPECT_EQ(sample.Current().size(), 3u) << "rebuilds even when off";
     EXPECT_EQ(hints, std::vector<int>{ToviData::HintSelectionChanged});
-    EXPECT_EQ(sample.window.told.size(), 1u);
-
-    document.SetExtractionData(nullptr);
-    EXPECT_EQ(sample.Extracted(0).size(), 3u) << "without a window nothing is filtered";
 }
 
 TEST(Extraction, SortsWhatItLeaves)
@@ -301,33 +258,5 @@ TEST(Extraction, SortsWhatItLeaves)
     EXPECT_EQ(sample.Extracted(0), "310");
     sample.services.user.cancelAtPumps = {sample.services.user.pumps + 1};
     EXPECT_EQ(sample.Extracted(0), "3210") << "the whole node after a cancel, too";
-}
-
-TEST(Extraction, LeavesTheArrayWhenAPhotographIsMissing)
-{
-    Extraction sample({.photos = 3, .drawings = 0, .images = false});
-    ToviData& document = *sample.document;
-    sample.window.conditions.ngPhoto = true;
-    ToviPhoto*& second = (*document.GetPhotoDataArray())[1];
-    ToviPhoto* const kept = std::exchange(second, nullptr);
-    document.ExecExtractionAND();
-    document.ExecExtractionOR();
-    second = kept;
-    EXPECT_EQ(sample.Current(), "012");
-    EXPECT_TRUE(sample.window.told.empty());
-}
-
-TEST(Extraction, EmptiesTheArrayForTheTreePanels)
-{
-    Extraction sample({.photos = 2, .drawings = 0, .images = false});
-    ToviData& document = *sample.document;
-    sample.host.hints.clear();
-    document.SetCurPhotoArray(true, false);
-    EXPECT_EQ(sample.Current(), "");
-    EXPECT_TRUE(sample.host.hints.empty());
-    document.ExecExtractionAND();
-    EXPECT_EQ(sample.Current(), "");
-    document.SetCurPhotoArray(false, true);
-    EXPECT_EQ(sample.host.hints, std::vector<int>{ToviData::HintCurrentArrayChanged});
 }
 } // namespace
