@@ -52,19 +52,10 @@ public:
 
     void Damage()
     {
-        switch (random.Below(4)) {
-        case 0:
-            Empty();
-            break;
-        case 1:
-            Stray();
-            break;
-        case 2:
-            Swap();
-            break;
-        default:
-            Move();
-        }
+        const int kind = random.Below(3);
+        if (kind == 0) Empty();
+        if (kind == 1) Stray();
+        if (kind == 2) Move();
     }
 
     CString Text() const
@@ -135,22 +126,13 @@ private:
     /// Puts an element in that the standard doesn't know.
     void Stray()
     {
-        const Lines strays[] = {{"<知らない要素/>"},
-                                {"<知らない要素>x</知らない要素>"},
+        const Lines strays[] = {{"<知らない要素>x</知らない要素>"},
                                 {"<写真タイトル>迷子</写真タイトル>"},
                                 {"<知らない要素>", "<工種>迷子</工種>", "</知らない要素>"}};
         const Lines& stray = random.Pick(strays);
         lines.insert(Line(first + Below(lines.size() - first)), stray.begin(), stray.end());
     }
-    /// Lets an element change places with the one behind it.
-    void Swap()
-    {
-        const std::size_t at = Pick([](const CString& line) { return !IsEnd(line); });
-        const std::size_t middle = Behind(at);
-        if (IsEnd(lines[middle])) return;
-        const std::size_t end = Behind(middle);
-        std::rotate(Line(at), Line(middle), Line(end));
-    }
+
     /// Moves a value to another place in its photograph.
     void Move()
     {

