@@ -152,16 +152,6 @@ TEST_F(OpenRecord, NeverWritesOverWhatOthersHaveSaved)
     EXPECT_EQ(Saved(), "0,1,,,,,,,");
 }
 
-TEST_F(OpenRecord, DoesNotMergeWithWhatItCannotRead)
-{
-    temp.Write("r.xml", "<検査状況>");
-    user.options = {0};
-    user.saveFiles = {path + "2"};
-    EXPECT_EQ(Save().outcome, Outcome::Elsewhere);
-    EXPECT_EQ(user.choice.options.GetSize(), 1);
-    EXPECT_EQ(temp.Read("r.xml"), "<検査状況>");
-}
-
 TEST_F(OpenRecord, TakesUpAnotherDeliverysRecordOnlyIfTheUserWantsIt)
 {
     temp.Write("r.xml", ReplaceAll(temp.Read("r.xml"), "names=\"", "names=\"0"));
