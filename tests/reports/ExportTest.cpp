@@ -85,9 +85,6 @@ TEST(OutputAll, CopiesByteForByteAndRemembersTheFolder)
     }
     EXPECT_TRUE(MibIsReadOnly(shown.out.Path("B.JPG")));
     EXPECT_EQ(GetOutputPhotoFolder(), shown.out.Path());
-    const auto& call = shown.services.user.calls.front();
-    EXPECT_EQ(call.caption, "フォルダの選択");
-    EXPECT_EQ(shown.services.user.calls.back().icon, MessageIcon::Information);
 }
 
 TEST(OutputAll, AsksAgainForAFolderThatItMustNotUse)
@@ -102,8 +99,6 @@ TEST(OutputAll, AsksAgainForAFolderThatItMustNotUse)
     EXPECT_EQ(shown.services.user.calls[2].text, shown.temp.Path("PHOTO/PIC"))
         << "the chooser starts at the folder that was chosen";
 
-    Shown cancelled({"A.JPG", "B.JPG"});
-    EXPECT_TRUE(cancelled.Output({}).empty());
     Shown empty({"A.JPG", "B.JPG"});
     empty.document->SetCurPhotoArray(false, false);
     EXPECT_THAT(empty.Output({empty.out.Path()}), ElementsAre(Summary(0, 0)));
@@ -299,9 +294,6 @@ TEST(CorrectionSave, SavesTheDeliveredFileOrTheCorrectedPicture)
         }
         fs::remove(out.Path("saved.JPG"));
     }
-    EXPECT_EQ(user.choice.title, "写真保存");
-    EXPECT_THAT(Texts(user.choice.notes), ElementsAre("明るさ・回転情報が変更されています。"));
-    EXPECT_EQ(user.choice.options[1].text, "元の写真を保存");
 }
 
 TEST(CorrectionSave, RefusesInSlideModeAndWithoutAPhotograph)
