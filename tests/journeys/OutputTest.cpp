@@ -97,21 +97,17 @@ TEST_F(Output, GoesWhereItsNameLeads)
     fs::create_symlink("/dev/null", temp.Path("out/device"));
     fs::create_symlink("/proc/self/fd/1", temp.Path("out/stdout"));
     fs::create_symlink(delivery + "/PHOTO/new.png", temp.Path("out/delivered.png"));
-    const struct
-    {
-        const char* output;
-        int status;
-        const char* sentence;
-    } refusals[] = {{"pipe.png", 1, "ファイルではありません"},
-                    {"device", 1, "ファイルではありません"},
-                    {"stdout", 1, "ファイルではありません"},
-                    {"delivered.png", 2, "納品データのフォルダ"},
-                    {"a.gif", 2, ".png、.jpg"}};
+    const std::tuple<const char*, int, const char*> refusals[] = {
+        {"pipe.png", 1, "ファイルではありません"},
+        {"device", 1, "ファイルではありません"},
+        {"stdout", 1, "ファイルではありません"},
+        {"delivered.png", 2, "納品データのフォルダ"},
+        {"a.gif", 2, ".png、.jpg"}};
     const FileTree before = ReadFileTree(delivery);
-    for (const auto& refusal : refusals) {
-        const ProgramResult result = sheet(refusal.output);
-        EXPECT_EQ(result.status, refusal.status) << refusal.output;
-        EXPECT_THAT(result.errors, HasSubstr(refusal.sentence)) << refusal.output;
+    for (const auto& [output, status, sentence] : refusals) {
+        const ProgramResult result = sheet(output);
+        EXPECT_EQ(result.status, status) << output;
+        EXPECT_THAT(result.errors, HasSubstr(sentence)) << output;
     }
     EXPECT_EQ(ReadFileTree(delivery), before);
     EXPECT_EQ(Run(":", {"report", delivery, "-"}).status, 2);

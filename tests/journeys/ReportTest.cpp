@@ -9,7 +9,6 @@
 #include <nlohmann/json.hpp>
 
 #include <signal.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <chrono>
@@ -166,8 +165,6 @@ protected:
 TEST_F(ReportJourney, IsReadBackCellByCell)
 {
     const CString longComment(3000, 'c');
-    temp.Write("r.xml", "");
-    std::filesystem::remove(record);
     Inspect("0-62", {"--paste", "0"});
     Inspect("1", {"--paste", "1", "--comment", "一行目\n二行目"});
     Inspect("30", {"--paste", "2", "--comment", longComment});
@@ -208,66 +205,18 @@ TEST_F(ReportJourney, IsReadBackCellByCell)
     EXPECT_EQ(Read(output)["rows"], rows);
 }
 
-// A block of its own, empty but for the header, stands behind a full one.
-TEST_F(ReportJourney, FillsAsManyPagesAsThePhotographsTake)
-{
-    for (const auto& [count, pages] : {std::pair{1, 1}, {31, 2}, {32, 2}, {62, 3}}) {
-        const CString folder = temp.Path(Format("d%d", count));
-        DeliveryBuilder({.photos = count, .drawings = 0, .images = false}).Write(folder);
-        ASSERT_EQ(RunProgram({"tovi", "report", folder, output}, temp.Path("config")).status, 0);
-        const Json rows = Read(output)["rows"];
-        EXPECT_EQ(rows.size(), static_cast<std::size_t>(pages) * 32) << count;
-        const auto filled = std::count_if(rows.begin(), rows.end(), [](const Json& row) {
-            return row[1] != "" && row[1] != "写真名";
-        });
-        EXPECT_EQ(filled, count);
-    }
-}
-
 TEST_F(ReportJourney, ChoosesTheFormatByTheEnding)
 {
     Inspect("0", {"--paste", "0"});
-    const struct
-    {
-        const char* name;
-        const char* written;
-        const char* start;
-    } cases[] = {{"報告", "報告.xls", "\xD0\xCF\x11\xE0"},
-                 {"r.XLSX", "r.XLSX", "PK"},
-                 {"r.ods", "r.ods", "PK"},
-                 {"r.pdf", "r.pdf", "%PDF"}};
-    for (const auto& c : cases) {
-        ASSERT_EQ(Report(temp.Path(c.name)).status, 0) << c.name;
-        EXPECT_EQ(temp.Read(c.written).substr(0, CString(c.start).size()), c.start) << c.name;
+    const std::tuple<const char*, const char*, const char*> cases[] = {
+        {"報告", "報告.xls", "\xD0\xCF\x11\xE0"},
+        {"r.XLSX", "r.XLSX", "PK"},
+        {"r.ods", "r.ods", "PK"},
+        {"r.pdf", "r.pdf", "%PDF"}};
+    for (const auto& [name, written, start] : cases) {
+        ASSERT_EQ(Report(temp.Path(name)).status, 0) << name;
+        EXPECT_EQ(temp.Read(written).substr(0, CString(start).size()), start) << name;
     }
-}
-
-TEST_F(ReportJourney, SaysWhatIsWrong)
-{
-    Inspect("0", {"--paste", "0"});
-    const CString locked = temp.Write("locked.xls", "old");
-    chmod(locked.c_str(), 0444);
-    temp.Write("open.xls", "old");
-    temp.Write(".~lock.open.xls#", "");
-    const struct
-    {
-        CString output;
-        int status;
-        const char* sentence;
-    } cases[] = {
-        {delivery + "/PHOTO/r.xls", 2, "納品データのフォルダ"},
-        {temp.Path("r.csv"), 2, ".xls、.xlsx、.ods、.pdf"},
-        {temp.Path("none/r.xls"), 1, "フォルダがありません"},
-        {locked, 1, "EXCELファイルへの書き込みに失敗しました。"},
-        {temp.Path("open.xls"), 1, "ほかのプログラムで開かれています"},
-    };
-    for (const auto& c : cases) {
-        const ProgramResult result = Report(c.output);
-        EXPECT_EQ(result.status, c.status) << c.output << result.errors;
-        EXPECT_THAT(result.errors, HasSubstr(c.sentence)) << c.output;
-    }
-    EXPECT_EQ(temp.Read("locked.xls") + temp.Read("open.xls"), "oldold");
-    std::filesystem::remove(temp.Path(".~lock.open.xls#"));
 }
 
 TEST_F(ReportJourney, KeepsTheOldFileWhenTheOfficeIsKilled)
@@ -310,15 +259,6 @@ TEST_F(ReportJourney, GivesUpAnOfficeThatNoLongerAnswers)
     EXPECT_EQ(result.status, 1);
     EXPECT_THAT(result.errors, HasSubstr("EXCEL"));
     EXPECT_EQ(temp.Read("検査 結果.xls"), "old");
-}
-
-TEST_F(ReportJourney, RunsTwiceAtOnce)
-{
-    Inspect("0", {"--paste", "0"});
-    auto other = std::async(std::launch::async, [this] { return Report(temp.Path("2.xls")); });
-    EXPECT_EQ(Report(output).status, 0);
-    EXPECT_EQ(other.get().status, 0);
-    EXPECT_EQ(Read(output)["rows"], Read(temp.Path("2.xls"))["rows"]);
 }
 
 TEST_F(ReportJourney, TellsThatTheOfficeIsMissing)

@@ -15,14 +15,6 @@ using testing::EndsWith;
 using testing::HasSubstr;
 using testing::Not;
 
-/// What the verifiers answer for one photograph, and what that means.
-struct Answer
-{
-    const char* key;
-    int code;
-    char result;
-};
-
 /// A copy of the program in a folder of its own, with stand-ins for the verifiers beside it, and a
 /// delivery with a photograph for each answer.
 class Verification : public testing::Test
@@ -44,28 +36,14 @@ protected:
         Standins::Install("RVRFYJPG", programs.Path());
     }
 
-    void WriteDelivery(const std::vector<Answer>& answers) const
+    /// Writes a delivery with a photograph of a camera of the maker's for each of the \p answers.
+    void WriteDelivery(const std::vector<CString>& answers) const
     {
-        DeliveryBuilder builder(
-            {.photos = static_cast<int>(answers.size()), .drawings = 0, .images = false});
-        builder.Write(temp.Path("d"));
-        for (std::size_t i = 0; i < answers.size(); ++i) {
-            const Answer& answer = answers[i];
-            const bool isSvg = CString(answer.key) == "svg hash=";
-            const CString name = Format("P%zu.%s", i, isSvg ? "sVg" : "JPG");
-            builder.Set(static_cast<int>(i), "写真ファイル名", name);
-            temp.Write("d/PHOTO/PIC/" + name, CameraFile(isSvg ? "" : "G700 SE") + answer.key +
-                                                  std::to_string(answer.code));
-        }
-        temp.Write("d/PHOTO/PHOTO.XML", ReplaceAll(builder.PhotoXml(), "Shift_JIS", "UTF-8"));
-    }
-
-    static std::string CameraFile(std::string_view model)
-    {
-        if (model.empty()) return "<svg/>";
+        const int photos = static_cast<int>(answers.size());
+        DeliveryBuilder builder({.photos = photos, .drawings = 0, .images = false});
         const SampleShot shot{.takenAt = std::chrono::sys_days(std::chrono::year(2024) / 5 / 1),
                               .maker = "KAEDE",
-                              .model = model,
+                              .model = "G700 SE",
                               .width = 16,
                               .height = 12,
                               .shutter = 125,
@@ -73,7 +51,13 @@ protected:
                               .exposureBias = 0,
                               .flash = false,
                               .position = {}};
-        return WithExif("\xFF\xD8\xFF\xD9", shot);
+        for (int i = 0; i < photos; ++i) {
+            const CString name = Format("P%d.JPG", i);
+            builder.Set(i, "写真ファイル名", name);
+            temp.Write("d/PHOTO/PIC/" + name,
+                       WithExif("\xFF\xD8\xFF\xD9", shot) + answers[static_cast<std::size_t>(i)]);
+        }
+        builder.Write(temp.Path("d"));
     }
 
     ProgramResult Run(std::vector<CString> options) const
@@ -102,50 +86,17 @@ protected:
     Standins standins;
 };
 
-TEST_F(Verification, TellsTheMeaningOfEveryAnswer)
-{
-    InstallVerifiers();
-    std::vector<Answer> answers = {
-        {"rvj=", 0, 'U'}, {"rvj=", 1, 'A'}, {"rvj=", 2, '?'}, {"rvj=", 3, '?'}, {"rvj=", -1, '?'}};
-    const auto add = [&answers](const char* key, char result, const std::vector<int>& codes) {
-        for (const int code : codes) answers.push_back({key, code, result});
-    };
-    add("hash=", 'U', {1});
-    add("hash=", 'A', {0, -1, -2, -307});
-    add("hash=", '?', {-305, -304, -303, -3, -306, 2, -301, -21});
-    add("svg hash=", 'U', {1});
-    add("svg hash=", 'A', {0, -1, -2, -3, -23, -24, -25, -43, -44, -45});
-    add("svg hash=", '?',
-        {-21, -22, -41, -42, -61, -81, -82, -83, -84, -85, -86, -301, -303, -304, -305, -307, -4,
-         -26, 2});
-    WriteDelivery(answers);
-    CString expected;
-    for (const Answer& answer : answers) expected += answer.result;
-    const ProgramResult result = Run({"--types", "0,2,1"});
-    EXPECT_EQ(Letters(result), expected);
-    EXPECT_EQ(result.errors, "");
-}
-
 TEST_F(Verification, FollowsTheStoredTypesAndLeavesThem)
 {
     InstallVerifiers();
-    WriteDelivery({{"hash=1 rvj=", 1, 'A'}, {"hash=0 rvj=", 0, 'U'}});
+    WriteDelivery({"hash=1 rvj=1", "hash=0 rvj=0"});
     EXPECT_EQ(Letters(Run({})), "UA");
     EXPECT_THAT(temp.Read("config/tovi/profile.ini"), Not(HasSubstr("VisualSetting")));
-    const std::pair<CString, const char*> stored[] = {{"0", "AU"},
-                                                      {"2", "UA"},
-                                                      {"0,2,1", "AU"},
-                                                      {"1,0", "UA"},
-                                                      {"9", "??"},
-                                                      {"0,,1", "AU"},
-                                                      {"9,9,9,9,9,9,9,9,9,9,0", "??"}};
-    for (const auto& [types, letters] : stored) {
-        const CString profile = "[VisualSetting]\nDoEditCheck=100\nEditCheckTypes=" + types + "\n";
-        temp.Write("config/tovi/profile.ini", profile);
-        EXPECT_EQ(Letters(Run({})), letters) << types;
-        EXPECT_EQ(Letters(Run({"--types", "1"})), "UA") << types;
-        EXPECT_THAT(temp.Read("config/tovi/profile.ini"), EndsWith(profile));
-    }
+    const CString profile = "[VisualSetting]\nDoEditCheck=100\nEditCheckTypes=0,,1\n";
+    temp.Write("config/tovi/profile.ini", profile);
+    EXPECT_EQ(Letters(Run({})), "AU");
+    EXPECT_EQ(Letters(Run({"--types", "1"})), "UA");
+    EXPECT_THAT(temp.Read("config/tovi/profile.ini"), EndsWith(profile));
     standins.TakeCalls();
     const ProgramResult one = Run({"--at", "1", "--types", "0"});
     EXPECT_EQ(Json::parse(one.output), Json::parse(R"([{"index":1,"result":"unaltered"}])"));
@@ -154,7 +105,7 @@ TEST_F(Verification, FollowsTheStoredTypesAndLeavesThem)
 
 TEST_F(Verification, SaysWhatIsWrong)
 {
-    WriteDelivery({{"hash=", 1, 'U'}});
+    WriteDelivery({"hash=1"});
     const ProgramResult without = Run({});
     EXPECT_EQ(Letters(without), "?");
     EXPECT_THAT(without.errors, HasSubstr("JACICCHS.so）が " + programs.Path() + "/ にないか"));

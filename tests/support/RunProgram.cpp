@@ -4,7 +4,6 @@
 #include "support/TempFolder.h"
 
 #include <fcntl.h>
-#include <signal.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -47,14 +46,4 @@ ProgramResult RunProgram(const std::vector<CString>& arguments, const CString& c
     waitpid(Start(arguments, configFolder, temp), &status, 0);
     const int code = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
     return {code, temp.Read("out"), temp.Read("err")};
-}
-
-void RunProgramAndKill(const std::vector<CString>& arguments, const CString& configFolder,
-                       int microseconds)
-{
-    const TempFolder temp;
-    const pid_t child = Start(arguments, configFolder, temp);
-    usleep(static_cast<useconds_t>(microseconds));
-    kill(child, SIGKILL);
-    waitpid(child, nullptr, 0);
 }

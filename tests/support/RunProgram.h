@@ -17,7 +17,3 @@ struct ProgramResult
 /// with standard input closed and a configuration folder \p configFolder of its own, and waits for
 /// its end.
 ProgramResult RunProgram(const std::vector<CString>& arguments, const CString& configFolder);
-
-/// Starts the same and kills it after \p microseconds, if it hasn't ended by then.
-void RunProgramAndKill(const std::vector<CString>& arguments, const CString& configFolder,
-                       int microseconds);
