@@ -76,6 +76,7 @@ TEST_F(Combine, GathersAllDiscsInTheWorkArea)
 {
     for (const DriveType drive : {DriveType::Optical, DriveType::Removable}) {
         kind = drive;
+        document.reset();
         factory.DeleteTempData();
         Open(1);
         host.user.calls.clear();

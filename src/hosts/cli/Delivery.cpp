@@ -1,5 +1,6 @@
 #include "hosts/cli/Delivery.h"
 #include "items/ToviPhotoCtrlVisualSetting.h"
+#include "kinds/DeliveryFamilies.h"
 
 #include "platform/host/CDocument.h"
 
@@ -7,17 +8,6 @@
 
 namespace
 {
-struct Family
-{
-    const char* name;
-    PhotoXMLType type;
-};
-
-constexpr Family families[] = {{"mlit", PhotoXMLMlit},
-                               {"kowan", PhotoXMLKowan},
-                               {"maff", PhotoXMLMaff},
-                               {"nexco", PhotoXMLNexco}};
-
 /// The document's host where nobody looks on: there are no views to tell.
 class SilentDocument : public CDocument
 {
@@ -26,14 +16,6 @@ public:
 };
 
 SilentDocument hostDocument;
-
-std::optional<PhotoXMLType> ChosenFamily(const DeliveryArguments& arguments)
-{
-    const auto* chosen =
-        std::find_if(std::begin(families), std::end(families),
-                     [&](const Family& known) { return arguments.family == known.name; });
-    return chosen != std::end(families) ? std::optional(chosen->type) : std::nullopt;
-}
 
 CString ChildTitles(const ToviNode& node)
 {
@@ -53,15 +35,13 @@ ToviNode* FindChild(ToviNode& node, const CString& title)
                      [&title](const ToviNode* child) { return child->Title() == title; });
     return found == children.end() ? nullptr : *found;
 }
-} // namespace
-
-const char* FamilyName(PhotoXMLType family)
+std::vector<std::string> WordsForFamilies()
 {
-    const auto* found =
-        std::find_if(std::begin(families), std::end(families),
-                     [family](const Family& known) { return known.type == family; });
-    return found->name;
+    std::vector<std::string> words = {familyIsGuessed};
+    for (const DeliveryFamily& family : deliveryFamilies) words.emplace_back(family.key);
+    return words;
 }
+} // namespace
 
 Options DeliveryOptions(DeliveryArguments& arguments, Need need)
 {
@@ -72,11 +52,10 @@ Options DeliveryOptions(DeliveryArguments& arguments, Need need)
          .target = &arguments.path,
          .need = need},
         {.name = "--family",
-         .help = "要領の系統: "
-                 "auto（DTDなどから判断）、mlit（国交省）、kowan（港湾）、maff（農水省）、nexco",
+         .help = "要領の系統: " + FamilyKeys(true),
          .target = &arguments.family,
          .valueName = "NAME",
-         .accepted = OneOf{{"auto", "mlit", "kowan", "maff", "nexco"}}}};
+         .accepted = OneOf{WordsForFamilies()}}};
 }
 
 Option NodeOption(std::vector<std::string>& nodes)
@@ -100,8 +79,8 @@ Option TreeTypeOption(TreeTypeArgument& type)
 
 OpenedDelivery OpenDelivery(const DeliveryArguments& arguments, TreeTypeArgument tree)
 {
-    OpenedDelivery delivery =
-        OpenDelivery(hostDocument, arguments.path, ChosenFamily(arguments), " --family の指定");
+    OpenedDelivery delivery = OpenDelivery(hostDocument, arguments.path,
+                                           FamilyWithKey(arguments.family), " --family の指定");
     if (!delivery.problem.empty()) Complain(delivery.problem);
     if (!delivery.IsLoaded()) return delivery;
     if (!delivery.notice.empty()) Complain(delivery.notice);

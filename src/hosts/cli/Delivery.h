@@ -2,6 +2,7 @@
 
 #include "hosts/cli/CommandLine.h"
 #include "hosts/cli/Outcome.h"
+#include "kinds/DeliveryFamilies.h"
 
 #include "delivery/DeliveryOpening.h"
 
@@ -14,7 +15,7 @@
 struct DeliveryArguments
 {
     std::string path;
-    std::string family = "auto";
+    std::string family = familyIsGuessed;
 };
 
 /// DELIVERY and --family.
@@ -36,6 +37,3 @@ OpenedDelivery OpenDelivery(const DeliveryArguments& arguments, TreeTypeArgument
 /// Selects the node that \p titles lead to from the root. False, with a sentence on standard error,
 /// when there is no such node.
 bool SelectNode(ToviData& document, const std::vector<std::string>& titles);
-
-/// The name of \p family as --family takes it.
-const char* FamilyName(PhotoXMLType family);

@@ -36,14 +36,15 @@ int Run(const DeliveryArguments& arguments)
     const CString& photoFolder = delivery.photoFolder;
     const Facts facts =
         delivery.document ? FactsOf(*delivery.document) : Facts{.rootPath = photoFolder};
-    Json info = Json::Object({{"family", FamilyName(delivery.family)},
-                              {"section", facts.section},
-                              {"errorType", facts.errorType},
-                              {"hasKeyPhoto", facts.hasKeyPhoto},
-                              {"rootPath", facts.rootPath},
-                              {"title", photoFolder.empty() ? "" : photoFolder + "PHOTO.XML"},
-                              {"photoCount", facts.photos},
-                              {"managementItems", facts.managementItems}});
+    Json info = Json::Object(
+        {{"family", deliveryFamilies.at(static_cast<std::size_t>(delivery.family)).key},
+         {"section", facts.section},
+         {"errorType", facts.errorType},
+         {"hasKeyPhoto", facts.hasKeyPhoto},
+         {"rootPath", facts.rootPath},
+         {"title", photoFolder.empty() ? "" : photoFolder + "PHOTO.XML"},
+         {"photoCount", facts.photos},
+         {"managementItems", facts.managementItems}});
     const ReadingCounts& counts = facts.counts;
     if (counts.photoElements > facts.photos) info.Add("photoElements", counts.photoElements);
     if (counts.adoptedValues > 0) info.Add("adoptedValues", counts.adoptedValues);
