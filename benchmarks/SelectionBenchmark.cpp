@@ -1,5 +1,5 @@
 // Selecting the root, sorted and extracted, beside std::sort over the same keys and a bare loop
-// over the photographs.
+// over the photographs; listing the values of an item, beside a bare set of them.
 
 #include "benchmarks/Samples.h"
 #include "extraction/ToviExtractionDlg.h"
@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <unordered_set>
 
 namespace
 {
@@ -172,4 +173,29 @@ void SelectRootExtracted(benchmark::State& state, int orMode)
 }
 BENCHMARK_CAPTURE(SelectRootExtracted, And, 0)->Apply(sizes);
 BENCHMARK_CAPTURE(SelectRootExtracted, Or, 1)->Apply(sizes);
+
+/// The yardstick of the list of values: the same values into a bare set.
+void BareSet(benchmark::State& state, const char* title)
+{
+    const Opened opened(state);
+    const std::vector<CString> values = opened.Values(title);
+    for (auto _ : state) {
+        const std::unordered_set<std::string_view> known(values.begin(), values.end());
+        benchmark::DoNotOptimize(known.size());
+    }
+}
+BENCHMARK_CAPTURE(BareSet, Few, longTextKey)->Apply(sizes);
+BENCHMARK_CAPTURE(BareSet, AllDifferent, numberKey)->Apply(sizes);
+
+void ListValues(benchmark::State& state, const char* title)
+{
+    const Opened opened(state);
+    for (auto _ : state) {
+        CStringArray values;
+        opened.document->GetPhotoItemValue(title, values);
+        benchmark::DoNotOptimize(values.GetSize());
+    }
+}
+BENCHMARK_CAPTURE(ListValues, Few, longTextKey)->Apply(sizes);
+BENCHMARK_CAPTURE(ListValues, AllDifferent, numberKey)->Apply(sizes);
 } // namespace

@@ -1,10 +1,12 @@
 #include "delivery/ToviDataParts.h"
 #include "delivery/ToviEnouDataFactory.h"
+#include "extraction/FetchAhead.h"
 #include "platform/files/MibFile.h"
 #include "platform/host/CDocument.h"
 
 #include <algorithm>
 #include <unordered_set>
+#include <utility>
 
 ToviData::ToviData() : ToviData(nullptr, "", PhotoXMLMlit) {}
 
@@ -151,12 +153,16 @@ bool ToviData::GetPhotoItemValue(const CString& item, CStringArray& values)
 {
     const int defIndex = parts->itemDef.GetIndexFromTitle(item);
     if (defIndex == -1) return false;
-    std::unordered_set<CString> known(values.begin(), values.end());
+    // Views of texts that stay where they are, which those in values don't.
+    const CStringArray before = values;
+    std::unordered_set<std::string_view> known(before.begin(), before.end());
+    const std::vector<ToviPhoto*> photos(parts->photos.begin(), parts->photos.end());
     bool hasEmpty = false;
-    CStringArray ofPhoto;
-    for (const ToviPhoto* photo : parts->photos) {
-        photo->GetTitleFromIndex(defIndex, ofPhoto);
-        for (const CString& value : ofPhoto) {
+    for (std::size_t at = 0; at < photos.size(); ++at) {
+        FetchAhead(photos, at);
+        for (const ToviItem& entry : std::as_const(*photos[at]).GetItems()) {
+            if (entry.GetDefIndex() != defIndex) continue;
+            const CString& value = entry.GetValue();
             if (value.empty()) {
                 hasEmpty = true;
             } else if (known.insert(value).second) {
