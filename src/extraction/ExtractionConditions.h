@@ -31,4 +31,6 @@ struct ExtractionConditions
     CString dateTo;
     /// 0: かつ (all conditions that are on), else または (any of them).
     int orMode = 0;
+
+    bool operator==(const ExtractionConditions&) const = default;
 };
