@@ -51,6 +51,7 @@ room(windows windows/panel    ${base} ${model} windows/pictures windows/dialogs)
 room(windows windows/page     ${base} ${model} windows/dialogs windows/cell windows/list windows/panel)
 room(windows windows/trees    ${base} ${model} windows/pictures windows/panel)
 room(windows windows/extraction ${base} ${model} windows/panel)
+room(windows windows/setup    ${base} ${model} windows/pictures windows/cell)
 
 room(hosts  hosts/cli    ${rooms_platform} ${rooms_model})
 room(viewer hosts/viewer ${rooms_platform} platform/controls ${rooms_model} ${rooms_windows})

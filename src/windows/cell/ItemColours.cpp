@@ -1,8 +1,6 @@
 #include "windows/cell/ItemColours.h"
 
-namespace
-{
-std::optional<unsigned long> ColourOf(Grade grade)
+std::optional<unsigned long> ItemColours::Of(Grade grade)
 {
     switch (grade) {
     case GradeRequired:
@@ -16,7 +14,7 @@ std::optional<unsigned long> ColourOf(Grade grade)
     }
 }
 
-std::optional<unsigned long> ColourOf(InfoType type)
+std::optional<unsigned long> ItemColours::Of(InfoType type)
 {
     switch (type) {
     case InfoFile:
@@ -27,13 +25,12 @@ std::optional<unsigned long> ColourOf(InfoType type)
         return {};
     }
 }
-} // namespace
 
 void ItemColours::AddDefinitions(const ToviItemDef& definitions)
 {
     for (int index = 0; index < definitions.GetCount(); ++index) {
         const Definition& definition = definitions[index];
-        const auto colour = ColourOf(definition.grade);
+        const auto colour = Of(definition.grade);
         if (colour) colours.try_emplace(definition.title, *colour);
     }
 }
@@ -41,7 +38,7 @@ void ItemColours::AddDefinitions(const ToviItemDef& definitions)
 void ItemColours::AddShowSettings(const ToviItemShowSettings& settings)
 {
     for (const ToviItemShowSetting& setting : settings) {
-        const auto colour = ColourOf(setting.infoType);
+        const auto colour = Of(setting.infoType);
         if (colour) colours.try_emplace(setting.title, *colour);
     }
 }

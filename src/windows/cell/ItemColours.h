@@ -10,6 +10,11 @@
 class ItemColours
 {
 public:
+    /// The colour (0x00BBGGRR) of the items of the delivery of one grade, or of the items of one
+    /// kind; nothing where titles are not coloured by it.
+    static std::optional<unsigned long> Of(Grade grade);
+    static std::optional<unsigned long> Of(InfoType type);
+
     bool IsEmpty() const { return colours.empty(); }
     void Clear() { colours.clear(); }
     /// Adds the titles of the definitions, coloured by their grade.
