@@ -75,6 +75,9 @@ const Row rows[] = {
     {ShowInfoList, "写真情報リスト(&I)", "Ctrl+I", {}, CheckedOnDelivery},
     {ShowComments, "コメント(&C)", "Ctrl+M", Picture("comment-show"), CheckedOnDelivery},
     {CheckTampering, "画像加工検知を行う(&D)", "", {}, CheckedOnDelivery},
+    {ShowExtraction, "抽出の条件(&T)...", "Ctrl+F", Picture("extract"), OnDelivery, "抽出"},
+    {EndExtraction, "抽出を解除(&U)", "Ctrl+Shift+F", {}, Plain},
+    {SetUp, "設定(&S)...", "Ctrl+,", Picture("settings"), OnDelivery, "設定"},
     {SlideMode, "スライドモード(&S)", "F5", Picture("slide-show"), OnDelivery},
     {LabelOk, "OK", "1", Picture("label-ok-on"), OnDelivery},
     {LabelNg1, "NG1", "2", Picture("label-ng1-on"), OnDelivery},
@@ -176,7 +179,9 @@ void FrameActions::FillMenus(QMainWindow* frame, QMenu* recent,
     review->addSeparator();
     fill(review, {RemoveLabels, CorrectLabels});
     review->addSeparator();
-    fill(review, {CheckTampering});
+    fill(review, {ShowExtraction, EndExtraction});
+    review->addSeparator();
+    fill(review, {CheckTampering, SetUp});
 
     fill(add("ヘルプ(&H)"), {About});
 }
@@ -194,5 +199,5 @@ void FrameActions::FillToolBar(QToolBar* toolBar, QWidget* pageLabel) const
     toolBar->addSeparator();
     for (const FrameCommand command : modes) toolBar->addAction(actions.at(command));
     toolBar->addSeparator();
-    fill({NextUnchecked});
+    fill({NextUnchecked, ShowExtraction});
 }

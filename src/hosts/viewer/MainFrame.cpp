@@ -1,5 +1,6 @@
 #include "hosts/viewer/MainFrame.h"
 
+#include "hosts/viewer/FrameExtraction.h"
 #include "hosts/viewer/FrameState.h"
 #include "hosts/viewer/NoticeStrip.h"
 #include "hosts/viewer/ReviewBar.h"
@@ -65,6 +66,7 @@ MainFrame::MainFrame()
 {
     setWindowIcon(PictureIcon("tovi-viewer"));
     setAcceptDrops(true);
+    extraction = new FrameExtraction(this, document, actions[FrameCommand::EndExtraction]);
     CreatePanels();
     CreateDock();
     CreateBars();
@@ -73,6 +75,7 @@ MainFrame::MainFrame()
     ConnectLabelCommands();
     ConnectOutputs();
     ConnectSettings();
+    ConnectExtraction();
     FillRecent();
     RestoreState();
     Refresh();
@@ -94,7 +97,9 @@ void MainFrame::CreatePanels()
     column->setContentsMargins({});
     column->setSpacing(0);
     column->addWidget(notice);
+    column->addWidget(extraction->Strip());
     column->addWidget(centre, 1);
+    centre->addWidget(extraction->NothingPage());
     setCentralWidget(middle);
     for (ToviPanel* panel :
          std::initializer_list<ToviPanel*>{photoPanel.get(), folderTree.get(), labelTree.get()}) {
@@ -115,6 +120,7 @@ void MainFrame::CreateDock()
     treePages->addWidget(new QWidget);
     treeDock->setWidget(treePages);
     addDockWidget(Qt::LeftDockWidgetArea, treeDock);
+    addDockWidget(Qt::LeftDockWidgetArea, extraction->Dock());
     resizeDocks({treeDock}, {260}, Qt::Horizontal);
     connect(trees, &QTabWidget::currentChanged, this, &MainFrame::SwitchTree);
 }
@@ -130,7 +136,8 @@ void MainFrame::CreateBars()
     actions.FillToolBar(toolBar, pageLabel);
     addToolBar(toolBar);
     actions.FillMenus(this, recentMenu,
-                      {treeDock->toggleViewAction(), toolBar->toggleViewAction()});
+                      {treeDock->toggleViewAction(), extraction->Dock()->toggleViewAction(),
+                       toolBar->toggleViewAction()});
     reviewBar = std::make_unique<ReviewBar>(statusBar());
 }
 
@@ -296,6 +303,7 @@ void MainFrame::Tell(const CString& text)
 
 void MainFrame::Refresh()
 {
+    extraction->Show(ShowsLabel());
     ShowCentre();
     ShowSettings();
     ShowPage();
@@ -311,7 +319,9 @@ void MainFrame::ShowCentre()
     actions.EnableForDelivery(isOpen);
     treeDock->setEnabled(isOpen);
     treePages->setCurrentIndex(isOpen ? 0 : 1);
-    centre->setCurrentWidget(isOpen ? static_cast<QWidget*>(photoPanel.get()) : startPage);
+    QWidget* const photos =
+        extraction->FindsNothing() ? extraction->NothingPage() : photoPanel.get();
+    centre->setCurrentWidget(isOpen ? photos : startPage);
 }
 
 void MainFrame::ShowSettings()

@@ -5,6 +5,7 @@
 
 #include <QMainWindow>
 
+class FrameExtraction;
 class NoticeStrip;
 class QDockWidget;
 class QLabel;
@@ -75,6 +76,11 @@ private:
     void ShowIndex();
 
     void SwitchTree(int tab);
+    /// The photographs on show are those of a label.
+    bool ShowsLabel() const;
+    void ConnectExtraction();
+    /// Lets the user edit all settings (設定).
+    void SetUp();
     void ChangeSetting(const std::function<void(ToviPhotoCtrlVisualSetting&)>& change);
     /// Shows what other programs have made of the settings, unless the user is amid something.
     void TakeOverSettings();
@@ -103,6 +109,7 @@ private:
     std::unique_ptr<ToviMpiPanel> photoPanel;
     std::unique_ptr<ToviFolderTreePanel> folderTree;
     std::unique_ptr<ToviLabelTreePanel> labelTree;
+    FrameExtraction* extraction = nullptr;
     std::unique_ptr<ReviewBar> reviewBar;
     std::unique_ptr<SlideShow> slideShow;
     /// The document was updated and the window will be soon: several updates show as one.

@@ -1,0 +1,90 @@
+#include "hosts/viewer/FrameExtraction.h"
+
+#include "hosts/viewer/ViewerDocument.h"
+#include "windows/extraction/ExtractionRules.h"
+#include "windows/extraction/ExtractionStrip.h"
+#include "windows/extraction/NothingExtractedPage.h"
+#include "windows/extraction/ToviExtractionWindow.h"
+
+#include <QAction>
+#include <QDockWidget>
+#include <QLabel>
+#include <QMainWindow>
+#include <QStatusBar>
+
+namespace
+{
+constexpr unsigned int windowId = 106;
+} // namespace
+
+FrameExtraction::FrameExtraction(QMainWindow* theFrame, ViewerDocument& theDocument,
+                                 QAction* endAction)
+    : QObject(theFrame), frame(theFrame), document(theDocument), end(endAction),
+      window(new ToviExtractionWindow), dock(new QDockWidget(QStringLiteral("抽出"), theFrame)),
+      strip(new ExtractionStrip), nothingPage(new NothingExtractedPage), status(new QLabel)
+{
+    window->Create(dock, windowId);
+    dock->setObjectName(QStringLiteral("extractionConditions"));
+    dock->setWidget(window);
+    dock->hide();
+    document.AddPanel(window);
+    QFont bold = status->font();
+    bold.setBold(true);
+    status->setFont(bold);
+    status->setContentsMargins(8, 0, 8, 0);
+    status->hide();
+    frame->statusBar()->addPermanentWidget(status);
+    connect(window, &ToviExtractionWindow::StateChanged, this, &FrameExtraction::Changed);
+    connect(strip, &ExtractionStrip::EndRequested, this, &FrameExtraction::EndRequested);
+    connect(nothingPage, &NothingExtractedPage::EndRequested, this, &FrameExtraction::EndRequested);
+    connect(nothingPage, &NothingExtractedPage::ChangeRequested, this,
+            &FrameExtraction::ShowConditions);
+    connect(end, &QAction::triggered, this, &FrameExtraction::EndRequested);
+}
+
+QWidget* FrameExtraction::Strip() const
+{
+    return strip;
+}
+
+QWidget* FrameExtraction::NothingPage() const
+{
+    return nothingPage;
+}
+
+void FrameExtraction::Show(bool ofLabel)
+{
+    ToviData* const data = document.Data();
+    const ExtractionView view =
+        data == nullptr ? ExtractionView() : ViewOf(*data, window->IsRunning(), ofLabel);
+    const bool isOn = view.kind != ExtractionView::Off;
+    findsNothing = view.kind == ExtractionView::Nothing;
+    strip->Tell(StripText(view, window->GetConditions()));
+    nothingPage->Tell(ConditionsText(window->GetConditions()));
+    status->setText(QStringLiteral("抽出中"));
+    status->setVisible(isOn);
+    end->setEnabled(isOn);
+    dock->setEnabled(data != nullptr);
+    window->EnableExtractCtrl(!ofLabel);
+}
+
+void FrameExtraction::ShowConditions()
+{
+    if (dock->isHidden()) {
+        dock->show();
+        frame->resizeDocks({dock}, {dock->sizeHint().height()}, Qt::Vertical);
+    }
+    dock->raise();
+    dock->activateWindow();
+    window->FocusConditions();
+}
+
+void FrameExtraction::End(bool ofLabel)
+{
+    if (document.Data() == nullptr || !window->IsRunning()) return;
+    if (ofLabel) {
+        document.Data()->CancelExtraction(CancelExtButton);
+    } else {
+        window->OnBnClickedExecute();
+    }
+}

@@ -1,0 +1,145 @@
+// Extraction and the settings dialog in the main window.
+
+#include "review/ToviLabelManager.h"
+#include "support/Controls.h"
+#include "support/Labels.h"
+#include "viewer/ShownFrame.h"
+#include "windows/extraction/ExtractionStrip.h"
+#include "windows/extraction/NothingExtractedPage.h"
+#include "windows/extraction/ToviExtractionWindow.h"
+
+#include <QCheckBox>
+#include <QDialogButtonBox>
+#include <QDockWidget>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTabWidget>
+#include <QTreeWidget>
+
+namespace
+{
+using testing::Contains;
+using testing::Not;
+
+constexpr int execute = 1015;
+constexpr int keyPhoto = 1016;
+constexpr int ngPhoto = 1017;
+constexpr int notchecked = 1018;
+
+/// The main window with eight photographs, the third of which is NG, and the conditions in view.
+struct ExtractingFrame : ShownFrame
+{
+    ExtractingFrame()
+    {
+        Open();
+        PasteLabel(Data(), 2, LabelNg1);
+        Press(Qt::Key_F, Qt::ControlModifier);
+    }
+
+    QWidget& Window() const { return *frame->findChild<ToviExtractionWindow*>(); }
+    void Click(int id) const
+    {
+        Control<QAbstractButton>(Window(), id).click();
+        QCoreApplication::processEvents();
+    }
+    /// What the strip tells; empty when it is out of sight.
+    CString Strip() const
+    {
+        QCoreApplication::processEvents();
+        const auto* strip = frame->findChild<ExtractionStrip*>();
+        return strip->isVisible() ? FromQtText(strip->findChild<QLabel*>()->text()) : CString();
+    }
+    bool IsNothingPageShown() const
+    {
+        QCoreApplication::processEvents();
+        return frame->findChild<NothingExtractedPage*>()->isVisible();
+    }
+    QTabWidget& Trees() const
+    {
+        return *frame->findChild<QDockWidget*>(QStringLiteral("trees"))->findChild<QTabWidget*>();
+    }
+};
+
+TEST(FrameExtraction, IsAlwaysToBeSeenAndEndsByOneButton)
+{
+    const ExtractingFrame shown;
+    EXPECT_TRUE(Control<QCheckBox>(shown.Window(), ngPhoto).isVisible());
+    EXPECT_EQ(shown.Strip(), "");
+    shown.Click(ngPhoto);
+    shown.Click(execute);
+    EXPECT_EQ(shown.Strip(), "抽出中： NG写真（8 枚のうち 1 枚を表示）");
+    EXPECT_THAT(shown.Status(), Contains("抽出中"));
+
+    shown.Trees().setCurrentIndex(1);
+    EXPECT_THAT(shown.Strip(), testing::HasSubstr("付箋の写真は"));
+    EXPECT_FALSE(Control<QPushButton>(shown.Window(), execute).isEnabled());
+    shown.Trees().setCurrentIndex(0);
+    EXPECT_EQ(shown.Strip(), "抽出中： NG写真（8 枚のうち 1 枚を表示）");
+
+    shown.frame->findChild<ExtractionStrip*>()->findChild<QPushButton*>()->click();
+    EXPECT_EQ(shown.Strip(), "");
+    EXPECT_THAT(shown.Status(), Not(Contains("抽出中")));
+    EXPECT_EQ(shown.Data().GetCurrentPhotoCount(), 8);
+}
+
+TEST(FrameExtraction, EndsOverTheListOfALabel)
+{
+    const ExtractingFrame shown;
+    shown.Click(ngPhoto);
+    shown.Click(execute);
+    shown.Trees().setCurrentIndex(1);
+    shown.Data().SetSelected(static_cast<int>(LabelOk));
+    shown.Press(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(shown.Strip(), "");
+    EXPECT_EQ(shown.Data().GetCurrentPhotoCount(), 0) << "the label's photographs stay";
+    shown.Trees().setCurrentIndex(0);
+    EXPECT_EQ(shown.Data().GetCurrentPhotoCount(), 8);
+}
+
+TEST(FrameExtraction, OffersAWayOnWhereNothingIsFound)
+{
+    const ExtractingFrame shown;
+    shown.Click(ngPhoto);
+    shown.Click(notchecked);
+    shown.Click(execute);
+    EXPECT_TRUE(shown.IsNothingPageShown());
+    const QList<QPushButton*> buttons =
+        shown.frame->findChild<NothingExtractedPage*>()->findChildren<QPushButton*>();
+    buttons[0]->click();
+    EXPECT_EQ(QApplication::focusWidget(), &Control<QCheckBox>(shown.Window(), keyPhoto));
+    shown.Click(notchecked);
+    EXPECT_FALSE(shown.IsNothingPageShown());
+    shown.Click(notchecked);
+    buttons[1]->click();
+    EXPECT_FALSE(shown.IsNothingPageShown());
+    EXPECT_EQ(shown.Data().GetCurrentPhotoCount(), 8);
+    ASSERT_TRUE(shown.Open());
+    EXPECT_FALSE(Control<QCheckBox>(shown.Window(), ngPhoto).isChecked());
+}
+
+TEST(FrameSetUp, IsSeenAtOnceInEveryWindow)
+{
+    ExtractingFrame shown;
+    shown.Trees().setCurrentIndex(1);
+    shown.OnDialogs({[](QWidget& dialog) {
+        Control<QLineEdit>(dialog, 1064).setText(QStringLiteral("日付なし"));
+        for (const int id : {1074, 1081, 1085, 1070, 1073}) {
+            Control<QRadioButton>(dialog, id).click();
+        }
+        dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
+    }});
+    shown.Press(Qt::Key_Comma, Qt::ControlModifier);
+    const auto* labels =
+        static_cast<QTreeWidget*>(shown.Trees().widget(1)->findChild<QTreeWidget*>());
+    EXPECT_EQ(labels->topLevelItem(0)->child(1)->text(0), QStringLiteral("日付なし <1>"));
+    EXPECT_EQ(shown.Panel().GetVisualSetting().GetDivType(), ToviPhotoCtrlVisualSetting::DivideOne);
+    shown.Trees().setCurrentIndex(0);
+    EXPECT_EQ(shown.Data().GetPhotoIndex(0), 7) << "sorted downwards";
+    shown.Start();
+    ASSERT_TRUE(shown.Open());
+    EXPECT_EQ(shown.Data().GetPhotoIndex(0), 7) << "and so after a restart";
+    EXPECT_STREQ(shown.Data().GetLabelManager()->GetLabelAttribute(LabelNg1).GetName(), "日付なし");
+    shown.Panel().AllPhotoAllLabelRemove();
+}
+} // namespace
