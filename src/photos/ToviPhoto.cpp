@@ -85,6 +85,13 @@ void ToviPhoto::GetPicturePath(CStringArray& out, int index)
     if (!picturePaths.IsEmpty() && index >= 0) out.Add(picturePaths[index]);
 }
 
+CString ToviPhoto::ReadablePicturePath(int index)
+{
+    CStringArray paths;
+    GetPicturePath(paths, index);
+    return !paths.IsEmpty() && IsReadableFile(paths[0]) ? paths[0] : CString();
+}
+
 const CStringArray& ToviPhoto::GetPicturePaths()
 {
     if (imagePath.empty()) MakePath();

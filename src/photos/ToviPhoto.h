@@ -76,6 +76,9 @@ public:
     /// The path of the image file; empty when it isn't there or a link brings it in from outside of
     /// the delivery. Valid until the next change of the photograph.
     const char* ReadablePath();
+    /// The path of the reference drawing at \p index, as above; empty when it isn't there or a link
+    /// brings it in from outside of the delivery.
+    CString ReadablePicturePath(int index);
     /// The paths of all reference drawings, in the order of the items.
     const CStringArray& GetPicturePaths();
     /// Appends the names of the files that the user still has to bring.

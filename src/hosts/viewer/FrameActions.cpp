@@ -89,6 +89,7 @@ const Row rows[] = {
     {CorrectLabels, "付箋の一括訂正・削除(&A)...", "", Picture("labels-correct"), OnDelivery},
     {NextUnchecked, "次の未検査の写真(&N)", "N", Picture("next-unchecked"), OnDelivery,
      "次の未検査"},
+    {ShowPosition, "写真格納位置の確認(&P)", "Ctrl+L", Picture("location"), OnDelivery},
     {About, "バージョン情報(&A)", "", {}, Plain},
 };
 

@@ -59,6 +59,7 @@ enum class FrameCommand
     RemoveLabels,
     CorrectLabels,
     NextUnchecked,
+    ShowPosition,
     About
 };
 

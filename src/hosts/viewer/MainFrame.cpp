@@ -1,5 +1,6 @@
 #include "hosts/viewer/MainFrame.h"
 
+#include "hosts/viewer/DetailDock.h"
 #include "hosts/viewer/FrameExtraction.h"
 #include "hosts/viewer/FrameState.h"
 #include "hosts/viewer/NoticeStrip.h"
@@ -123,6 +124,11 @@ void MainFrame::CreateDock()
     addDockWidget(Qt::LeftDockWidgetArea, extraction->Dock());
     resizeDocks({treeDock}, {260}, Qt::Horizontal);
     connect(trees, &QTabWidget::currentChanged, this, &MainFrame::SwitchTree);
+    setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
+    detailDock = std::make_unique<DetailDock>(this, document);
+    connect(detailDock.get(), &DetailDock::VisibleChosen, this, [this](bool visible) {
+        ChangeSetting([visible](auto& setting) { setting.SetVisibleDetail(visible); });
+    });
 }
 
 void MainFrame::CreateBars()
@@ -137,6 +143,7 @@ void MainFrame::CreateBars()
     addToolBar(toolBar);
     actions.FillMenus(this, recentMenu,
                       {treeDock->toggleViewAction(), extraction->Dock()->toggleViewAction(),
+                       detailDock->ToggleAction(), actions[FrameCommand::ShowPosition],
                        toolBar->toggleViewAction()});
     reviewBar = std::make_unique<ReviewBar>(statusBar());
 }
@@ -159,6 +166,7 @@ void MainFrame::ConnectCommands()
     on(NextPage, [this] { photoPanel->OperateNextPage(); });
     on(LastPage, [this] { photoPanel->OperateLastPage(); });
     on(FrameCommand::SlideMode, [this] { slideShow->Begin(); });
+    on(ShowPosition, [this] { photoPanel->ShowConfirmDlg(); });
     on(NextUnchecked, [this] { GoToNextUnchecked(); });
     on(About, [this] { TellVersion(); });
     // The keys belong to the photographs: in a tree or a list they move there.

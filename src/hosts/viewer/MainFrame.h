@@ -6,6 +6,7 @@
 #include <QMainWindow>
 
 class FrameExtraction;
+class DetailDock;
 class NoticeStrip;
 class QDockWidget;
 class QLabel;
@@ -110,6 +111,7 @@ private:
     std::unique_ptr<ToviFolderTreePanel> folderTree;
     std::unique_ptr<ToviLabelTreePanel> labelTree;
     FrameExtraction* extraction = nullptr;
+    std::unique_ptr<DetailDock> detailDock;
     std::unique_ptr<ReviewBar> reviewBar;
     std::unique_ptr<SlideShow> slideShow;
     /// The document was updated and the window will be soon: several updates show as one.

@@ -10,6 +10,7 @@
 #include <ctime>
 #include <map>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <unordered_map>
 
@@ -71,6 +72,8 @@ CString ExistingChild(const CString& parent, const CString& name)
 {
     const CString exact = parent + name;
     if (name == "." || name == ".." || Exists(exact)) return exact;
+    static std::mutex mutex;
+    const std::lock_guard lock(mutex);
     const Listing* listing = ListingOf(parent.empty() ? "." : parent);
     if (listing == nullptr) return {};
     const auto found = listing->names.find(FoldCase(name));

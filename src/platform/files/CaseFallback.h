@@ -7,7 +7,8 @@
 /// none.
 ///
 /// Deliveries come from a system without letter case and arrive as "PHOTO.XML", "photo.xml" or
-/// "Photo.Xml". A folder is listed once and the listing kept while the folder is unchanged.
+/// "Photo.Xml". A folder is listed once and the listing kept while the folder is unchanged. Several
+/// threads may call this.
 CString ExistingPath(const CString& path);
 
 /// The names in \p folder in the order of their bytes, without "." and ".."; those of them that can

@@ -4,6 +4,7 @@
 #include "platform/files/AtomicFile.h"
 #include "platform/pictures/ImageFile.h"
 #include "platform/pictures/LumPicture.h"
+#include "platform/pictures/PixelTones.h"
 #include "platform/pictures/QtColor.h"
 #include "platform/pictures/SvgPhoto.h"
 
@@ -113,6 +114,11 @@ void LumImage::Rotate(int angle, unsigned long backColor, bool keepSize, bool sm
     painter.drawImage(-QRectF(source.rect()).center(), source);
     painter.end();
     picture->image = turned;
+}
+
+void LumImage::SetContrast(int amount)
+{
+    if (picture) ApplyTones(picture->image, ContrastCurve(amount));
 }
 
 bool LumImage::ConvGrayScaleFromMono()

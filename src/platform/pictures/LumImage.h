@@ -49,6 +49,9 @@ public:
     /// size it had, else it grows; \p smooth interpolates.
     void Rotate(int angle, unsigned long backColor, bool keepSize, bool smooth);
 
+    /// Makes the picture lighter (\p amount above 0) or darker, by -1000 to 1000.
+    void SetContrast(int amount);
+
     /// Turns a bi-level picture into a grey one, so that it is drawn smoothly when reduced. False
     /// when the picture isn't bi-level.
     bool ConvGrayScaleFromMono();

@@ -72,6 +72,7 @@ ToviMpiPanel::ToviMpiPanel(CDocument* theDocument)
 void ToviMpiPanel::OnPreDetachData()
 {
     CloseMenu();
+    positionWindow.Close();
     views.Destroy();
     pages.ResetPageCount(-1, 0);
     TellPage();
@@ -107,6 +108,7 @@ void ToviMpiPanel::OnUpdate(CWnd* sender, ToviData::UpdateHint hint, CObject* ob
         return;
     }
     for (const PanelStep step : StepsOf(hint, mode)) TakeStep(step);
+    if (TellsOfSelection(hint)) positionWindow.Follow(*GetData());
     TellPage();
 }
 
@@ -508,6 +510,11 @@ void ToviMpiPanel::InvalidateAllCtrls()
     views.CreateCommentWindow();
     views.ReCalcCommentWindow();
     GetData()->UpdateHasComment();
+}
+
+void ToviMpiPanel::ShowConfirmDlg()
+{
+    if (GetData() != nullptr) positionWindow.Show(*GetData(), window());
 }
 
 // The menu

@@ -7,6 +7,7 @@
 #include "windows/panel/LabelCommands.h"
 #include "windows/panel/PanelUpdates.h"
 #include "windows/panel/ToviPanel.h"
+#include "windows/position/PositionWindow.h"
 
 #include <QPointer>
 
@@ -73,6 +74,8 @@ public:
     /// cell in a paged one. An index that isn't on show throws InvalidArgument.
     void UpdateComment(int index, const CString& text);
 
+    /// Shows the window 写真格納位置の確認, which follows the selection, or brings it to the top.
+    void ShowConfirmDlg();
     /// Opens the menu of the selected photograph.
     void ShowPopUpMenu();
     /// Shows the floating tool bar of a list mode after a while, or hides it.
@@ -154,6 +157,7 @@ private:
     PageArithmetic pages;
     PhotoViews views;
     LabelCommands labels;
+    PositionWindow positionWindow;
     QPointer<ToviPopUpMenu> menu;
     /// What the host was told last.
     std::pair<int, int> toldPages;

@@ -56,6 +56,12 @@ std::span<const PanelStep> StepsOf(ToviData::UpdateHint hint, Setting::DivideTyp
     return {};
 }
 
+bool TellsOfSelection(ToviData::UpdateHint hint)
+{
+    return hint == ToviData::HintPhotoSelected || hint == ToviData::HintSelectionChanged ||
+           hint == ToviData::HintCurrentArrayChanged;
+}
+
 SettingChange ChangeOf(const Setting& before, const Setting& now, bool force)
 {
     const Setting::DivideType mode = now.GetDivType();

@@ -34,6 +34,9 @@ enum class PanelStep
 TOVI_EXPORT std::span<const PanelStep> StepsOf(ToviData::UpdateHint hint,
                                                ToviPhotoCtrlVisualSetting::DivideType mode);
 
+/// True when after \p hint another photograph may be selected, or none.
+TOVI_EXPORT bool TellsOfSelection(ToviData::UpdateHint hint);
+
 /// What the panel has to do for settings that take the place of others.
 struct SettingChange
 {

@@ -1,0 +1,9 @@
+#pragma once
+
+#include "platform/pictures/ToneCurve.h"
+
+class QImage;
+
+/// Sends the colours of \p image through \p curve, opacity left out. A picture with a table of
+/// colours gets another table, any other one of 32 bits a pixel.
+void ApplyTones(QImage& image, const ToneCurve& curve);

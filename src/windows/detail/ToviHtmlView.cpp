@@ -1,0 +1,85 @@
+#include "windows/detail/ToviHtmlView.h"
+
+#include "platform/controls/LumImgWnd.h"
+#include "platform/host/HostServices.h"
+#include "reports/SvgWorkFiles.h"
+#include "windows/pictures/PictureFetch.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+
+namespace
+{
+void TellFailure(const CString& text)
+{
+    const HostServices& host = GetHostServices();
+    if (host.userInterface == nullptr) return;
+    host.userInterface->ShowMessage(text, host.applicationName, MessageButtons::Ok,
+                                    MessageIcon::Warning);
+}
+} // namespace
+
+ToviHtmlView::ToviHtmlView(QWidget* parent)
+    : QWidget(parent), fetch(new PictureFetch(this)), pages(new QStackedWidget),
+      drawing(new LumImgWnd), notice(new QLabel)
+{
+    notice->setAlignment(Qt::AlignCenter);
+    notice->setWordWrap(true);
+    notice->setMinimumWidth(1);
+    pages->addWidget(drawing);
+    pages->addWidget(notice);
+    auto* const button = new QPushButton(QStringLiteral("ブラウザで表示"));
+    button->setToolTip(QStringLiteral("SVGを写したページをブラウザで開く"));
+    connect(button, &QPushButton::clicked, this, &ToviHtmlView::OpenPage);
+    connect(fetch, &PictureFetch::Done, this, [this](const PictureFetch::Picture& drawn) {
+        drawing->SetImage(&drawn.image);
+        if (drawn.image.IsValid()) {
+            pages->setCurrentWidget(drawing);
+        } else {
+            Tell(QStringLiteral("このSVGはここに表示できません。"));
+        }
+    });
+
+    auto* const layout = new QVBoxLayout(this);
+    layout->setContentsMargins({});
+    layout->setSpacing(2);
+    layout->addWidget(pages, 1);
+    layout->addWidget(button, 0, Qt::AlignRight);
+}
+
+void ToviHtmlView::Navigate(const CString& svgPath)
+{
+    path = svgPath;
+    drawing->SetDisableImage();
+    Tell(QStringLiteral("描画しています…"));
+    fetch->Start(path);
+}
+
+void ToviHtmlView::Clear()
+{
+    path.clear();
+    fetch->Cancel();
+    drawing->SetDisableImage();
+    pages->setCurrentWidget(drawing);
+}
+
+void ToviHtmlView::OpenPage()
+{
+    UserInterface* const user = GetHostServices().userInterface;
+    CString page;
+    if (path.empty() || user == nullptr) return;
+    if (!MakeSvgPage(path.c_str(), page)) {
+        TellFailure("このSVGのページを作れませんでした。ファイルが壊れていないか、作業フォルダに"
+                    "空きがあるかを確かめてください。");
+    } else if (!user->OpenFile(page)) {
+        TellFailure("ブラウザが見つかりません。次のファイルをブラウザで開いてください。\n" + page);
+    }
+}
+
+void ToviHtmlView::Tell(const QString& sentence)
+{
+    notice->setText(sentence);
+    pages->setCurrentWidget(notice);
+}

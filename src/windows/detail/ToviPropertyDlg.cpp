@@ -1,0 +1,110 @@
+#include "windows/detail/ToviPropertyDlg.h"
+
+#include "imagefacts/ControlValueParser.h"
+#include "imagefacts/ToviControlValueArray.h"
+#include "items/ToviItemDef.h"
+#include "photos/ToviPhoto.h"
+#include "platform/controls/GaluDSplitter.h"
+#include "platform/text/QtText.h"
+#include "windows/cell/ToviControlValueTable.h"
+#include "windows/cell/ToviSpiListCtrl.h"
+#include "windows/detail/DrawingPane.h"
+
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+
+namespace
+{
+constexpr int firstPosition = 281;
+constexpr int smallestPaneHeight = 40;
+
+QWidget* MakePane(const QString& caption, std::initializer_list<QWidget*> children)
+{
+    auto* const pane = new QWidget;
+    auto* const layout = new QVBoxLayout(pane);
+    layout->setContentsMargins({});
+    layout->setSpacing(0);
+    layout->addWidget(new QLabel(caption));
+    for (QWidget* child : children) {
+        child->setAccessibleName(caption.trimmed());
+        layout->addWidget(child, 1);
+    }
+    return pane;
+}
+} // namespace
+
+ToviPropertyDlg::ToviPropertyDlg(QWidget* parent)
+    : WenDialog(parent), pages(new QStackedWidget), drawings(new DrawingPane(this))
+{
+    setWindowFlags(Qt::Widget);
+    pages->addWidget(MakeInformation());
+    pages->addWidget(drawings);
+    auto* const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(1, 1, 1, 1);
+    layout->addWidget(pages);
+    ClearContent();
+}
+
+QWidget* ToviPropertyDlg::MakeInformation()
+{
+    splitter = new GaluDSplitter(Qt::Vertical);
+    itemList = new ToviSpiListCtrl(&listSetting, splitter);
+    controlTable = new ToviControlValueTable(splitter);
+    controlText = new QPlainTextEdit(splitter);
+    controlText->setReadOnly(true);
+    controlText->setTabChangesFocus(true);
+    splitter->SetPane(0, MakePane(QStringLiteral(" 写真情報"), {itemList}));
+    splitter->SetPane(1, MakePane(QStringLiteral(" 施工管理値"), {controlTable, controlText}));
+    splitter->SetMinimums(smallestPaneHeight, smallestPaneHeight);
+    splitter->SetPosition(firstPosition);
+    return splitter;
+}
+
+void ToviPropertyDlg::SetContent(ToviPhoto* photo, ToviItemDef* itemDef,
+                                 const ToviItemShowSettings& settings)
+{
+    listSetting.SetItemShowSettings(settings);
+    listSetting.GetItemShowSettings().SetShowTitle(true);
+    ShowItems(photo, itemDef);
+    const bool hasText = photo != nullptr && itemDef != nullptr;
+    ShowValues(hasText ? photo->GetTitle(itemDef->GetIndexFromTitle(controlValueTitle)) : "");
+    splitter->ShowPane(1, settings.IsBold(controlValueTitle));
+    drawings->SetPhoto(photo);
+}
+
+void ToviPropertyDlg::ClearContent()
+{
+    ShowItems(nullptr, nullptr);
+    ShowValues({});
+    drawings->SetPhoto(nullptr);
+}
+
+void ToviPropertyDlg::ShowItems(const ToviPhoto* photo, ToviItemDef* itemDef)
+{
+    itemList->Clear();
+    itemList->itemColours.Clear();
+    if (photo == nullptr || itemDef == nullptr) return;
+    itemList->itemColours.AddDefinitions(*itemDef);
+    itemList->itemColours.AddShowSettings(listSetting.GetItemShowSettings());
+    ToviTextPairArray pairs;
+    photo->GetTextPairs(itemDef, listSetting.GetItemShowSettings(), pairs);
+    itemList->Fill(pairs);
+}
+
+void ToviPropertyDlg::ShowValues(const CString& text)
+{
+    ToviControlValues values;
+    ParseControlValues(text, values);
+    controlTable->SetValues(values);
+    controlText->setPlainText(QtText(text));
+    const bool isTable = controlTable->GetItemCount() > 0;
+    controlTable->setVisible(isTable);
+    controlText->setVisible(!isTable);
+}
+
+void ToviPropertyDlg::ShowPage(int page)
+{
+    pages->setCurrentIndex(page);
+}
