@@ -2,6 +2,10 @@
 // selection to another one, both up to what is painted.
 
 #include "Samples.h"
+#include "items/ToviItemDef.h"
+#include "items/ToviPhotoCtrlVisualSetting.h"
+#include "photos/ToviPhoto.h"
+#include "photos/ToviPhotoArray.h"
 #include "support/OpenedSample.h"
 #include "windows/position/PositionWindow.h"
 #include "windows/position/ToviConfirmDlg.h"

@@ -1,3 +1,6 @@
+#include "items/ToviItemDef.h"
+#include "photos/ToviNode.h"
+#include "photos/ToviPhoto.h"
 #include "platform/text/QtText.h"
 #include "windows/position/DialogPlace.h"
 #include "windows/position/PositionTree.h"

@@ -1,6 +1,7 @@
 #include "hosts/viewer/DetailDock.h"
 
 #include "hosts/viewer/ViewerDocument.h"
+#include "items/ToviPhotoCtrlVisualSetting.h"
 #include "review/SlideMode.h"
 #include "windows/detail/ToviDetailPanel.h"
 #include "windows/pictures/Pictures.h"

@@ -1,5 +1,8 @@
 #include "windows/detail/ToviDetailPanel.h"
 
+#include "items/ToviItemDef.h"
+#include "items/ToviPhotoCtrlVisualSetting.h"
+#include "photos/ToviPhoto.h"
 #include "platform/controls/GaluDSplitter.h"
 #include "platform/controls/WindowId.h"
 #include "platform/host/HostServices.h"

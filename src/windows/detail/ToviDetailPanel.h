@@ -1,5 +1,6 @@
 #pragma once
 
+#include "items/ToviItemShowSettings.h"
 #include "windows/panel/ToviPanel.h"
 
 #include <QTimer>

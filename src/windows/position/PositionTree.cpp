@@ -1,7 +1,7 @@
 #include "windows/position/PositionTree.h"
 
 #include "items/ToviItemDef.h"
-#include "items/ToviPhotoCtrlVisualSetting.h"
+#include "items/TreeType.h"
 #include "photos/ToviNode.h"
 #include "photos/ToviPhoto.h"
 
@@ -10,8 +10,6 @@
 
 namespace
 {
-using Setting = ToviPhotoCtrlVisualSetting;
-
 std::initializer_list<const char*> TitlesOf(int treeType)
 {
     static constexpr std::initializer_list<const char*> full = {"写真-大分類", "写真区分", "工種",
@@ -19,11 +17,11 @@ std::initializer_list<const char*> TitlesOf(int treeType)
     static constexpr std::initializer_list<const char*> place = {"撮影箇所"};
     static constexpr std::initializer_list<const char*> work = {"工種", "種別", "細別"};
     switch (treeType) {
-    case Setting::TreeWorkTypeFull:
+    case TreeWorkTypeFull:
         return full;
-    case Setting::TreePlace:
+    case TreePlace:
         return place;
-    case Setting::TreeWorkType:
+    case TreeWorkType:
         return work;
     default:
         return {};
@@ -39,7 +37,7 @@ std::optional<CStringArray> PositionPath(ToviItemDef& definitions, const ToviPho
         values.Add(photo.GetTitle(definitions.GetIndexFromTitle(title)));
     }
     const auto isEmpty = [](const CString& value) { return value.empty(); };
-    if (treeType != Setting::TreePlace && std::all_of(values.begin(), values.end(), isEmpty)) {
+    if (treeType != TreePlace && std::all_of(values.begin(), values.end(), isEmpty)) {
         return {};
     }
     if (values[0].empty()) return CStringArray{missingValueTitle};

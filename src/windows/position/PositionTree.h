@@ -13,7 +13,7 @@ class ToviNode;
 class ToviPhoto;
 
 /// The titles of the classification tree from which the place of \p photo is told, from the top
-/// down, for a tree of the type \p treeType (ToviPhotoCtrlVisualSetting::TreeType). Nothing when
+/// down, for a tree of the type \p treeType (items/TreeType.h). Nothing when
 /// its items say no place; for a type that is none, too.
 TOVI_EXPORT std::optional<CStringArray> PositionPath(ToviItemDef& definitions,
                                                      const ToviPhoto& photo, int treeType);

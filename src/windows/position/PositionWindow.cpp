@@ -1,6 +1,8 @@
 #include "windows/position/PositionWindow.h"
 
 #include "delivery/ToviData.h"
+#include "items/ToviPhotoCtrlVisualSetting.h"
+#include "photos/ToviPhoto.h"
 #include "platform/host/HostServices.h"
 #include "windows/position/DialogPlace.h"
 #include "windows/position/ToviConfirmDlg.h"

@@ -1,6 +1,8 @@
 #include "windows/position/ToviConfirmDlg.h"
 
 #include "delivery/ToviData.h"
+#include "items/ToviItemDef.h"
+#include "photos/ToviPhoto.h"
 #include "windows/position/DialogPlace.h"
 #include "windows/trees/TreePanelRules.h"
 

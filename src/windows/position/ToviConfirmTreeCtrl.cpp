@@ -1,5 +1,6 @@
 #include "windows/position/ToviConfirmTreeCtrl.h"
 
+#include "items/TreeType.h"
 #include "platform/controls/GaluFont.h"
 #include "platform/pictures/QtColor.h"
 #include "platform/text/QtText.h"
@@ -26,7 +27,6 @@ constexpr int markedImageRole = Qt::UserRole;
 
 bool HasPictures(int treeType)
 {
-    using enum ToviPhotoCtrlVisualSetting::TreeType;
     return treeType == TreeWorkTypeFull || treeType == TreePlace || treeType == TreeWorkType;
 }
 } // namespace

@@ -14,7 +14,7 @@ public:
     explicit ToviConfirmTreeCtrl(QWidget* parent);
     ~ToviConfirmTreeCtrl() override;
 
-    /// Shows \p newTree, of the type \p treeType (ToviPhotoCtrlVisualSetting::TreeType), with no
+    /// Shows \p newTree, of the type \p treeType (items/TreeType.h), with no
     /// mark. Types that there aren't have no pictures.
     void Show(PositionTree newTree, int treeType);
     /// Marks the item of \p row of the tree and scrolls to it; PositionTree::none marks nothing.
