@@ -54,7 +54,7 @@ DetailDock::DetailDock(QMainWindow* mainWindow, ViewerDocument& shown)
     ToggleAction()->setToolTip(QStringLiteral("選んだ写真を大きく、情報や参考図とともに表示"));
     ToggleAction()->setShortcut(QKeySequence(QStringLiteral("Ctrl+D")));
     mainWindow->addAction(ToggleAction());
-    connect(ToggleAction(), &QAction::toggled, this, &DetailDock::OnToggled);
+    connect(dock, &QDockWidget::visibilityChanged, this, &DetailDock::OnVisibilityChanged);
     connect(&document, &ViewerDocument::Updated, this, &DetailDock::Follow);
 }
 
@@ -66,7 +66,7 @@ QAction* DetailDock::ToggleAction() const
 }
 
 /// The slide show, and a main window that is hidden, take the dock away without the user's wish.
-void DetailDock::OnToggled()
+void DetailDock::OnVisibilityChanged()
 {
     if (document.Data() == nullptr || IsSlideMode() || !dock->parentWidget()->isVisible()) return;
     const bool isShown = !dock->isHidden();

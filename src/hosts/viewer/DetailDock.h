@@ -30,7 +30,7 @@ signals:
 private:
     class Dock;
 
-    void OnToggled();
+    void OnVisibilityChanged();
     void Follow();
 
     ViewerDocument& document;
