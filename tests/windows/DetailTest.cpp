@@ -198,12 +198,14 @@ struct ShownDetail
     template <class Widget>
     Widget* Find(const char* name)
     {
+        Widget* found = nullptr;
         for (Widget* widget : panel.findChildren<Widget*>()) {
             const bool isNamed = widget->accessibleName() == QtText(name) ||
                                  widget->property("text").toString() == QtText(name);
-            if (isNamed) return widget;
+            if (isNamed && widget->isVisible()) return widget;
+            if (isNamed) found = widget;
         }
-        return nullptr;
+        return found;
     }
     void Click(const char* text) { QTest::mouseClick(Find<QPushButton>(text), Qt::LeftButton); }
     CString Field(const char* name) { return FromQtText(Find<QLineEdit>(name)->text()); }
@@ -227,7 +229,7 @@ struct ShownDetail
 
 TEST(DetailPanel, ReadsNothingWhileItIsOutOfSight)
 {
-    ShownDetail shown(DeliveryBuilder({.photos = 5, .drawings = 0}));
+    ShownDetail shown(DeliveryBuilder({.photos = 6, .drawings = 0}));
     for (int photo = 0; photo < 5; ++photo) shown.Select(photo);
     QTest::qWait(20);
     EXPECT_FALSE(shown.Image().IsEnableImage());
@@ -247,8 +249,9 @@ TEST(DetailPanel, ReadsNothingWhileItIsOutOfSight)
 
 TEST(DetailPanel, TurnsAndLightensThePictureOnShow)
 {
-    ShownDetail shown(DeliveryBuilder({.photos = 2, .drawings = 0}));
+    ShownDetail shown(DeliveryBuilder({.photos = 3, .drawings = 0}));
     shown.Show();
+    shown.Select(0);
     ToviImageWnd& image = shown.Image();
     ASSERT_TRUE(QTest::qWaitFor([&] { return image.IsEnableImage(); }));
     const int wide = image.Working().GetWidth();
@@ -284,10 +287,8 @@ TEST(DetailPanel, TurnsAndLightensThePictureOnShow)
 
 TEST(DetailPanel, DrawsAnSvgPhotographThatCantBeCorrected)
 {
-    DeliveryBuilder builder({.photos = 2, .drawings = 0});
-    builder.Set(1, "写真ファイル名", "P0000002.SVG");
-    ShownDetail shown(builder);
-    shown.sample.temp.Write("PHOTO/PIC/P0000002.SVG", drawing);
+    // The last photograph of a sample is an SVG one.
+    ShownDetail shown(DeliveryBuilder({.photos = 2, .drawings = 0}));
     shown.Show();
     shown.Select(1);
     EXPECT_FALSE(shown.Image().findChild<QSlider*>()->isEnabled());
@@ -319,10 +320,11 @@ TEST(DrawingPane, LeafsThroughTheDrawings)
 {
     ShownDetail shown = WithDrawings();
     const TempFolder& temp = shown.sample.temp;
-    std::filesystem::copy(temp.Path("PHOTO/PIC/P0000001.JPG"), temp.Path("PHOTO/DRA/D0000001.JPG"));
+    std::filesystem::remove(temp.Path("PHOTO/DRA/D0000002.JPG"));
     temp.Write("PHOTO/DRA/D0000003.P21", "ISO-10303-21;");
     temp.Write("PHOTO/DRA/D0000004.SVG", drawing);
     shown.Show();
+    shown.Select(0);
     shown.Tabs().ShowPage(1);
     ASSERT_TRUE(QTest::qWaitFor([&] { return shown.Drawing().IsEnableImage(); }));
     EXPECT_EQ(shown.Field("参考図の順番"), "1/4 枚目を表示");
@@ -360,6 +362,7 @@ TEST(DrawingPane, HandsACopyToOtherProgramsAndNeverTheFile)
     ShownDetail shown = WithDrawings();
     const CString delivered = shown.sample.temp.Write("PHOTO/DRA/D0000001.JPG", "a drawing");
     shown.Show();
+    shown.Select(0);
     shown.Tabs().ShowPage(1);
     std::vector<CString> opened;
     for (const bool opens : {true, false}) {

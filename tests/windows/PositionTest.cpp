@@ -165,7 +165,7 @@ TEST(PositionWindow, FollowsTheSelectionAndOnlyThat)
     ShownDelivery& shown = position.shown;
     shown.panel.ShowConfirmDlg();
     EXPECT_EQ(position.Marked(), "No.0");
-    shown.Press(Qt::Key_PageDown);
+    shown.panel.OperateNextPage();
     EXPECT_EQ(position.Marked(), "No.4");
 
     auto& tree = *position.Dialog()->findChild<ToviConfirmTreeCtrl*>();
@@ -217,7 +217,8 @@ TEST(PositionWindow, ComesUpAgainWhereItWas)
     {
         PositionWindow last;
         last.Show(*shown.data, &shown.window);
-        shown.window.findChild<ToviConfirmDlg*>()->setGeometry(70, 80, 210, 310);
+        shown.window.findChild<ToviConfirmDlg*>()->resize(210, 310);
+        shown.window.findChild<ToviConfirmDlg*>()->move(70, 80);
     }
     EXPECT_EQ(shown.services.profile.GetProfileInt("ConfirmDialog", "DialogPosX", -1), 170);
     EXPECT_EQ(shown.services.profile.GetProfileInt("ConfirmDialog", "DialogHeight", -1), 410);
