@@ -19,7 +19,7 @@ namespace
 constexpr int idImage = 1;
 constexpr int idTabs = 2;
 constexpr int idSplitter = 3;
-constexpr QSize usualSize(640, 300);
+constexpr QSize usualSize(640, 260);
 } // namespace
 
 ToviDetailPanel::ToviDetailPanel()

@@ -57,13 +57,13 @@ void PositionWindow::Show(ToviData& data, QWidget* owner)
     Close();
     dialog = new ToviConfirmDlg(owner);
     connect(dialog, &ToviConfirmDlg::Closed, this, &PositionWindow::EndConfirmDlg);
-    dialog->SetTreeType(type);
-    dialog->BuildTree(data);
     const QRect shown = ShownPlace(place, Screens());
     dialog->resize(shown.size());
     dialog->move(shown.topLeft());
     dialog->show();
-    Follow(data);
+    // With its size the tree knows what is in sight already.
+    dialog->SetTreeType(type);
+    dialog->BuildTree(data);
 }
 
 void PositionWindow::Follow(ToviData& data)
