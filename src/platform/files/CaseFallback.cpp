@@ -53,6 +53,7 @@ Listing MakeListing(const CString& folder, const timespec& changed)
     return listing;
 }
 
+/// One thread at a time.
 const Listing* ListingOf(const CString& folder)
 {
     static std::map<CString, Listing> listings;

@@ -1,8 +1,11 @@
 #include "platform/pictures/LumImage.h"
 
+#include "platform/exif/ExifCopy.h"
 #include "platform/exif/ExifFile.h"
 #include "platform/files/AtomicFile.h"
+#include "platform/files/MibFile.h"
 #include "platform/pictures/ImageFile.h"
+#include "platform/pictures/ImageSource.h"
 #include "platform/pictures/LumPicture.h"
 #include "platform/pictures/PixelTones.h"
 #include "platform/pictures/QtColor.h"
@@ -74,6 +77,14 @@ bool LumImage::LoadReduced(const char* path, int longestSide)
     return IsValid();
 }
 
+bool LumImage::LoadWhole(const char* path)
+{
+    if (EqualNoCase(MibGetExt(path), ".svg")) return Load(path);
+    const ImageSource source = ImageSource::FromFile(path);
+    *this = LumPixels::From(source.Read(QSize(), ImageSource::mostPixels));
+    return IsValid();
+}
+
 bool LumImage::IsValid() const
 {
     return picture != nullptr;
@@ -142,6 +153,14 @@ std::optional<std::string> LumImage::Encode(LumImageType type, unsigned quality)
         return std::nullopt;
     }
     return bytes.toStdString();
+}
+
+std::optional<std::string> LumImage::EncodeCopy(const char* original) const
+{
+    constexpr unsigned best = 2;
+    std::optional<std::string> jpeg = Encode(LumJpeg, best);
+    if (!jpeg) return std::nullopt;
+    return WithExif(*jpeg, ExifOfCopy(ReadExifFileBlock(original).bytes, GetWidth(), GetHeight()));
 }
 
 bool LumImage::Save(const char* path, LumImageType type, unsigned quality) const

@@ -38,6 +38,10 @@ public:
     /// Load.
     bool LoadThumb(const char* path);
 
+    /// As Load, also for pictures that are too large to be shown whole. They take four bytes a
+    /// pixel: it is for what is saved and let go of.
+    bool LoadWhole(const char* path);
+
     bool IsValid() const;
     void Clear();
     /// Width and height in pixels, 0 without a picture.
@@ -49,7 +53,7 @@ public:
     /// size it had, else it grows; \p smooth interpolates.
     void Rotate(int angle, unsigned long backColor, bool keepSize, bool smooth);
 
-    /// Makes the picture lighter (\p amount above 0) or darker, by -1000 to 1000.
+    /// Makes the picture lighter or darker (see ContrastCurve).
     void SetContrast(int amount);
 
     /// Turns a bi-level picture into a grey one, so that it is drawn smoothly when reduced. False
@@ -59,6 +63,9 @@ public:
     /// The bytes of a file with the picture; nothing without a picture or when that fails. \p
     /// quality is 0 (small), 1 or 2 (best).
     std::optional<std::string> Encode(LumImageType type, unsigned quality) const;
+    /// The bytes of a JPEG file with the picture, which was made of the one in the file \p
+    /// original, and with the Exif data of that file (see ExifOfCopy). Nothing as above.
+    std::optional<std::string> EncodeCopy(const char* original) const;
     /// Writes these bytes to \p path, whole or not at all.
     bool Save(const char* path, LumImageType type, unsigned quality) const;
 

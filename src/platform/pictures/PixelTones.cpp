@@ -21,8 +21,13 @@ void ApplyTones(QImage& image, const ToneCurve& curve)
         return;
     }
     image.convertTo(image.hasAlphaChannel() ? QImage::Format_ARGB32 : QImage::Format_RGB32);
-    for (int row = 0; row < image.height(); ++row) {
+    ApplyTones(image, curve, image.rect());
+}
+
+void ApplyTones(QImage& image, const ToneCurve& curve, const QRect& part)
+{
+    for (int row = part.top(); row <= part.bottom(); ++row) {
         auto* const line = reinterpret_cast<QRgb*>(image.scanLine(row));
-        for (int at = 0; at < image.width(); ++at) line[at] = Toned(line[at], curve);
+        for (int at = part.left(); at <= part.right(); ++at) line[at] = Toned(line[at], curve);
     }
 }

@@ -1,0 +1,120 @@
+#include "platform/pictures/ImageSource.h"
+
+#include "platform/files/MibFile.h"
+#include "platform/pictures/ImageDecoding.h"
+
+#include <QBuffer>
+#include <QImageReader>
+#include <QTransform>
+
+namespace
+{
+constexpr std::size_t largestFile = std::size_t{512} << 20;
+/// Parts that begin and end at multiples of it can be decoded reduced.
+constexpr int block = 8;
+
+qint64 PixelsOf(const QSize& size)
+{
+    return static_cast<qint64>(size.width()) * size.height();
+}
+
+QSize Reduced(const QSize& size, const QSize& within)
+{
+    const bool fits = size.width() <= within.width() && size.height() <= within.height();
+    if (within.isEmpty() || fits) return size;
+    return size.scaled(within, Qt::KeepAspectRatio).expandedTo({1, 1});
+}
+
+/// A reader over bytes that outlive it.
+struct BytesReader
+{
+    explicit BytesReader(const std::string& bytes)
+        : shared(QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()))),
+          buffer(&shared)
+    {
+        Prepare(reader, buffer);
+    }
+
+    bool Has(QImageIOHandler::Transformation what) const
+    {
+        return reader.transformation().testFlag(what);
+    }
+    bool IsTurned() const { return Has(QImageIOHandler::TransformationRotate90); }
+    QSize ShownSize() const { return IsTurned() ? reader.size().transposed() : reader.size(); }
+    /// The way from a place in the picture as it is stored to its place in the one that is shown.
+    QTransform ToShown() const
+    {
+        const QSize stored = reader.size();
+        QTransform way;
+        if (Has(QImageIOHandler::TransformationMirror)) {
+            way *= QTransform(-1, 0, 0, 1, stored.width(), 0);
+        }
+        if (Has(QImageIOHandler::TransformationFlip)) {
+            way *= QTransform(1, 0, 0, -1, 0, stored.height());
+        }
+        if (IsTurned()) way *= QTransform(0, 1, -1, 0, stored.height(), 0);
+        return way;
+    }
+    QImage ReadScaled(const QSize& shownSize)
+    {
+        reader.setScaledSize(IsTurned() ? shownSize.transposed() : shownSize);
+        return reader.read();
+    }
+
+    QByteArray shared;
+    QBuffer buffer;
+    QImageReader reader;
+};
+
+QRect OnBlocks(const QRect& part)
+{
+    const auto down = [](int value) { return value / block * block; };
+    const auto up = [](int value) { return (value + block - 1) / block * block; };
+    return {QPoint(down(part.left()), down(part.top())),
+            QPoint(up(part.right() + 1) - 1, up(part.bottom() + 1) - 1)};
+}
+} // namespace
+
+ImageSource ImageSource::FromFile(const CString& path)
+{
+    return ImageSource(MibReadFile(path, largestFile).value_or(std::string()));
+}
+
+ImageSource::ImageSource(std::string content) : bytes(std::move(content))
+{
+    const BytesReader opened(bytes);
+    if (!IsLetIn(opened.reader)) return;
+    isJpeg = opened.reader.format() == "jpeg";
+    const QSize shown = opened.ShownSize();
+    if (PixelsOf(shown) <= mostPixels && (!isJpeg || IsCompleteJpeg(bytes))) size = shown;
+}
+
+QImage ImageSource::Read(const QSize& within, qint64 pixelLimit) const
+{
+    if (size.isEmpty()) return {};
+    const QSize wanted = Reduced(size, within);
+    // Only JPEG is decoded at a reduced size; every other format is decoded whole first.
+    if (PixelsOf(isJpeg ? wanted : size) > pixelLimit) return {};
+    BytesReader opened(bytes);
+    if (isJpeg) return wanted == size ? opened.reader.read() : opened.ReadScaled(wanted);
+    const QImage image = opened.reader.read();
+    if (image.isNull() || wanted == size) return image;
+    return image
+        .convertToFormat(image.hasAlphaChannel() ? QImage::Format_ARGB32 : QImage::Format_RGB32)
+        .scaled(Reduced(image.size(), within), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}
+
+QImage ImageSource::ReadPart(QRect& part, const QSize& within) const
+{
+    if (size.isEmpty() || !isJpeg) return {};
+    BytesReader opened(bytes);
+    const QTransform toShown = opened.ToShown();
+    const QRect stored = OnBlocks(toShown.inverted().mapRect(QRectF(part)).toRect())
+                             .intersected(QRect(QPoint(0, 0), opened.reader.size()));
+    if (stored.isEmpty()) return {};
+    part = toShown.mapRect(QRectF(stored)).toRect();
+    const QSize wanted = Reduced(part.size(), within);
+    if (PixelsOf(wanted) > mostPixelsShown) return {};
+    opened.reader.setClipRect(stored);
+    return wanted == part.size() ? opened.reader.read() : opened.ReadScaled(wanted);
+}

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "platform/text/Text.h"
+
+#include <QImage>
+#include <QSize>
+
+/// The bytes of a picture, of which more than one decoding is wanted. Any one thread at a time may
+/// use an object. A picture stands as its Exif orientation wants to be looked at.
+class ImageSource
+{
+public:
+    /// Up to that many pixels a picture is decoded whole to be shown.
+    static constexpr qint64 mostPixelsShown = 60'000'000;
+    /// Twice what the largest cameras make. Beyond it stands only what means harm.
+    static constexpr qint64 mostPixels = 200'000'000;
+
+    /// Reads the file \p path whole.
+    static ImageSource FromFile(const CString& path);
+    /// What is no picture of a format that is let in, is cut off or too large has no size and
+    /// decodes to null images.
+    explicit ImageSource(std::string content);
+
+    /// The size of the whole picture; empty when there is none.
+    QSize Size() const { return size; }
+    /// A reduced or a partial decoding takes less time and memory than a whole one.
+    bool IsReducible() const { return isJpeg; }
+    /// The picture, as large as it fits into \p within but never enlarged; an empty size sets no
+    /// bounds. A null image when that fails or would decode more than \p pixelLimit.
+    QImage Read(const QSize& within, qint64 pixelLimit = mostPixelsShown) const;
+    /// What of the picture lies in \p part, reduced so that it has about \p within pixels. \p part
+    /// is widened to what was decoded. A null image as above.
+    QImage ReadPart(QRect& part, const QSize& within) const;
+
+private:
+    std::string bytes;
+    QSize size;
+    bool isJpeg = false;
+};
