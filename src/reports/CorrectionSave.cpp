@@ -4,16 +4,43 @@
 #include "imagefacts/ToviExifInfo.h"
 #include "items/ToviItemDef.h"
 #include "photos/ToviPhoto.h"
+#include "platform/files/AtomicFile.h"
 #include "platform/files/MibCopy.h"
 #include "platform/files/MibFile.h"
 #include "platform/host/HostServices.h"
+#include "platform/pictures/LumImage.h"
+#include "platform/pictures/ToneCurve.h"
 #include "reports/PhotoOutput.h"
 #include "reports/ToviSelectOutputPhotoDlg.h"
 #include "review/SlideMode.h"
 
 namespace
 {
-constexpr unsigned bestQuality = 2;
+constexpr const char* correctedMark = "_表示調整済み";
+constexpr unsigned long white = 0xFFFFFF;
+
+/// A name for a corrected copy of the file \p name, which is a JPEG whatever the file is.
+CString CorrectedName(const CString& name)
+{
+    const CString extension = MibGetExt(name);
+    const bool isJpeg = EqualNoCase(extension, ".jpg") || EqualNoCase(extension, ".jpeg");
+    const CString title = name.substr(0, name.size() - extension.size());
+    return title + correctedMark + (isJpeg ? extension : ".JPG");
+}
+
+/// What is wrong in a sentence; empty when the corrected picture was saved.
+CString SaveCorrected(const CorrectedPhoto& corrected, const CString& path)
+{
+    const char* const original = corrected.photo->ReadablePath();
+    LumImage picture;
+    if (!picture.LoadWhole(original)) return WhyNotWritten(path, WriteFailure::NoSource);
+    picture.Rotate(corrected.rotation, white, false, true);
+    for (const int step : BrightnessSteps(corrected.brightness)) picture.SetContrast(step);
+    const std::optional<std::string> bytes = picture.EncodeCopy(original);
+    WriteFailure failure = WriteFailure::Other;
+    if (bytes && WriteFileAtomically(path, *bytes, &failure)) return {};
+    return WhyNotWritten(path, failure);
+}
 
 void SayThatThereIsNone()
 {
@@ -32,17 +59,20 @@ void CorrectionSave::Run(const CorrectedPhoto& corrected) const
         return;
     }
     ToviPhoto& photo = *corrected.photo;
-    const LumImage* worked = nullptr;
+    bool savesCorrected = false;
     if (corrected.IsChanged() && corrected.isShown) {
         ToviSelectOutputPhotoDlg dialog;
         if (!dialog.DoModal()) return;
-        if (dialog.IsSelectedWorkedPhotoMode()) worked = corrected.picture;
+        savesCorrected = dialog.IsSelectedWorkedPhotoMode();
     }
     const CString name = photo.GetTitle(document.GetItemDef()->GetIndexFromTitle("写真ファイル名"));
-    SaveUnderChosenName(document, name, IsSvg(photo, name), [&](const CString& path) {
-        if (worked != nullptr) return worked->Save(path.c_str(), LumJpeg, bestQuality);
-        return MibCopyFileEx(photo.ReadablePath(), path) == CopyFailure::None;
-    });
+    if (savesCorrected) {
+        SaveUnderChosenName(document, CorrectedName(name), false,
+                            [&](const CString& path) { return SaveCorrected(corrected, path); });
+    } else {
+        SaveUnderChosenName(document, name, IsSvg(photo, name),
+                            [&](const CString& path) { return SaveDelivered(photo, path); });
+    }
 }
 
 bool CorrectionSave::IsSvg(ToviPhoto& photo, const CString& name) const

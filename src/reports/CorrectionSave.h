@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/pictures/LumImage.h"
+#include "platform/text/Text.h"
 
 class ToviData;
 class ToviPhoto;
@@ -10,9 +10,8 @@ struct CorrectedPhoto
 {
     /// Null when the window holds none.
     ToviPhoto* photo = nullptr;
-    /// The picture as it was turned and made lighter or darker on the screen.
-    const LumImage* picture = nullptr;
-    /// In degrees and in the steps of the window's slider; 0 is as delivered.
+    /// How it was turned and made lighter or darker on the screen: in degrees clockwise, and as
+    /// BrightnessSteps takes it; 0 is as delivered.
     int rotation = 0;
     int brightness = 0;
     /// The window's image control shows a picture.
@@ -22,8 +21,9 @@ struct CorrectedPhoto
 };
 
 /// Saves the photograph of a correction window under a name that the user chooses: the delivered
-/// file byte for byte, or, if the user wants that, the corrected picture as a JPEG without Exif
-/// data.
+/// file byte for byte, or, if the user wants that, a JPEG of its picture at full size corrected in
+/// the same way, with its Exif data (see ExifOfCopy) and under a name that tells it from the
+/// original.
 class TOVI_EXPORT CorrectionSave
 {
 public:

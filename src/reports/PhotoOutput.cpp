@@ -86,9 +86,8 @@ void OutputOnePhoto(ToviData& document)
     }
     const CString name =
         photo->GetTitle(document.GetItemDef()->GetIndexFromTitle("写真ファイル名"));
-    SaveUnderChosenName(document, name, ToviExifInfo::IsSvg(name), [photo](const CString& path) {
-        return MibCopyFileEx(photo->ReadablePath(), path) == CopyFailure::None;
-    });
+    SaveUnderChosenName(document, name, ToviExifInfo::IsSvg(name),
+                        [photo](const CString& path) { return SaveDelivered(*photo, path); });
 }
 
 void OutputAllPhoto(ToviData& document)
@@ -103,8 +102,14 @@ void OutputAllPhoto(ToviData& document)
          WhichHaveNoName(outcome));
 }
 
+CString SaveDelivered(ToviPhoto& photo, const CString& path)
+{
+    const CopyFailure failure = MibCopyFileEx(photo.ReadablePath(), path);
+    return failure == CopyFailure::None ? CString() : WhyNotWritten(path, failure);
+}
+
 void SaveUnderChosenName(const ToviData& document, const CString& name, bool isSvg,
-                         const std::function<bool(const CString&)>& save)
+                         const std::function<CString(const CString&)>& save)
 {
     UserInterface* const user = GetHostServices().userInterface;
     // A delivered name may be a path.
@@ -119,10 +124,11 @@ void SaveUnderChosenName(const ToviData& document, const CString& name, bool isS
         Tell(inDelivery);
         return;
     }
-    if (save(path)) {
+    const CString problem = save(path);
+    if (problem.empty()) {
         Tell("保存に成功しました。");
     } else {
-        Tell("保存に失敗しました。", MessageIcon::Error);
+        Tell("保存に失敗しました。\n" + problem, MessageIcon::Error);
     }
     SetOutputPhotoFolderPath(folder);
 }

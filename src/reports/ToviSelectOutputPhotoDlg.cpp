@@ -7,7 +7,7 @@ bool ToviSelectOutputPhotoDlg::DoModal()
     UserInterface* const user = GetHostServices().userInterface;
     const Choice choice = {"写真保存",
                            {"明るさ・回転情報が変更されています。"},
-                           {{"変更を反映して保存", "変更を反映する場合、Exif情報が失われます。"},
+                           {{"変更を反映して保存", "変更を反映した写真は原本ではありません。"},
                             {"元の写真を保存", ""}},
                            "保存",
                            true};

@@ -14,6 +14,7 @@ namespace
 {
 namespace fs = std::filesystem;
 using testing::ElementsAre;
+using testing::StartsWith;
 
 constexpr const char* done = "保存に成功しました。";
 constexpr const char* inDelivery =
@@ -236,7 +237,8 @@ TEST(OutputOne, AsksForTheName)
         EXPECT_EQ(user.saveQuestion.extension, extension);
         EXPECT_EQ(user.saveQuestion.pattern, pattern);
         EXPECT_EQ(user.saveQuestion.folder, shown.out.Path("none")) << "failed or not";
-        EXPECT_THAT(Texts(user.Messages()), ElementsAre(done, "保存に失敗しました。", inDelivery));
+        EXPECT_THAT(Texts(user.Messages()),
+                    ElementsAre(done, StartsWith("保存に失敗しました。\n"), inDelivery));
         EXPECT_FALSE(fs::exists(shown.temp.Path("PHOTO/x")));
     }
     Shown hostile({"../x/A.JPG"});
@@ -279,7 +281,7 @@ TEST(CorrectionSave, SavesTheDeliveredFileOrTheCorrectedPicture)
         user.options.clear();
         if (c.choice) user.options.push_back(*c.choice);
         CorrectionSave(*sample.document, CorrectionSave::Window::Image)
-            .Run({&photo, &turned, c.rotation, c.brightness, c.shown});
+            .Run({&photo, c.rotation, c.brightness, c.shown});
         const bool asked = user.calls[0].kind == ScriptedUserInterface::CallKind::Choice;
         EXPECT_EQ(asked, c.choice.has_value());
         const CString bytes = out.Read("saved.JPG");
@@ -290,10 +292,20 @@ TEST(CorrectionSave, SavesTheDeliveredFileOrTheCorrectedPicture)
         EXPECT_EQ(what, c.saved);
         if (what == "corrected") {
             EXPECT_TRUE(saved.Load(out.Path("saved.JPG").c_str()));
-            EXPECT_EQ(saved.GetWidth(), turned.GetWidth());
+            const bool lies = c.rotation == 0;
+            EXPECT_EQ(saved.GetWidth(), lies ? turned.GetHeight() : turned.GetWidth());
+            CString original;
+            CString model;
+            EXPECT_TRUE(LumImage::GetComment(photo.GetImagePath(), LumCmntModel, original));
+            EXPECT_TRUE(LumImage::GetComment(out.Path("saved.JPG").c_str(), LumCmntModel, model));
+            EXPECT_EQ(model, original);
         }
+        const CString name = MibGetFileName(photo.GetImagePath());
+        EXPECT_EQ(user.saveQuestion.name,
+                  what == "corrected" ? ReplaceAll(name, ".JPG", "_表示調整済み.JPG") : name);
         fs::remove(out.Path("saved.JPG"));
     }
+    EXPECT_EQ(user.choice.options[0].explanation, "変更を反映した写真は原本ではありません。");
 }
 
 TEST(CorrectionSave, RefusesInSlideModeAndWithoutAPhotograph)
@@ -303,14 +315,14 @@ TEST(CorrectionSave, RefusesInSlideModeAndWithoutAPhotograph)
     const CorrectionSave image(*shown.document, CorrectionSave::Window::Image);
     image.Run({});
     SetSlideMode(true);
-    image.Run({&shown.Photo(0), nullptr, 0, 0, false});
+    image.Run({&shown.Photo(0), 0, 0, false});
     OutputShownPhotos(*shown.document);
     SetSlideMode(false);
     EXPECT_THAT(Texts(user.Messages()), ElementsAre("保存可能な写真がありません。",
                                                     "スライドモード中は写真の保存ができません。",
                                                     "スライドモード中は写真の保存ができません。"));
     CorrectionSave(*shown.document, CorrectionSave::Window::Zoom)
-        .Run({&shown.Photo(0), nullptr, 0, 0, false});
+        .Run({&shown.Photo(0), 0, 0, false});
     EXPECT_EQ(user.saveQuestion.extension, "SVG") << "here the path tells, in any letter case";
 }
 } // namespace
