@@ -26,6 +26,22 @@ void ImageView::SetPicture(QSize size)
     Fit();
 }
 
+void ImageView::ExchangePicture(QSize size)
+{
+    if (fit || picture.isEmpty()) {
+        SetPicture(size);
+        return;
+    }
+    const QPointF middle = QRectF({0, 0}, window).center();
+    const QPointF held = (middle - corner) / zoom;
+    const double across = held.x() / picture.width();
+    const double down = held.y() / picture.height();
+    picture = size.expandedTo({0, 0});
+    zoom = std::max(zoom, SmallestZoom());
+    corner = middle - QPointF(across * picture.width(), down * picture.height()) * zoom;
+    KeepEdges();
+}
+
 void ImageView::SetWindow(QSize size)
 {
     const QSizeF grown = QSizeF(size) - window;
@@ -90,6 +106,13 @@ bool ImageView::IsLarger() const
 QRectF ImageView::Placement() const
 {
     return {QPointF(corner.toPoint()), picture * zoom};
+}
+
+QRectF ImageView::Visible() const
+{
+    const QRectF place = Placement();
+    const QRectF seen = place.intersected(QRectF({0, 0}, window));
+    return {(seen.topLeft() - place.topLeft()) / zoom, seen.size() / zoom};
 }
 
 double ImageView::FitZoom() const

@@ -16,6 +16,9 @@ public:
 
     /// Shows a picture of this size fitted. An empty size means none.
     void SetPicture(QSize size);
+    /// Shows another picture of this size in the present view: fitted if the one before is, else at
+    /// its zoom and with the same place in the middle.
+    void ExchangePicture(QSize size);
     /// A fitted picture stays fitted, of another one the middle stays in the middle.
     void SetWindow(QSize size);
 
@@ -38,6 +41,8 @@ public:
     bool IsLarger() const;
     /// The place of the whole picture; its corner is a whole pixel.
     QRectF Placement() const;
+    /// What of the picture can be seen, in its pixels.
+    QRectF Visible() const;
 
 private:
     double FitZoom() const;

@@ -1,6 +1,7 @@
 #include "platform/controls/LumImgWnd.h"
 
 #include "platform/pictures/LumPicture.h"
+#include "platform/pictures/PixelTones.h"
 
 #include <QContextMenuEvent>
 #include <QMouseEvent>
@@ -48,12 +49,38 @@ LumImgWnd::LumImgWnd(QWidget* parent) : QWidget(parent)
 
 void LumImgWnd::SetImage(const LumImage* image)
 {
+    const QImage pixels = image != nullptr ? LumPixels::Of(*image) : QImage();
+    SetPixels(pixels, pixels.size(), false);
+}
+
+void LumImgWnd::SetPixels(const QImage& pixels, const QSize& size, bool keepsView)
+{
     ExecClearAnchor();
-    images = ReducedImages(image != nullptr ? LumPixels::Of(*image) : QImage());
+    images = ReducedImages(pixels, size);
+    part = ReducedImages();
     view.SetWindow(DeviceSize());
-    view.SetPicture(images.Size());
-    if (!m_zoomIsViewport) view.ZoomTo(1, Middle());
+    if (keepsView) {
+        view.ExchangePicture(images.Size());
+    } else {
+        view.SetPicture(images.Size());
+        if (!m_zoomIsViewport) view.ZoomTo(1, Middle());
+    }
     ShowView();
+}
+
+void LumImgWnd::SetPart(const QImage& pixels, const QRect& place)
+{
+    part = ReducedImages(pixels, place.size());
+    partPlace = place;
+    drawn = QImage();
+    update();
+}
+
+void LumImgWnd::SetTones(const ToneCurve& curve)
+{
+    tones = curve;
+    drawn = QImage();
+    update();
 }
 
 void LumImgWnd::RefreshImage(const LumImage* image)
@@ -82,6 +109,24 @@ void LumImgWnd::SetCommand(int newCommand)
 {
     command = newCommand;
     ExecClearAnchor();
+    ShowView();
+}
+
+void LumImgWnd::ZoomBy(double steps)
+{
+    view.ZoomBy(steps, Middle());
+    ShowView();
+}
+
+void LumImgWnd::ShowFullSize()
+{
+    view.ZoomTo(1, Middle());
+    ShowView();
+}
+
+void LumImgWnd::ShowFitted()
+{
+    view.Fit();
     ShowView();
 }
 
@@ -168,11 +213,9 @@ void LumImgWnd::wheelEvent(QWheelEvent* event)
 void LumImgWnd::keyPressEvent(QKeyEvent* event)
 {
     const bool plain = !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier));
-    if (plain && IsMovable() && (OnZoomKey(event->key()) || OnMoveKey(event->key()))) {
-        ShowView();
-    } else {
-        event->ignore();
-    }
+    const bool isOurs =
+        plain && IsMovable() && (OnZoomKey(event->key()) || OnMoveKey(event->key()));
+    if (!isOurs) event->ignore();
 }
 
 void LumImgWnd::changeEvent(QEvent* event)
@@ -194,13 +237,13 @@ QPointF LumImgWnd::Middle() const
 bool LumImgWnd::OnZoomKey(int key)
 {
     if (key == Qt::Key_Plus) {
-        view.ZoomBy(1, Middle());
+        ZoomBy(1);
     } else if (key == Qt::Key_Minus) {
-        view.ZoomBy(-1, Middle());
+        ZoomBy(-1);
     } else if (key == Qt::Key_Asterisk) {
-        view.ZoomTo(1, Middle());
+        ShowFullSize();
     } else if (key == Qt::Key_Slash) {
-        view.Fit();
+        ShowFitted();
     } else {
         return false;
     }
@@ -223,6 +266,7 @@ bool LumImgWnd::OnMoveKey(int key)
     } else {
         return false;
     }
+    ShowView();
     return true;
 }
 
@@ -235,6 +279,7 @@ void LumImgWnd::ShowView()
         unsetCursor();
     }
     update();
+    emit ViewChanged();
 }
 
 QImage LumImgWnd::Drawn()
@@ -252,5 +297,17 @@ QImage LumImgWnd::Drawn()
     } else {
         DrawVisible(painter, frame.rect(), place, source);
     }
+    DrawPart(painter, frame.rect());
+    painter.end();
+    if (tones) ApplyTones(frame, *tones, place.toAlignedRect().intersected(frame.rect()));
     return frame;
+}
+
+void LumImgWnd::DrawPart(QPainter& painter, const QRect& window)
+{
+    if (part.IsNull()) return;
+    const double zoom = view.Zoom();
+    const QRectF place(view.Placement().topLeft() + QPointF(partPlace.topLeft()) * zoom,
+                       QSizeF(partPlace.size()) * zoom);
+    if (place.intersects(window)) DrawVisible(painter, window, place, part.At(zoom));
 }

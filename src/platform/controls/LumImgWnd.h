@@ -2,6 +2,7 @@
 
 #include "platform/controls/ImageView.h"
 #include "platform/controls/ReducedImages.h"
+#include "platform/pictures/ToneCurve.h"
 #include "platform/text/Export.h"
 
 #include <QWidget>
@@ -30,6 +31,14 @@ public:
     /// Shows \p image, another version of the picture on show, in the present view if it has the
     /// same size, else as SetImage.
     void RefreshImage(const LumImage* image);
+    /// Shows \p pixels, all that is there yet of a picture of \p size. \p keepsView: where the one
+    /// before was looked at, this one is too.
+    void SetPixels(const QImage& pixels, const QSize& size, bool keepsView);
+    /// Shows \p pixels, which are sharper, where \p place of the picture (in its pixels) is to be
+    /// seen, until there is another picture.
+    void SetPart(const QImage& pixels, const QRect& place);
+    /// Draws the picture, and all that follow, with their colours sent through \p curve.
+    void SetTones(const ToneCurve& curve);
     /// Shows nothing.
     void SetDisableImage();
     /// True while a picture is on show.
@@ -41,6 +50,10 @@ public:
     void SetCommand(int newCommand);
     /// Whether a double click zooms, as at first; it is reported either way.
     void SetDoubleClickZoom(bool zooms) { doubleClickZooms = zooms; }
+    /// What the keys of the same effect do.
+    void ZoomBy(double steps);
+    void ShowFullSize();
+    void ShowFitted();
     /// Lets go of the point that the user drags.
     void ExecClearAnchor();
 
@@ -53,6 +66,8 @@ public:
     QSize sizeHint() const override;
 
 signals:
+    /// Another part of a picture is to be seen, or at another zoom.
+    void ViewChanged();
     /// The left button went down.
     void Clicked();
     void DoubleClicked();
@@ -79,8 +94,12 @@ private:
     bool OnMoveKey(int key);
     void ShowView();
     QImage Drawn();
+    void DrawPart(QPainter& painter, const QRect& window);
 
     ReducedImages images;
+    ReducedImages part;
+    QRect partPlace;
+    std::optional<ToneCurve> tones;
     ImageView view;
     /// What the window shows in its present view; null when that has changed.
     QImage drawn;

@@ -19,13 +19,17 @@ QImage Halved(const QImage& image)
 }
 } // namespace
 
-ReducedImages::ReducedImages(QImage image)
+ReducedImages::ReducedImages(QImage image) : ReducedImages(image, image.size()) {}
+
+ReducedImages::ReducedImages(QImage image, QSize wholeSize) : size(wholeSize)
 {
     images.push_back(ForDrawing(std::move(image)));
 }
 
 const QImage& ReducedImages::At(double zoom)
 {
+    if (IsNull()) return images.front();
+    zoom *= static_cast<double>(size.width()) / images.front().width();
     std::size_t level = 0;
     for (; zoom <= 0.5 && images[level].size() != QSize(1, 1); zoom *= 2) {
         if (++level == images.size()) images.push_back(Halved(images.back()));

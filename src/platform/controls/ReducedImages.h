@@ -11,12 +11,16 @@ class ReducedImages
 public:
     /// A null image means none.
     explicit ReducedImages(QImage image = QImage());
+    /// \p image is all that there is of a picture of \p wholeSize.
+    ReducedImages(QImage image, QSize wholeSize);
 
     bool IsNull() const { return images.front().isNull(); }
-    QSize Size() const { return images.front().size(); }
-    /// The smallest copy that is no smaller than the picture at \p zoom (above 0).
+    /// That of the picture.
+    QSize Size() const { return size; }
+    /// The smallest copy that is no smaller than the picture at \p zoom (above 0), if there is one.
     const QImage& At(double zoom);
 
 private:
     std::vector<QImage> images;
+    QSize size;
 };
