@@ -3,6 +3,7 @@
 #include "windows/cell/ToviLabelButton.h"
 #include "windows/list/ToviPhotoListCtrl.h"
 #include "windows/ShownDelivery.h"
+#include "windows/zoom/ToviMultiDlg.h"
 
 #include <gmock/gmock.h>
 
@@ -218,14 +219,14 @@ TEST(MpiPanel, FollowsTheSetThatTheTreeShows)
     ExpectSoundPage(shown, Setting::DivideFour, 13);
 }
 
-TEST(MpiPanel, SelectsByMouseAndAsksForTheZoom)
+TEST(MpiPanel, SelectsByMouseAndShowsLarge)
 {
     ShownDelivery shown(6, Setting::DivideSix);
     shown.Click(4);
     EXPECT_EQ(shown.Selected(), 4);
     QTest::mouseDClick(&shown.Plate(4), Qt::LeftButton, {}, QPoint(10, 10));
-    ASSERT_EQ(shown.zooms.count(), 1);
-    EXPECT_EQ(shown.zooms[0][0].value<ToviPhoto*>(), &shown.Photo(4));
+    ASSERT_EQ(shown.panel.Zooms().All().size(), 1);
+    EXPECT_EQ(shown.panel.Zooms().All()[0]->GetPath(), shown.Photo(4).GetImagePath());
     shown.ShowFirst(3);
     const int selected = shown.Selected();
     shown.Click(5);

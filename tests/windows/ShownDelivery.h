@@ -148,5 +148,4 @@ struct ShownDelivery
     ToviMpiPanel panel{&host};
     QSignalSpy pagesTold{&panel, &ToviMpiPanel::PageChanged};
     QSignalSpy modesTold{&panel, &ToviMpiPanel::ModeChanged};
-    QSignalSpy zooms{&panel, &ToviMpiPanel::ZoomRequested};
 };

@@ -78,6 +78,10 @@ const Row rows[] = {
     {ShowExtraction, "抽出の条件(&T)...", "Ctrl+F", Picture("extract"), OnDelivery, "抽出"},
     {EndExtraction, "抽出を解除(&U)", "Ctrl+Shift+F", {}, Plain},
     {SetUp, "設定(&S)...", "Ctrl+,", Picture("settings"), OnDelivery, "設定"},
+    {ZoomPhoto, "写真拡大[情報](&Z)", "Z", Picture("zoom"), OnDelivery, "拡大"},
+    {NextZoom, "次の拡大写真へ移る(&U)", "F6", {}, OnDelivery},
+    {ArrangeZooms, "拡大写真の整列(&A)", "Ctrl+T", Picture("arrange"), OnDelivery},
+    {CloseZooms, "拡大写真の全閉(&Q)", "Ctrl+Shift+W", Picture("close-all"), OnDelivery},
     {SlideMode, "スライドモード(&S)", "F5", Picture("slide-show"), OnDelivery},
     {LabelOk, "OK", "1", Picture("label-ok-on"), OnDelivery},
     {LabelNg1, "NG1", "2", Picture("label-ng1-on"), OnDelivery},
@@ -166,6 +170,8 @@ void FrameActions::FillMenus(QMainWindow* frame, QMenu* recent,
     QMenu* tree = view->addMenu(Text("分類の木(&K)"));
     for (const FrameCommand command : trees) tree->addAction(actions.at(command));
     view->addSeparator();
+    fill(view, {ZoomPhoto, NextZoom, ArrangeZooms, CloseZooms});
+    view->addSeparator();
     fill(view, {SlideMode});
     view->addSeparator();
     view->addActions(windows);
@@ -200,5 +206,5 @@ void FrameActions::FillToolBar(QToolBar* toolBar, QWidget* pageLabel) const
     toolBar->addSeparator();
     for (const FrameCommand command : modes) toolBar->addAction(actions.at(command));
     toolBar->addSeparator();
-    fill({NextUnchecked, ShowExtraction});
+    fill({ZoomPhoto, NextUnchecked, ShowExtraction});
 }

@@ -167,6 +167,11 @@ void MainFrame::ConnectCommands()
     on(LastPage, [this] { photoPanel->OperateLastPage(); });
     on(FrameCommand::SlideMode, [this] { slideShow->Begin(); });
     on(ShowPosition, [this] { photoPanel->ShowConfirmDlg(); });
+    on(ZoomPhoto, [this] { photoPanel->OnShowProperty(); });
+    on(NextZoom, [this] { photoPanel->Zooms().ActivateNext(); });
+    on(ArrangeZooms, [this] { photoPanel->Zooms().Arrange(); });
+    on(CloseZooms, [this] { photoPanel->DeleteAllDialog(); });
+    actions[NextZoom]->setShortcutContext(Qt::ApplicationShortcut);
     on(NextUnchecked, [this] { GoToNextUnchecked(); });
     on(About, [this] { TellVersion(); });
     // The keys belong to the photographs: in a tree or a list they move there.

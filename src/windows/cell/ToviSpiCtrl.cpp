@@ -88,6 +88,7 @@ void ToviSpiCtrl::CreatePicture()
 {
     imageWnd = new LumImgWnd(this);
     imageWnd->SetCommand(LumImgWnd::commandMove);
+    imageWnd->SetDoubleClickZoom(false);
     LumImgWnd::m_zoomIsViewport = true;
     SetWindowId(imageWnd, idImage);
 

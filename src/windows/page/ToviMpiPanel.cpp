@@ -10,6 +10,7 @@
 #include "windows/panel/ToviPopUpMenu.h"
 #include "windows/panel/UncheckedSearch.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QCursor>
 
@@ -66,6 +67,24 @@ ToviMpiPanel::ToviMpiPanel(CDocument* theDocument)
     connect(&views, &PhotoViews::ItemRightClicked, this, &ToviMpiPanel::OnRClicked);
     connect(&views, &PhotoViews::ListKeyPressed, this, &ToviMpiPanel::OnListCtrlKeyDown);
     connect(&views, &PhotoViews::FloatyPressed, this, &ToviMpiPanel::OnFusen);
+    ConnectZooms();
+}
+
+void ToviMpiPanel::ConnectZooms()
+{
+    auto* const enter = new QAction(this);
+    enter->setShortcuts({Qt::Key_Return, Qt::Key_Enter});
+    enter->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    addAction(enter);
+    connect(enter, &QAction::triggered, this, &ToviMpiPanel::OnShowProperty);
+    connect(&zooms, &ZoomWindows::StepRequested, this, [this](int step) {
+        const int target = SelectedPosition() + step;
+        if (target >= 0 && target < PhotoCount()) SelectNeighbour(step);
+    });
+    connect(&zooms, &ZoomWindows::LabelRequested, this,
+            [this](int photo, unsigned int label) { labels.Toggle(photo, label); });
+    connect(&zooms, &ZoomWindows::LabelsRemovalRequested, this,
+            [this](int photo) { labels.RemoveAll(photo); });
 }
 
 /// The children know the document, too.
@@ -73,6 +92,8 @@ void ToviMpiPanel::OnPreDetachData()
 {
     CloseMenu();
     positionWindow.Close();
+    DeleteAllDialog();
+    ClearMessageState();
     views.Destroy();
     pages.ResetPageCount(-1, 0);
     TellPage();
@@ -109,6 +130,8 @@ void ToviMpiPanel::OnUpdate(CWnd* sender, ToviData::UpdateHint hint, CObject* ob
     }
     for (const PanelStep step : StepsOf(hint, mode)) TakeStep(step);
     if (TellsOfSelection(hint)) positionWindow.Follow(*GetData());
+    UpdateMultiDlg();
+    if (hint == ToviData::HintSettingsChanged) zooms.RefreshInfo();
     TellPage();
 }
 
@@ -249,6 +272,7 @@ void ToviMpiPanel::OnChangePage()
     }
     if (GetSelSpiCtrl() == nullptr) OnSelect(first);
     FollowWithFocus();
+    UpdateMultiDlg();
 }
 
 void ToviMpiPanel::ShowPage(int page)
@@ -269,6 +293,7 @@ bool ToviMpiPanel::OnSelect(int index)
     InvalidateName();
     FollowWithFocus();
     views.ShowFloaty(true);
+    UpdateMultiDlg();
     return true;
 }
 
@@ -361,7 +386,19 @@ void ToviMpiPanel::OnSpiRClicked(int index)
 void ToviMpiPanel::RequestZoom(int position)
 {
     ToviPhoto* const photo = GetData() == nullptr ? nullptr : GetData()->GetPhoto(position);
-    if (photo != nullptr && photo->IsSelected()) emit ZoomRequested(photo);
+    if (photo != nullptr && photo->IsSelected()) OnShowProperty();
+}
+
+void ToviMpiPanel::ShowMultiDlg()
+{
+    if (GetData() == nullptr) return;
+    zoomPhoto = GetData()->GetPhoto(SelectedPosition());
+    zooms.Show(*GetData());
+}
+
+void ToviMpiPanel::UpdateMultiDlg()
+{
+    if (GetData() != nullptr) zooms.Follow(*GetData());
 }
 
 void ToviMpiPanel::OnSpiKeyDown(int key)
@@ -458,6 +495,7 @@ std::optional<CString> ToviMpiPanel::AskComment(const CString& comment)
 void ToviMpiPanel::ShowEdit(const LabelEdit& edit)
 {
     for (const LabelEdit::Change& change : edit.changes) ShowChange(change);
+    zooms.RefreshLabels();
 }
 
 void ToviMpiPanel::ShowChange(const LabelEdit::Change& change)
@@ -547,7 +585,9 @@ QPoint ToviMpiPanel::MenuPlace() const
 
 void ToviMpiPanel::OnMenuCommand(unsigned int id)
 {
-    if (id == LabelMenuId::removeAll) {
+    if (id == LabelMenuId::zoom) {
+        OnShowProperty();
+    } else if (id == LabelMenuId::removeAll) {
         OnRemoveAllLabel();
     } else if (id >= LabelMenuId::paste) {
         OnPasteLabel(id);

@@ -8,6 +8,7 @@
 #include "windows/panel/PanelUpdates.h"
 #include "windows/panel/ToviPanel.h"
 #include "windows/position/PositionWindow.h"
+#include "windows/zoom/ZoomWindows.h"
 
 #include <QPointer>
 
@@ -68,6 +69,13 @@ public:
     /// The button of \p label in the floating tool bar of a list: the label is pasted or removed;
     /// the comment's always opens the dialog.
     void OnFusen(unsigned int label);
+    /// Those buttons in their order.
+    void OnFusen01() { OnFusen(LabelOk); }
+    void OnFusen02() { OnFusen(LabelNg1); }
+    void OnFusen03() { OnFusen(LabelNg2); }
+    void OnFusen04() { OnFusen(LabelNg3); }
+    void OnFusen05() { OnFusen(LabelComment); }
+    void OnFusen06() { OnFusen(LabelFree); }
     /// Takes all labels and comments off the photographs of the current array.
     void AllPhotoAllLabelRemove();
     /// Shows \p text as the comment of the photograph at \p index: its position in a list mode, its
@@ -83,13 +91,24 @@ public:
     /// Shows in it the labels of the selected photograph.
     void EnableCtrlFloaty() { views.EnableFloaty(); }
 
+    /// Shows the selected photograph in a zoom window (see ZoomWindows).
+    void ShowMultiDlg();
+    /// The same by the menu, by Enter and by a double click.
+    void OnShowProperty() { ShowMultiDlg(); }
+    /// Lets the zoom window that follows the selection show it.
+    void UpdateMultiDlg();
+    void DeleteAllDialog() { zooms.CloseAll(); }
+    /// For the host: the photograph of the last zoom request; null when there was none since
+    /// ClearMessageState.
+    const ToviPhoto* GetZoomPhoto() const { return zoomPhoto; }
+    void ClearMessageState() { zoomPhoto = nullptr; }
+    ZoomWindows& Zooms() { return zooms; }
+
 signals:
     /// Another page is on show, or their number is another one.
     void PageChanged();
     /// Another display mode is on show.
     void ModeChanged();
-    /// The user wants to see the selected \p photo in a window of its own.
-    void ZoomRequested(ToviPhoto* photo);
 
 protected:
     /// Lays out all anew for the present mode, at the photograph \p top.
@@ -148,6 +167,7 @@ private:
     void OnRClicked(int row);
     void OnListCtrlKeyDown(int key, int markBefore);
     void RequestZoom(int position);
+    void ConnectZooms();
 
     void OnMenuCommand(unsigned int id);
     void CloseMenu();
@@ -158,6 +178,8 @@ private:
     PhotoViews views;
     LabelCommands labels;
     PositionWindow positionWindow;
+    ZoomWindows zooms{*this};
+    const ToviPhoto* zoomPhoto = nullptr;
     QPointer<ToviPopUpMenu> menu;
     /// What the host was told last.
     std::pair<int, int> toldPages;

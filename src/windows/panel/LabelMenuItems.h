@@ -5,6 +5,7 @@
 /// The commands of the menu of a photograph by their numbers.
 namespace LabelMenuId
 {
+inline constexpr unsigned int zoom = 32770;
 /// That of the first label; those of the others follow.
 inline constexpr unsigned int remove = 32772;
 /// Likewise.

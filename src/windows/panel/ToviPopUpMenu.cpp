@@ -16,6 +16,8 @@ QString NameOf(const ToviLabelManager& labels, unsigned int label)
 
 ToviPopUpMenu::ToviPopUpMenu(const ToviLabelManager& labels, QWidget* parent) : QMenu(parent)
 {
+    AddCommand(this, QStringLiteral("写真拡大[情報](&Z)"), LabelMenuId::zoom)
+        ->setIcon(PictureIcon("zoom"));
     QMenu* const paste = addMenu(QStringLiteral("付箋の貼り付け(&S)"));
     QMenu* const remove = addMenu(QStringLiteral("付箋の削除(&R)"));
     const std::vector<QIcon> icons = PictureIcons(labelPictures);

@@ -5,7 +5,7 @@
 
 #include <QMenu>
 
-/// The menu of a photograph: pastes and removes its labels.
+/// The menu of a photograph: shows it large, pastes and removes its labels.
 class TOVI_EXPORT ToviPopUpMenu : public QMenu
 {
     Q_OBJECT

@@ -1,0 +1,455 @@
+#include "windows/zoom/ToviMultiDlg.h"
+
+#include "platform/controls/GaluDSplitter.h"
+#include "platform/controls/WenToolBarCtrl.h"
+#include "platform/controls/WindowId.h"
+#include "platform/pictures/LumPicture.h"
+#include "platform/text/QtText.h"
+#include "reports/CorrectionSave.h"
+#include "windows/cell/ToviNamePlate.h"
+#include "windows/pictures/Pictures.h"
+#include "windows/zoom/ZoomBar.h"
+#include "windows/zoom/ZoomInfo.h"
+#include "windows/zoom/ZoomMemory.h"
+#include "windows/zoom/ZoomRules.h"
+#include "windows/zoom/ZoomView.h"
+
+#include <QBoxLayout>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QSlider>
+
+#include <algorithm>
+
+namespace
+{
+enum Command
+{
+    RotateRight = 1096,
+    RotateLeft = 1097,
+    TakeBack = 1099,
+    Information = 1100,
+    Arrange = 1101,
+    Close = 1102,
+    CloseAll = 1103,
+    Fix = 1104,
+    SavePhoto = 1133
+};
+
+enum ChildId
+{
+    idTabs = 1000,
+    idZoomSplitter = 1038,
+    idSlider = 1122
+};
+
+constexpr int imagePictures = 225;
+constexpr int windowPictures = 803;
+constexpr int pinPicture = 3;
+constexpr int pinnedPicture = 4;
+
+constexpr int quarterTurn = 90;
+constexpr int sliderEnd = 100;
+constexpr int sliderTick = 10;
+constexpr int plateHeight = 27;
+constexpr int margin = 5;
+/// In a window lower than that the tools do without their names.
+constexpr int roomForNames = 420;
+constexpr int smallestHeight = 200;
+
+constexpr const char* noPhoto = "< 写真を選択してください >";
+
+struct Shortcut
+{
+    int command;
+    const char* keys;
+};
+
+constexpr Shortcut shortcuts[] = {
+    {RotateLeft, "Ctrl+L"},  {RotateRight, "Ctrl+R"},    {TakeBack, "Ctrl+Z"},
+    {Information, "Ctrl+I"}, {SavePhoto, "Ctrl+S"},      {Arrange, "Ctrl+T"},
+    {Close, "Ctrl+W"},       {CloseAll, "Ctrl+Shift+W"}, {Fix, "Ctrl+F"}};
+
+/// The labels by their keys, which are those of the main window.
+struct LabelKey
+{
+    int key;
+    unsigned int label;
+};
+
+constexpr LabelKey labelKeys[] = {{Qt::Key_1, LabelOk},   {Qt::Key_2, LabelNg1},
+                                  {Qt::Key_3, LabelNg2},  {Qt::Key_4, LabelNg3},
+                                  {Qt::Key_5, LabelFree}, {Qt::Key_C, LabelComment}};
+
+std::vector<WenToolBarButton> ImageButtons()
+{
+    using enum WenToolBarButton::Kind;
+    return {{Push, RotateLeft, 0},   {Push, RotateRight, 1},
+            {Push, TakeBack, 2},     {},
+            {Check, Information, 3}, {},
+            {Push, SavePhoto, 4}};
+}
+
+std::vector<WenToolBarButton> WindowButtons()
+{
+    using enum WenToolBarButton::Kind;
+    return {{Push, Arrange, 0}, {Push, Close, 1}, {Push, CloseAll, 2}, {Check, Fix, pinPicture}};
+}
+
+WenToolBarCtrl* MakeBar(int pictures, const std::vector<WenToolBarButton>& buttons,
+                        const CString& labels, QWidget* parent)
+{
+    auto* const bar = new WenToolBarCtrl(parent);
+    bar->SetImages(PictureIcons(pictures));
+    bar->AddButtons(buttons, labels);
+    for (QAction* const action : bar->actions()) {
+        for (const Shortcut& shortcut : shortcuts) {
+            if (action->isSeparator() || action->data().toInt() != shortcut.command) continue;
+            const QString keys = QString::fromUtf8(shortcut.keys);
+            action->setShortcut(QKeySequence(keys));
+            action->setToolTip(QStringLiteral("%1（%2）").arg(action->text(), keys));
+        }
+    }
+    return bar;
+}
+} // namespace
+
+ToviMultiDlg::ToviMultiDlg(bool showsInfo)
+    : infoVisible(showsInfo), slider(new QSlider(Qt::Vertical)), view(new ZoomView),
+      plate(new ToviNamePlate(nullptr)), info(new ZoomInfo), zoomBar(new ZoomBar(view)),
+      splitter(new GaluDSplitter(Qt::Horizontal))
+{
+    setWindowFlags(Qt::Window | Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint);
+    setWindowIcon(PictureIcon("zoom"));
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    setAttribute(Qt::WA_QuitOnClose, false);
+    SetWindowId(info, idTabs);
+    SetWindowId(splitter, idZoomSplitter);
+    SetWindowId(slider, idSlider);
+    CreateBars();
+    splitter->SetPane(0, CreatePhoto());
+    splitter->SetPane(1, info);
+    splitter->SetMinimums(ZoomMemory::smallestPane, ZoomMemory::smallestPane);
+    splitter->ShowPane(1, infoVisible);
+
+    auto* const body = new QHBoxLayout;
+    body->addWidget(CreateBrightness());
+    body->addWidget(splitter, 1);
+    auto* const column = new QVBoxLayout(this);
+    column->setContentsMargins(margin, 0, margin, margin);
+    column->setSpacing(margin);
+    column->addLayout(barRow);
+    column->addLayout(body, 1);
+    column->addWidget(zoomBar);
+    ConnectKeys();
+    ClearPhoto();
+    view->setFocus();
+}
+
+void ToviMultiDlg::CreateBars()
+{
+    imageToolBar =
+        MakeBar(imagePictures, ImageButtons(), "左回転|右回転|戻す|情報|写真保存||", this);
+    windowToolBar = MakeBar(windowPictures, WindowButtons(), "整列|閉じる|全閉|固定||", this);
+    imageToolBar->CheckButton(Information, infoVisible);
+    barRow = new QBoxLayout(QBoxLayout::LeftToRight);
+    barRow->setSpacing(0);
+    barRow->addWidget(imageToolBar);
+    barRow->addWidget(windowToolBar, 0, Qt::AlignRight);
+    connect(imageToolBar, &WenToolBarCtrl::Command, this, &ToviMultiDlg::OnCommand);
+    connect(windowToolBar, &WenToolBarCtrl::Command, this, &ToviMultiDlg::OnCommand);
+}
+
+QWidget* ToviMultiDlg::CreateBrightness()
+{
+    slider->setRange(-sliderEnd, sliderEnd);
+    slider->setPageStep(sliderTick);
+    slider->setTickInterval(sliderTick);
+    slider->setTickPosition(QSlider::TicksLeft);
+    // Up, where the values are the smallest, is bright.
+    slider->setInvertedAppearance(true);
+    slider->setInvertedControls(true);
+    slider->setAccessibleName(QStringLiteral("明るさ"));
+    slider->setToolTip(QStringLiteral("明るさ（Ctrl+↑ / Ctrl+↓）"));
+    auto* const box = new QGroupBox;
+    auto* const grid = new QGridLayout(box);
+    grid->setContentsMargins(margin, margin, 3, margin);
+    grid->setSpacing(2);
+    const auto addText = [grid](const QString& text, int row, Qt::Alignment place) {
+        grid->addWidget(new QLabel(text), row, 0, place | Qt::AlignRight);
+        grid->setRowStretch(row, 1);
+    };
+    addText(QStringLiteral("明"), 0, Qt::AlignTop);
+    addText(QStringLiteral("0"), 1, Qt::AlignVCenter);
+    addText(QStringLiteral("暗"), 2, Qt::AlignBottom);
+    grid->addWidget(slider, 0, 1, 3, 1);
+    connect(slider, &QSlider::valueChanged, this, &ToviMultiDlg::OnBrightness);
+    return box;
+}
+
+QWidget* ToviMultiDlg::CreatePhoto()
+{
+    plate->setFixedHeight(plateHeight);
+    auto* const pane = new QWidget;
+    auto* const column = new QVBoxLayout(pane);
+    column->setContentsMargins({});
+    column->setSpacing(0);
+    column->addWidget(view, 1);
+    column->addWidget(plate);
+    connect(view, &ZoomView::Changed, this, &ToviMultiDlg::EnableCommands);
+    connect(zoomBar, &ZoomBar::KeepsViewChanged, this, [this](bool keeps) {
+        view->SetKeepsView(keeps);
+        emit KeepsViewChanged(keeps);
+    });
+    return pane;
+}
+
+void ToviMultiDlg::ConnectKeys()
+{
+    connect(plate, &ToviNamePlate::LabelFlipped, this, [this](int label) {
+        if (photoIndex >= 0) emit LabelRequested(photoIndex, static_cast<unsigned int>(label));
+    });
+    connect(plate, &ToviNamePlate::KeyPressed, this, [this](int key) {
+        if (key == Qt::Key_Escape) {
+            reject();
+        } else {
+            OnLabelKey(key);
+        }
+    });
+    const auto addKey = [this](const char* keys, auto operation) {
+        auto* const action = new QAction(this);
+        action->setShortcut(QKeySequence(QString::fromUtf8(keys)));
+        connect(action, &QAction::triggered, this, operation);
+        addAction(action);
+    };
+    addKey("PgUp", [this] { emit StepRequested(-1); });
+    addKey("PgDown", [this] { emit StepRequested(1); });
+    addKey("Ctrl+Up", [this] { slider->setValue(slider->value() - sliderTick); });
+    addKey("Ctrl+Down", [this] { slider->setValue(slider->value() + sliderTick); });
+}
+
+void ToviMultiDlg::keyPressEvent(QKeyEvent* event)
+{
+    // Enter would press a button.
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return;
+    if (event->modifiers() == Qt::NoModifier || event->modifiers() == Qt::KeypadModifier) {
+        OnLabelKey(event->key());
+    }
+    WenDialog::keyPressEvent(event);
+}
+
+void ToviMultiDlg::OnLabelKey(int key)
+{
+    if (photoIndex < 0) return;
+    if (key == Qt::Key_0) emit LabelsRemovalRequested(photoIndex);
+    const auto* const known = std::ranges::find(labelKeys, key, &LabelKey::key);
+    if (known != std::end(labelKeys)) emit LabelRequested(photoIndex, known->label);
+}
+
+void ToviMultiDlg::resizeEvent(QResizeEvent* event)
+{
+    WenDialog::resizeEvent(event);
+    LayOut();
+}
+
+/// The tools of the windows stand beside those of the photograph, or below where they don't fit.
+void ToviMultiDlg::LayOut()
+{
+    const Qt::ToolButtonStyle style =
+        height() < roomForNames ? Qt::ToolButtonIconOnly : Qt::ToolButtonTextUnderIcon;
+    imageToolBar->setToolButtonStyle(style);
+    windowToolBar->setToolButtonStyle(style);
+    const int image = imageToolBar->sizeHint().width();
+    const int windows = windowToolBar->sizeHint().width();
+    const bool fits = image + windows + 2 * margin <= width();
+    barRow->setDirection(fits ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+    setMinimumSize(std::max(image, windows) + 2 * margin, smallestHeight);
+}
+
+ToviPhoto* ToviMultiDlg::Photo() const
+{
+    return data == nullptr ? nullptr : data->GetPhotoActualPhotoArray(photoIndex);
+}
+
+void ToviMultiDlg::SetPhoto(ToviData& newData, int index)
+{
+    data = &newData;
+    photoIndex = index;
+    ToviPhoto& photo = *Photo();
+    path = photo.GetImagePath();
+    canRevert = false;
+    view->SetBrightness(ToviExifInfo::IsSvg(path) ? 0 : ZoomRules::BrightnessAt(slider->value()));
+    if (photo.IsImageLoaded()) {
+        view->Show(photo.ReadablePath(), LumPixels::Of(photo.GetImage()));
+    } else {
+        view->Load(photo.ReadablePath());
+    }
+    canRevert = view->Brightness() != 0;
+    plate->SetHasDrawings(photo.GetPictureCount() > 0);
+    plate->SetLabelNames(*data->GetLabelManager());
+    plate->SetActive(true);
+    data->CheckEditJPEG(&photo);
+    plate->SetEditCheckResult(photo.GetEditChkResult());
+    photo.LoadExif();
+    RefreshInfo();
+    RefreshLabels();
+    EnableCommands();
+}
+
+void ToviMultiDlg::ClearPhoto()
+{
+    data = nullptr;
+    photoIndex = -1;
+    path.clear();
+    canRevert = false;
+    view->Clear();
+    plate->SetActive(false);
+    plate->SetHasDrawings(false);
+    plate->SetEditCheckResult(ToviPhoto::EditCheckNone);
+    plate->SetTitle({});
+    plate->SetSelected(false);
+    info->ClearContent();
+    setWindowTitle(QString::fromUtf8(noPhoto));
+    EnableCommands();
+}
+
+void ToviMultiDlg::RefreshInfo()
+{
+    const ToviPhoto* const photo = Photo();
+    if (photo == nullptr) return;
+    const ToviPhotoCtrlVisualSetting& setting = data->GetVisualSetting();
+    const ToviItemDef& definitions = *data->GetItemDef();
+    const CString title = photo->GetTitle(definitions.GetIndexFromEnum(setting.GetTitleShowType()));
+    plate->SetTitle(title);
+    setWindowTitle(QtText(title));
+    info->SetContent(*photo, definitions, setting);
+}
+
+void ToviMultiDlg::RefreshLabels()
+{
+    const ToviPhoto* const photo = Photo();
+    if (photo == nullptr) return;
+    plate->ShowLabels(*photo);
+    plate->SetSelected(photo->IsSelected());
+}
+
+int ToviMultiDlg::GetSplitterPos() const
+{
+    return std::max(infoVisible ? splitter->GetPosition() : splitterPos, ZoomMemory::smallestPane);
+}
+
+void ToviMultiDlg::SetSplitterPos(int pos)
+{
+    splitterPos = std::max(pos, ZoomMemory::smallestPane);
+    splitter->SetPosition(splitterPos);
+    // A window that grows has more room for the photograph.
+    splitter->setStretchFactor(0, 1);
+    splitter->setStretchFactor(1, 0);
+}
+
+int ToviMultiDlg::GetTabIndex() const
+{
+    return info->GetSelectedPage();
+}
+
+void ToviMultiDlg::SetTabIndex(int index)
+{
+    info->ShowPage(index);
+}
+
+void ToviMultiDlg::SetInfoVisible(bool visible)
+{
+    imageToolBar->CheckButton(Information, visible);
+    if (visible == infoVisible) return;
+    splitterPos = GetSplitterPos();
+    infoVisible = visible;
+    splitter->ShowPane(1, visible);
+    if (visible) SetSplitterPos(splitterPos);
+}
+
+void ToviMultiDlg::SetKeepsView(bool keeps)
+{
+    view->SetKeepsView(keeps);
+    zoomBar->SetKeepsView(keeps);
+}
+
+void ToviMultiDlg::OnCommand(int id)
+{
+    switch (id) {
+    case RotateLeft:
+    case RotateRight:
+        if (!view->HasPicture()) break;
+        view->Rotate(id == RotateLeft ? -quarterTurn : quarterTurn);
+        NoteChange();
+        break;
+    case TakeBack:
+        Revert();
+        break;
+    case Information:
+        SetInfoVisible(imageToolBar->IsButtonChecked(Information));
+        emit InfoChanged(infoVisible);
+        break;
+    case SavePhoto:
+        Save();
+        break;
+    case Arrange:
+        emit ArrangeRequested();
+        break;
+    case Close:
+        reject();
+        break;
+    case CloseAll:
+        emit CloseAllRequested();
+        break;
+    case Fix:
+        isFixed = windowToolBar->IsButtonChecked(Fix);
+        windowToolBar->SetButtonImage(Fix, isFixed ? pinnedPicture : pinPicture);
+        break;
+    default:
+        break;
+    }
+}
+
+void ToviMultiDlg::OnBrightness(int position)
+{
+    const int value = ZoomRules::BrightnessAt(position);
+    if (value == view->Brightness()) return;
+    view->SetBrightness(value);
+    NoteChange();
+}
+
+void ToviMultiDlg::Revert()
+{
+    if (!view->HasPicture()) return;
+    slider->setValue(0);
+    view->Revert();
+    canRevert = false;
+    EnableCommands();
+}
+
+void ToviMultiDlg::NoteChange()
+{
+    canRevert = true;
+    EnableCommands();
+}
+
+void ToviMultiDlg::Save()
+{
+    ToviPhoto* const photo = Photo();
+    if (photo == nullptr) return;
+    CorrectionSave(*data, CorrectionSave::Window::Zoom)
+        .Run({photo, view->Rotation(), view->Brightness(), view->HasPicture()});
+}
+
+void ToviMultiDlg::EnableCommands()
+{
+    const bool hasPhoto = photoIndex >= 0;
+    for (const int id : {RotateLeft, RotateRight, SavePhoto}) {
+        imageToolBar->EnableButton(id, hasPhoto);
+    }
+    imageToolBar->EnableButton(TakeBack, canRevert && view->HasPicture());
+    windowToolBar->EnableButton(Fix, hasPhoto);
+    slider->setEnabled(hasPhoto && !ToviExifInfo::IsSvg(path));
+}

@@ -1,0 +1,108 @@
+#pragma once
+
+#include "delivery/ToviData.h"
+#include "platform/controls/WenDialog.h"
+
+class GaluDSplitter;
+class QBoxLayout;
+class QSlider;
+class ToviNamePlate;
+class WenToolBarCtrl;
+class ZoomBar;
+class ZoomInfo;
+class ZoomView;
+
+/// A window that shows one photograph large, with what there is to know of it. It is turned and
+/// made lighter on a working copy, which can be saved. A window that isn't fixed follows the
+/// selection.
+///
+/// It asks its owner by signals and changes nothing itself. The document outlives what it shows.
+class TOVI_EXPORT ToviMultiDlg : public WenDialog
+{
+    Q_OBJECT
+
+public:
+    /// \p showsInfo: with the information pane.
+    explicit ToviMultiDlg(bool showsInfo);
+
+    /// Shows the photograph of \p data with the photo index \p index.
+    void SetPhoto(ToviData& data, int index);
+    /// Shows nothing.
+    void ClearPhoto();
+    /// Of the photograph on show, -1 for none.
+    int GetPhotoIndex() const { return photoIndex; }
+    /// Its image file; empty for none.
+    const CString& GetPath() const { return path; }
+    /// \p other is its image file; letter case doesn't count.
+    bool IsSamePhoto(const char* other) const { return EqualNoCase(path, other); }
+
+    /// The width of the photograph, at least 60.
+    int GetSplitterPos() const;
+    void SetSplitterPos(int pos);
+    int GetTabIndex() const;
+    void SetTabIndex(int index);
+    void SetInfoVisible(bool visible);
+    bool IsInfoVisible() const { return infoVisible; }
+    void SetKeepsView(bool keeps);
+    bool IsFixed() const { return isFixed; }
+    /// Fills the information and the title anew.
+    void RefreshInfo();
+    /// Shows the labels and the selection anew.
+    void RefreshLabels();
+
+    ZoomView& View() const { return *view; }
+
+signals:
+    void CloseRequested();
+    void CloseAllRequested();
+    void ArrangeRequested();
+    /// The user has shown or hidden the information, or wants the view kept or not.
+    void InfoChanged(bool visible);
+    void KeepsViewChanged(bool keeps);
+    /// The user wants the next (1) or the previous (-1) photograph selected.
+    void StepRequested(int step);
+    /// The user has pressed the button of \p label.
+    void LabelRequested(int photo, unsigned int label);
+    void LabelsRemovalRequested(int photo);
+
+protected:
+    void OnOK() override {}
+    void OnCancel() override { emit CloseRequested(); }
+    void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void CreateBars();
+    QWidget* CreateBrightness();
+    QWidget* CreatePhoto();
+    void ConnectKeys();
+    void LayOut();
+
+    ToviPhoto* Photo() const;
+    void OnCommand(int id);
+    void OnLabelKey(int key);
+    void OnBrightness(int position);
+    void Revert();
+    void Save();
+    void EnableCommands();
+    void NoteChange();
+
+    ToviData* data = nullptr;
+    int photoIndex = -1;
+    CString path;
+    bool isFixed = false;
+    bool infoVisible;
+    /// Of the panes when both are shown.
+    int splitterPos = 0;
+    /// Something was turned, made lighter or taken back since the photograph was loaded.
+    bool canRevert = false;
+    WenToolBarCtrl* imageToolBar;
+    WenToolBarCtrl* windowToolBar;
+    QBoxLayout* barRow;
+    QSlider* slider;
+    ZoomView* view;
+    ToviNamePlate* plate;
+    ZoomInfo* info;
+    ZoomBar* zoomBar;
+    GaluDSplitter* splitter;
+};
