@@ -4,6 +4,7 @@
 #include "imagefacts/ToviExifInfo.h"
 #include "items/ToviItemDef.h"
 #include "photos/ToviPhoto.h"
+#include "platform/files/MibCopy.h"
 #include "platform/files/MibFile.h"
 #include "platform/host/HostServices.h"
 #include "reports/OutputPhotoFolder.h"

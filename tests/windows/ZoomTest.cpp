@@ -1,6 +1,9 @@
+#include "items/ToviItemDef.h"
+#include "photos/ToviPhoto.h"
 #include "platform/controls/LumImgWnd.h"
 #include "platform/controls/WenToolBarCtrl.h"
 #include "review/SlideMode.h"
+#include "support/Texts.h"
 #include "windows/cell/ToviLabelButton.h"
 #include "windows/ShownDelivery.h"
 #include "windows/zoom/ToviMultiDlg.h"
@@ -116,7 +119,7 @@ TEST(Zoom, EndsAtSix)
     }
     shown.Open(6);
     EXPECT_EQ(shown.Shows().size(), 6);
-    EXPECT_THAT(shown.services.user.Messages(),
+    EXPECT_THAT(Texts(shown.services.user.Messages()),
                 ElementsAre("これ以上の表示はできません。\n不要なウィンドウを閉じてください。"));
     Zoomed::Command(shown.At(4), Arrange);
     EXPECT_EQ(shown.At(4).pos().y(), shown.At(1).pos().y());

@@ -10,7 +10,6 @@
 #include <ctime>
 #include <map>
 #include <memory>
-#include <mutex>
 #include <optional>
 #include <unordered_map>
 
@@ -53,10 +52,10 @@ Listing MakeListing(const CString& folder, const timespec& changed)
     return listing;
 }
 
-/// One thread at a time.
 const Listing* ListingOf(const CString& folder)
 {
-    static std::map<CString, Listing> listings;
+    // Each thread its own: one that waits for a share that doesn't answer holds up no other.
+    thread_local std::map<CString, Listing> listings;
     struct stat facts;
     if (stat(folder.c_str(), &facts) != 0 || !S_ISDIR(facts.st_mode)) return nullptr;
     if (const auto known = listings.find(folder); known != listings.end()) {
@@ -73,8 +72,6 @@ CString ExistingChild(const CString& parent, const CString& name)
 {
     const CString exact = parent + name;
     if (name == "." || name == ".." || Exists(exact)) return exact;
-    static std::mutex mutex;
-    const std::lock_guard lock(mutex);
     const Listing* listing = ListingOf(parent.empty() ? "." : parent);
     if (listing == nullptr) return {};
     const auto found = listing->names.find(FoldCase(name));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "photos/LabelSlots.h"
 #include "review/LabelEdits.h"
 #include "windows/page/CellMoves.h"
 #include "windows/page/PageArithmetic.h"

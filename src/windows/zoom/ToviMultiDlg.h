@@ -1,12 +1,14 @@
 #pragma once
 
-#include "delivery/ToviData.h"
 #include "platform/controls/WenDialog.h"
+#include "platform/text/Text.h"
 
 class GaluDSplitter;
 class QBoxLayout;
 class QSlider;
+class ToviData;
 class ToviNamePlate;
+class ToviPhoto;
 class WenToolBarCtrl;
 class ZoomBar;
 class ZoomInfo;

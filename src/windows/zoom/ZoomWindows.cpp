@@ -1,5 +1,7 @@
 #include "windows/zoom/ZoomWindows.h"
 
+#include "delivery/ToviData.h"
+#include "photos/ToviPhoto.h"
 #include "platform/host/HostServices.h"
 #include "windows/zoom/ToviMultiDlg.h"
 #include "windows/zoom/ZoomRules.h"

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "delivery/ToviData.h"
 #include "windows/zoom/ZoomMemory.h"
 
 #include <QObject>
 
 #include <vector>
 
+class ToviData;
 class ToviMultiDlg;
 
 /// The zoom windows of a panel: at most six, of which those that aren't fixed follow the selection,
