@@ -1,4 +1,4 @@
-#include "items/ToviItemDef.h"
+#include "imagefacts/ToviExifInfo.h"
 #include "photos/ToviPhoto.h"
 #include "platform/controls/LumImgWnd.h"
 #include "platform/controls/WenToolBarCtrl.h"
@@ -51,13 +51,13 @@ struct Zoomed : ShownDelivery
         }
         return false;
     }
-    /// The photo indexes on show.
+    /// The positions on show; -1 for what is in no current array.
     std::vector<int> Shows()
     {
-        std::vector<int> photos;
+        std::vector<int> positions;
         for (const ToviMultiDlg* zoom : panel.Zooms().All())
-            photos.push_back(zoom->GetPhotoIndex());
-        return photos;
+            positions.push_back(data->GetCurrentArray().Find(zoom->GetPhotoIndex()));
+        return positions;
     }
     static bool WaitFor(const ToviMultiDlg& zoom)
     {
@@ -85,9 +85,6 @@ TEST(Zoom, OpensFollowsAndIsFixed)
     Zoomed shown;
     shown.panel.ShowMultiDlg();
     ASSERT_EQ(shown.Shows().size(), 1);
-    EXPECT_EQ(shown.At(0).windowTitle(),
-              QtText(shown.Photo(0).GetTitle(
-                  shown.data->GetItemDef()->GetIndexFromEnum(Setting::TitleFileName))));
     shown.Click(2);
     EXPECT_THAT(shown.Shows(), ElementsAre(2));
     Zoomed::Command(shown.At(0), Fix);
@@ -99,15 +96,16 @@ TEST(Zoom, OpensFollowsAndIsFixed)
     EXPECT_THAT(shown.Shows(), ElementsAre(2, 4)) << "the selection follows the page";
     QTest::keyClick(&shown.At(1), Qt::Key_PageDown);
     EXPECT_THAT(shown.Shows(), ElementsAre(2, 5));
-    shown.data->PhotoSelectSetting(2);
-    shown.panel.ShowMultiDlg();
+    shown.Open(2);
     EXPECT_THAT(shown.Shows(), ElementsAre(2, 5)) << "a window that has it is raised";
+    const CString fixed = shown.At(0).GetPath();
     shown.ShowFirst(0);
-    EXPECT_THAT(shown.Shows(), ElementsAre(2, -1)) << "nothing is left to follow";
+    EXPECT_EQ(shown.At(0).GetPath(), fixed);
+    EXPECT_EQ(shown.At(1).GetPath(), "") << "nothing is left to follow";
     QTest::keyClick(&shown.At(1), Qt::Key_Escape);
-    EXPECT_THAT(shown.Shows(), ElementsAre(2));
+    EXPECT_EQ(shown.panel.Zooms().All().size(), 1);
     shown.panel.Detach();
-    EXPECT_THAT(shown.Shows(), IsEmpty());
+    EXPECT_THAT(shown.panel.Zooms().All(), IsEmpty());
 }
 
 TEST(Zoom, EndsAtSix)
@@ -118,7 +116,7 @@ TEST(Zoom, EndsAtSix)
         Zoomed::Command(shown.At(static_cast<std::size_t>(position)), Fix);
     }
     shown.Open(6);
-    EXPECT_EQ(shown.Shows().size(), 6);
+    EXPECT_EQ(shown.panel.Zooms().All().size(), 6);
     EXPECT_THAT(Texts(shown.services.user.Messages()),
                 ElementsAre("これ以上の表示はできません。\n不要なウィンドウを閉じてください。"));
     Zoomed::Command(shown.At(4), Arrange);
@@ -158,7 +156,7 @@ TEST(Zoom, RemembersTheLastOne)
 TEST(Zoom, WorksOnACopyOfThePicture)
 {
     Zoomed shown;
-    shown.panel.ShowMultiDlg();
+    shown.Open(1);
     ToviMultiDlg& window = shown.At(0);
     ASSERT_TRUE(Zoomed::WaitFor(window));
     ZoomView& view = window.View();
@@ -180,7 +178,13 @@ TEST(Zoom, WorksOnACopyOfThePicture)
     slider.setValue(-30);
     EXPECT_EQ(view.Window().grab().toImage(), lighter) << "always from the picture as loaded";
     EXPECT_NE(lighter, loaded);
-    shown.Click(1);
+    shown.Click(0);
+    ASSERT_TRUE(ToviExifInfo::IsSvg(window.GetPath()));
+    EXPECT_EQ(view.Brightness(), 0);
+    EXPECT_FALSE(slider.isEnabled());
+    ASSERT_TRUE(Zoomed::WaitFor(window));
+    EXPECT_TRUE(view.HasPicture());
+    shown.Click(2);
     EXPECT_EQ(view.Brightness(), 600) << "stays over from photograph to photograph";
     ASSERT_TRUE(Zoomed::WaitFor(window));
     EXPECT_TRUE(Zoomed::IsEnabled(window, TakeBack));
@@ -242,7 +246,7 @@ TEST(Zoom, DropsWhatIsNoLongerWanted)
     shown.panel.Detach();
     QThreadPool::globalInstance()->waitForDone();
     QApplication::processEvents();
-    EXPECT_THAT(shown.Shows(), IsEmpty());
+    EXPECT_THAT(shown.panel.Zooms().All(), IsEmpty());
 }
 
 TEST(Zoom, PastesLabelsAndShowsThoseOfOthers)

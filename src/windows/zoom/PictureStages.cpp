@@ -33,12 +33,12 @@ void DecodeInStages(const CString& path, const QSize& window,
                     const std::function<bool(const PictureStage&)>& tell)
 {
     const ImageSource source = ImageSource::FromFile(path);
-    const qint64 pixels = PixelsOf(source.Size());
-    if (pixels == 0) {
+    if (source.Size().isEmpty()) {
         // An SVG photograph is drawn.
         tell(WholeOf(ReadImage(path, 0)));
         return;
     }
+    const qint64 pixels = PixelsOf(source.Size());
     const bool isKept = pixels <= mostPixelsKept || !source.IsReducible();
     if (source.IsReducible() && pixels > fewPixels) {
         const QImage reduced = source.Read(isKept ? window : window.expandedTo(overview));
