@@ -166,7 +166,6 @@ void ToviDetailPanel::SavePhoto()
     const PhotoCorrection& correction = imageWnd->Correction();
     CorrectionSave(*GetData(), CorrectionSave::Window::Image)
         .Run({.photo = SelectedPhoto(),
-              .picture = &imageWnd->Working(),
               .rotation = correction.Rotation(),
               .brightness = correction.Brightness(),
               .isShown = imageWnd->IsEnableImage()});
