@@ -94,6 +94,8 @@ TEST(Zoom, OpensFollowsAndIsFixed)
     EXPECT_THAT(shown.Shows(), ElementsAre(2, 1));
     shown.panel.OperateNextPage();
     EXPECT_THAT(shown.Shows(), ElementsAre(2, 4)) << "the selection follows the page";
+    shown.At(1).activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&shown.At(1)));
     QTest::keyClick(&shown.At(1), Qt::Key_PageDown);
     EXPECT_THAT(shown.Shows(), ElementsAre(2, 5));
     shown.Open(2);

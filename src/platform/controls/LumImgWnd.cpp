@@ -79,6 +79,7 @@ void LumImgWnd::SetPart(const QImage& pixels, const QRect& place)
 void LumImgWnd::SetTones(const ToneCurve& curve)
 {
     tones = curve;
+    if (curve == BrightnessCurve(0)) tones.reset();
     drawn = QImage();
     update();
 }

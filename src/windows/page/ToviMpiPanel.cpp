@@ -1,5 +1,6 @@
 #include "windows/page/ToviMpiPanel.h"
 
+#include "platform/controls/GaluListCtrl.h"
 #include "platform/controls/WindowHandle.h"
 #include "platform/controls/WindowId.h"
 #include "platform/host/CDocument.h"
@@ -10,9 +11,9 @@
 #include "windows/panel/ToviPopUpMenu.h"
 #include "windows/panel/UncheckedSearch.h"
 
-#include <QAction>
 #include <QApplication>
 #include <QCursor>
+#include <QKeyEvent>
 
 #include <algorithm>
 #include <utility>
@@ -37,6 +38,19 @@ std::optional<MoveKey> MoveKeyOf(int key)
     default:
         return {};
     }
+}
+
+bool IsEnter(int key)
+{
+    return key == Qt::Key_Return || key == Qt::Key_Enter;
+}
+
+/// A list that \p focus is in makes a double click of Enter by itself.
+bool MakesDoubleClick(const QWidget* focus)
+{
+    const auto* const list =
+        focus == nullptr ? nullptr : qobject_cast<const GaluListCtrl*>(focus->parentWidget());
+    return list != nullptr && list->GetSelected() >= 0;
 }
 
 /// The number of the child of a cell that \p widget is, or lies in; 0 if it lies in none.
@@ -72,11 +86,6 @@ ToviMpiPanel::ToviMpiPanel(CDocument* theDocument)
 
 void ToviMpiPanel::ConnectZooms()
 {
-    auto* const enter = new QAction(this);
-    enter->setShortcuts({Qt::Key_Return, Qt::Key_Enter});
-    enter->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-    addAction(enter);
-    connect(enter, &QAction::triggered, this, &ToviMpiPanel::OnShowProperty);
     connect(&zooms, &ZoomWindows::StepRequested, this, [this](int step) {
         const int target = SelectedPosition() + step;
         if (target >= 0 && target < PhotoCount()) SelectNeighbour(step);
@@ -401,8 +410,19 @@ void ToviMpiPanel::UpdateMultiDlg()
     if (GetData() != nullptr) zooms.Follow(*GetData());
 }
 
+/// What no child has a use for. A shortcut would take Enter from dialogs that are about to come.
+void ToviMpiPanel::keyPressEvent(QKeyEvent* event)
+{
+    if (IsEnter(event->key())) {
+        if (!MakesDoubleClick(QApplication::focusWidget())) OnShowProperty();
+    } else {
+        ToviPanel::keyPressEvent(event);
+    }
+}
+
 void ToviMpiPanel::OnSpiKeyDown(int key)
 {
+    if (IsEnter(key)) OnShowProperty();
     if (key == 0 || views.Cells().Count() == 0) return;
     const int focused = CellChildOf(window()->focusWidget());
     const std::optional<MoveKey> moveKey = MoveKeyOf(key);

@@ -131,6 +131,7 @@ protected:
 
     void resizeEvent(QResizeEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     using Setting = ToviPhotoCtrlVisualSetting;

@@ -294,7 +294,6 @@ void ToviMultiDlg::SetPhoto(ToviData& newData, int index)
     }
     canRevert = view->Brightness() != 0;
     plate->SetHasDrawings(photo.GetPictureCount() > 0);
-    plate->SetLabelNames(*data->GetLabelManager());
     plate->SetActive(true);
     data->CheckEditJPEG(&photo);
     plate->SetEditCheckResult(photo.GetEditChkResult());
@@ -337,6 +336,7 @@ void ToviMultiDlg::RefreshLabels()
 {
     const ToviPhoto* const photo = Photo();
     if (photo == nullptr) return;
+    plate->SetLabelNames(*data->GetLabelManager());
     plate->ShowLabels(*photo);
     plate->SetSelected(photo->IsSelected());
 }

@@ -49,7 +49,7 @@ public:
     bool IsFixed() const { return isFixed; }
     /// Fills the information and the title anew.
     void RefreshInfo();
-    /// Shows the labels and the selection anew.
+    /// Shows the labels, their names and the selection anew.
     void RefreshLabels();
 
     ZoomView& View() const { return *view; }

@@ -55,6 +55,7 @@ ZoomWindows::ZoomWindows(QWidget& thePanel) : panel(thePanel)
 ZoomWindows::~ZoomWindows()
 {
     CloseAll();
+    for (const QPointer<ToviMultiDlg>& window : closed) delete window;
 }
 
 void ZoomWindows::Show(ToviData& data)
@@ -145,6 +146,7 @@ void ZoomWindows::Place(ToviMultiDlg& window, std::size_t index)
 /// Brings \p window to the front. Whatever has the keys keeps them.
 void ZoomWindows::Raise(ToviMultiDlg& window) const
 {
+    window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
     window.show();
     window.raise();
 }
@@ -177,8 +179,7 @@ void ZoomWindows::CloseAll()
         Remember(*window);
         window->disconnect(this);
         window->ClearPhoto();
-        window->hide();
-        window->deleteLater();
+        Discard(*window);
     }
 }
 
@@ -186,9 +187,16 @@ void ZoomWindows::Close(ToviMultiDlg& window)
 {
     Remember(window);
     std::erase(windows, &window);
-    // Amid one of its own events.
+    Discard(window);
+}
+
+/// \p window may be amid one of its own events.
+void ZoomWindows::Discard(ToviMultiDlg& window)
+{
     window.hide();
     window.deleteLater();
+    std::erase_if(closed, [](const QPointer<ToviMultiDlg>& gone) { return gone.isNull(); });
+    closed.emplace_back(&window);
 }
 
 void ZoomWindows::Remember(const ToviMultiDlg& window)

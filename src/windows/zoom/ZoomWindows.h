@@ -3,6 +3,7 @@
 #include "windows/zoom/ZoomMemory.h"
 
 #include <QObject>
+#include <QPointer>
 
 #include <vector>
 
@@ -49,12 +50,15 @@ private:
     void Connect(ToviMultiDlg& window);
     void Place(ToviMultiDlg& window, std::size_t index);
     void Close(ToviMultiDlg& window);
+    void Discard(ToviMultiDlg& window);
     void Remember(const ToviMultiDlg& window);
     void Raise(ToviMultiDlg& window) const;
 
     QWidget& panel;
     ZoomMemory memory;
     std::vector<ToviMultiDlg*> windows;
+    /// Those that aren't gone yet.
+    std::vector<QPointer<ToviMultiDlg>> closed;
     /// The photo index of the last request. What isn't another one leaves the windows where they
     /// are.
     int shownLast = -1;
