@@ -287,8 +287,10 @@ TEST(DetailPanel, TurnsAndLightensThePictureOnShow)
 
 TEST(DetailPanel, DrawsAnSvgPhotographThatCantBeCorrected)
 {
-    // The last photograph of a sample is an SVG one.
-    ShownDetail shown(DeliveryBuilder({.photos = 2, .drawings = 0}));
+    DeliveryBuilder builder({.photos = 2, .drawings = 0});
+    builder.Set(1, "写真ファイル名", "P0000002.SVG");
+    ShownDetail shown(builder);
+    shown.sample.temp.Write("PHOTO/PIC/P0000002.SVG", drawing);
     shown.Show();
     shown.Select(1);
     EXPECT_FALSE(shown.Image().findChild<QSlider*>()->isEnabled());

@@ -147,6 +147,7 @@ struct ShownPosition
     void SetTree(Setting::TreeType type)
     {
         shown.data->BuildTreeNode(type);
+        shown.data->SetSelected(shown.data.get(), true);
         shown.Set([type](Setting& setting) { setting.SetTreeType(type); });
     }
     ToviConfirmDlg* Dialog() { return shown.window.findChild<ToviConfirmDlg*>(); }
