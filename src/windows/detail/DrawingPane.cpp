@@ -235,7 +235,7 @@ void DrawingPane::OpenElsewhere()
              "アプリケーションで開いてください。\n" +
              copy);
     } else {
-        told->setText(QStringLiteral("読み取り専用の写しを開きました。写しはTovi の終了時に消え"
+        told->setText(QStringLiteral("読み取り専用の写しを開きました。写しは Tovi の終了時に消え"
                                      "ます。"));
         told->show();
     }

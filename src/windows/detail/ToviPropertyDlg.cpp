@@ -19,6 +19,8 @@ namespace
 {
 constexpr int firstPosition = 281;
 constexpr int smallestPaneHeight = 40;
+/// The caption, the header and a row or two.
+constexpr int smallestValuePaneHeight = 75;
 
 QWidget* MakePane(const QString& caption, std::initializer_list<QWidget*> children)
 {
@@ -57,7 +59,7 @@ QWidget* ToviPropertyDlg::MakeInformation()
     controlText->setTabChangesFocus(true);
     splitter->SetPane(0, MakePane(QStringLiteral(" 写真情報"), {itemList}));
     splitter->SetPane(1, MakePane(QStringLiteral(" 施工管理値"), {controlTable, controlText}));
-    splitter->SetMinimums(smallestPaneHeight, smallestPaneHeight);
+    splitter->SetMinimums(smallestPaneHeight, smallestValuePaneHeight);
     splitter->SetPosition(firstPosition);
     return splitter;
 }

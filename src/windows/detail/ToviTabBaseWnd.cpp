@@ -1,5 +1,6 @@
 #include "windows/detail/ToviTabBaseWnd.h"
 
+#include "platform/controls/GaluFont.h"
 #include "windows/detail/ToviPropertyDlg.h"
 
 #include <QTabBar>
@@ -12,6 +13,7 @@ ToviTabBaseWnd::ToviTabBaseWnd(QWidget* parent)
 {
     tabs->addTab(QStringLiteral("写真情報"));
     tabs->addTab(QStringLiteral("参考図"));
+    tabs->setFont(GaluFont::MsPGothic9pt());
     tabs->setExpanding(false);
     tabs->setDrawBase(true);
     tabs->setMinimumWidth(1);
