@@ -18,6 +18,7 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QListView>
 #include <QStringListModel>
 
@@ -33,8 +34,11 @@ constexpr int idDateFrom = 1033;
 constexpr int idDateTo = 1034;
 constexpr int idAnd = 1035;
 constexpr int idOr = 1036;
-constexpr int itemWidth = 12;
-constexpr int textWidth = 20;
+/// In characters; what room there is beyond them goes to the boxes.
+constexpr int itemWidth = 9;
+constexpr int textWidth = 14;
+/// The most values that are looked through while the user types.
+constexpr int mostMatched = 20000;
 
 QDateEdit* MakePicker(int id, const QString& name)
 {
@@ -70,12 +74,22 @@ QComboBox* MakeValueBox(QStringListModel* values)
     box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     box->setMinimumContentsLength(textWidth);
     box->setModel(values);
-    // The values that hold what is typed are offered, and never put in its place unasked.
-    QCompleter* const completer = box->completer();
+    return box;
+}
+
+/// Offers those of the values of \p box that hold what is typed, and never puts one in its place
+/// unasked. Among too many it would hold the keys up.
+void OfferMatches(QComboBox& box)
+{
+    if (box.count() > mostMatched) {
+        box.setCompleter(nullptr);
+        return;
+    }
+    auto* const completer = new QCompleter(box.model(), box.lineEdit());
     completer->setCompletionMode(QCompleter::PopupCompletion);
     completer->setFilterMode(Qt::MatchContains);
     completer->setCaseSensitivity(Qt::CaseSensitive);
-    return box;
+    box.setCompleter(completer);
 }
 } // namespace
 
@@ -224,6 +238,7 @@ void ToviExtDetailDlg::FillValues(const Row& row)
     texts.reserve(values.GetSize());
     for (const CString& value : values) texts << QtText(value);
     row.values->setStringList(texts);
+    OfferMatches(*row.text);
     row.text->setCurrentIndex(texts.isEmpty() ? -1 : 0);
     if (texts.isEmpty()) row.text->clearEditText();
 }
