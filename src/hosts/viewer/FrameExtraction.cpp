@@ -11,6 +11,7 @@
 #include <QLabel>
 #include <QMainWindow>
 #include <QStatusBar>
+#include <QTimer>
 
 namespace
 {
@@ -72,7 +73,10 @@ void FrameExtraction::ShowConditions()
 {
     if (dock->isHidden()) {
         dock->show();
-        frame->resizeDocks({dock}, {dock->sizeHint().height()}, Qt::Vertical);
+        // Once the frame has made room for it.
+        QTimer::singleShot(0, this, [this] {
+            frame->resizeDocks({dock}, {dock->sizeHint().height()}, Qt::Vertical);
+        });
     }
     dock->raise();
     dock->activateWindow();
