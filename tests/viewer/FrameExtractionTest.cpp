@@ -4,6 +4,7 @@
 #include "support/Controls.h"
 #include "support/Labels.h"
 #include "viewer/ShownFrame.h"
+#include "windows/cell/ToviLabelButton.h"
 #include "windows/extraction/ExtractionStrip.h"
 #include "windows/extraction/NothingExtractedPage.h"
 #include "windows/extraction/ToviExtractionWindow.h"
@@ -136,10 +137,19 @@ TEST(FrameSetUp, IsSeenAtOnceInEveryWindow)
     EXPECT_EQ(shown.Panel().GetVisualSetting().GetDivType(), ToviPhotoCtrlVisualSetting::DivideOne);
     shown.Trees().setCurrentIndex(0);
     EXPECT_EQ(shown.Data().GetPhotoIndex(0), 7) << "sorted downwards";
+    // On a page that stays as it is but for its comments.
+    shown.OnDialogs({[](QWidget& dialog) {
+        Control<QLineEdit>(dialog, 1064).setText(QStringLiteral("再撮影"));
+        Control<QRadioButton>(dialog, 1130).click();
+        dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
+    }});
+    shown.Press(Qt::Key_Comma, Qt::ControlModifier);
+    EXPECT_EQ(shown.Panel().findChildren<ToviLabelButton*>()[LabelNg1]->accessibleName(),
+              QStringLiteral("再撮影"));
     shown.Start();
     ASSERT_TRUE(shown.Open());
     EXPECT_EQ(shown.Data().GetPhotoIndex(0), 7) << "and so after a restart";
-    EXPECT_STREQ(shown.Data().GetLabelManager()->GetLabelAttribute(LabelNg1).GetName(), "日付なし");
+    EXPECT_STREQ(shown.Data().GetLabelManager()->GetLabelAttribute(LabelNg1).GetName(), "再撮影");
     shown.Panel().AllPhotoAllLabelRemove();
 }
 } // namespace
