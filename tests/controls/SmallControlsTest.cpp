@@ -1,13 +1,10 @@
 #include "platform/controls/GaluDSplitter.h"
-#include "platform/controls/GaluFont.h"
 #include "platform/controls/GaluMultiStatusButton.h"
 #include "platform/controls/WenToolBarCtrl.h"
-#include "platform/controls/WindowId.h"
 #include "platform/host/JapaneseFont.h"
 
 #include <gtest/gtest.h>
 
-#include <QFontMetrics>
 #include <QLabel>
 #include <QSignalSpy>
 #include <QTest>
@@ -21,35 +18,17 @@ QIcon Plain(const QColor& color)
     return picture;
 }
 
-TEST(WindowId, IsWhatWasGiven)
-{
-    QWidget widget;
-    EXPECT_EQ(WindowId(&widget), 0);
-    SetWindowId(&widget, 1103);
-    EXPECT_EQ(WindowId(&widget), 1103);
-}
-
 TEST(GaluFont, PrefersTheGothicThatWritesBothScripts)
 {
-    struct
-    {
-        const char* name;
-        QStringList installed;
-        QStringList japanese;
-        const char* chosen;
-    } const cases[] = {
-        {"as meant", {"IPAPGothic", "MS PGothic"}, {"IPAPGothic", "MS PGothic"}, "MS PGothic"},
-        {"stand-in", {"DejaVu Sans", "IPAGothic", "IPAPGothic"}, {"IPAGothic"}, "IPAPGothic"},
-        {"gothic", {"A", "B Mincho", "C Gothic"}, {"B Mincho", "C Gothic"}, "C Gothic"},
-        {"any", {"DejaVu Sans", "B Mincho"}, {"B Mincho"}, "B Mincho"},
-        {"none", {"DejaVu Sans"}, {}, ""},
+    const std::tuple<QStringList, QStringList, const char*> cases[] = {
+        {{"IPAPGothic", "MS PGothic"}, {"IPAPGothic", "MS PGothic"}, "MS PGothic"},
+        {{"DejaVu Sans", "IPAGothic", "IPAPGothic"}, {"IPAGothic"}, "IPAPGothic"},
+        {{"A", "B Mincho", "C Gothic"}, {"B Mincho", "C Gothic"}, "C Gothic"},
+        {{"DejaVu Sans", "B Mincho"}, {"B Mincho"}, "B Mincho"},
+        {{"DejaVu Sans"}, {}, ""},
     };
-    for (const auto& tried : cases) {
-        EXPECT_EQ(ChooseJapaneseFamily(tried.installed, tried.japanese).toStdString(), tried.chosen)
-            << tried.name;
-    }
-    EXPECT_EQ(GaluFont::MsPGothic9pt().pointSize(), 9);
-    EXPECT_TRUE(GaluFont::MsPGothic9ptBold().bold());
+    for (const auto& [installed, japanese, chosen] : cases)
+        EXPECT_EQ(ChooseJapaneseFamily(installed, japanese).toStdString(), chosen);
 }
 
 TEST(GaluMultiStatusButton, GoesThroughItsStatesByMouseAndKey)
@@ -103,46 +82,31 @@ TEST(GaluDSplitter, KeepsThePaneThatHasAPosition)
 {
     Panes side(Qt::Horizontal);
     side.splitter.SetPosition(150);
-    side.Show({500, 300});
-    EXPECT_EQ(side.splitter.GetPosition(), 150) << "set before there was a size";
-    side.Show({800, 300});
-    EXPECT_EQ(side.splitter.GetPosition(), 150);
+    for (const int width : {500, 800}) {
+        side.Show({width, 300});
+        EXPECT_EQ(side.splitter.GetPosition(), 150);
+    }
     side.splitter.SetPosition(10);
-    EXPECT_EQ(side.splitter.GetPosition(), 60) << "no smaller than its least";
-    side.splitter.SetPosition(10000);
-    EXPECT_EQ(side.splitter.GetPane(1)->width(), 60);
+    QSplitterHandle* const handle = side.splitter.handle(1);
+    const std::pair<Qt::Key, int> keys[] = {{Qt::Key_F, 60},     {Qt::Key_Right, 70},
+                                            {Qt::Key_Right, 80}, {Qt::Key_Left, 70},
+                                            {Qt::Key_Home, 60},  {Qt::Key_End, 734}};
+    for (const auto& [key, position] : keys) {
+        QTest::keyClick(handle, key);
+        EXPECT_EQ(side.splitter.GetPosition(), position) << key;
+    }
 
     Panes stack(Qt::Vertical);
     stack.splitter.SetPosition(-75);
-    stack.Show({300, 400});
-    EXPECT_EQ(stack.splitter.GetPane(1)->height(), 75);
-    stack.Show({300, 600});
-    EXPECT_EQ(stack.splitter.GetPane(1)->height(), 75);
-    stack.splitter.ShowPane(1, false);
-    QCoreApplication::processEvents();
-    EXPECT_EQ(stack.splitter.GetPane(0)->height(), 600);
-    stack.splitter.ShowPane(1, true);
-    QCoreApplication::processEvents();
-    EXPECT_EQ(stack.splitter.GetPane(1)->height(), 75);
-}
-
-TEST(GaluDSplitter, MovesByMouseAndKey)
-{
-    Panes side(Qt::Horizontal);
-    side.splitter.SetPosition(200);
-    side.Show({500, 300});
-    const QSignalSpy moved(&side.splitter, &QSplitter::splitterMoved);
-    QSplitterHandle* const handle = side.splitter.handle(1);
-    EXPECT_TRUE(handle->focusPolicy() & Qt::TabFocus);
-    QTest::keyClick(handle, Qt::Key_Right);
-    EXPECT_EQ(side.splitter.GetPosition(), 210);
-    QTest::keyClick(handle, Qt::Key_Left);
-    EXPECT_EQ(side.splitter.GetPosition(), 200);
-    QTest::keyClick(handle, Qt::Key_Home);
-    EXPECT_EQ(side.splitter.GetPosition(), 60);
-    QTest::keyClick(handle, Qt::Key_End);
-    EXPECT_EQ(side.splitter.GetPane(1)->width(), 60);
-    EXPECT_EQ(moved.size(), 4);
+    for (const int height : {400, 600}) {
+        stack.Show({300, height});
+        EXPECT_EQ(stack.splitter.GetPane(1)->height(), 75);
+    }
+    for (const bool shown : {false, true}) {
+        stack.splitter.ShowPane(1, shown);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(stack.splitter.GetPane(0)->height(), shown ? 519 : 600);
+    }
 }
 
 TEST(GaluDSplitter, ChangesAPane)
@@ -165,9 +129,9 @@ TEST(GaluDSplitter, ChangesAPane)
     EXPECT_TRUE(other->isVisible());
     EXPECT_FALSE(first->isVisible());
     EXPECT_EQ(first->parentWidget(), &window);
+    EXPECT_EQ(other->minimumWidth(), 60);
     splitter->SetPane(0, first);
     EXPECT_TRUE(first->isVisible());
-    EXPECT_EQ(first->minimumWidth(), 60);
 }
 
 TEST(WenToolBarCtrl, KnowsItsButtonsByTheirIds)
