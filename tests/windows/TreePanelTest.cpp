@@ -22,7 +22,7 @@ using Setting = ToviPhotoCtrlVisualSetting;
 using testing::ElementsAre;
 
 /// Six photographs: A/a1 (two), A/a2, B itself, B/b1, and one that lies on the root.
-OpenedSample Works()
+DeliveryBuilder Works()
 {
     constexpr const char* works[][2] = {{"A", "a1"}, {"A", "a1"}, {"A", "a2"},
                                         {"B", ""},   {"B", "b1"}, {"", ""}};
@@ -31,7 +31,7 @@ OpenedSample Works()
         builder.Set(photo, "工種", works[photo][0]).Set(photo, "種別", works[photo][1]);
         builder.Set(photo, "細別", "").Set(photo, "撮影箇所", photo < 3 ? "No.1" : "No.2");
     }
-    return OpenedSample(builder);
+    return builder;
 }
 
 /// The tree below its root, as "A(a1 a2) B": what is closed has no brackets.
@@ -46,11 +46,11 @@ std::string Shown(const QTreeWidgetItem* item)
     return text;
 }
 
-/// A panel in a window on the screen, with the document of a sample.
+/// A panel in a window on the screen, with such a delivery.
 template <typename Panel>
 struct ShownPanel
 {
-    explicit ShownPanel(const OpenedSample& sample) : document(*sample.document)
+    ShownPanel()
     {
         window.resize(300, 400);
         panel->Create(&window, 1);
@@ -71,12 +71,7 @@ struct ShownPanel
     {
         return Tree()->findItems(QtText(text), Qt::MatchExactly | Qt::MatchRecursive).value(0);
     }
-    std::string Selected()
-    {
-        return Tree()->GetSelectedItem() == nullptr
-                   ? "-"
-                   : FromQtText(Tree()->GetSelectedItem()->text(0));
-    }
+    std::string Selected() { return FromQtText(Tree()->GetSelectedItem()->text(0)); }
     QPoint Place(const char* text)
     {
         return Tree()->visualItemRect(Item(text)).topLeft() + QPoint(25, 8);
@@ -88,19 +83,20 @@ struct ShownPanel
     }
     void Key(Qt::Key key) { QTest::keyClick(Tree(), key); }
 
-    ToviData& document;
+    OpenedSample sample{Works()};
+    ToviData& document = *sample.document;
+    std::vector<int>& hints = sample.host.hints;
     QWidget window;
     Panel* const panel = new Panel;
 };
 
 struct FolderPanel : ShownPanel<ToviFolderTreePanel>
 {
-    FolderPanel(OpenedSample& sample, Setting::TreeType type = Setting::TreeWorkType)
-        : ShownPanel(sample)
+    FolderPanel()
     {
-        Choose(type);
+        Choose(Setting::TreeWorkType);
         Send(0);
-        sample.host.hints.clear();
+        hints.clear();
     }
 
     /// What the host does when the user wants another tree.
@@ -112,10 +108,9 @@ struct FolderPanel : ShownPanel<ToviFolderTreePanel>
     std::string All()
     {
         QTreeWidgetItem* const root = Tree()->GetRootItem();
-        return root == nullptr ? "" : Shown(root).substr(root->text(0).toUtf8().size());
+        return Shown(root).substr(root->text(0).toUtf8().size());
     }
-    /// Opens the menu at \p place, or with the menu key for no place, and chooses \p command. False
-    /// when no menu opens.
+    /// Chooses \p command in the menu at \p place, or by the menu key. False when no menu opens.
     bool Menu(std::optional<QPoint> place, const char* command)
     {
         const QPoint at = place.value_or(QPoint());
@@ -125,7 +120,6 @@ struct FolderPanel : ShownPanel<ToviFolderTreePanel>
         auto* menu = panel->findChild<QMenu*>();
         if (!menu->isVisible()) return false;
         for (QAction* action : menu->actions()) {
-            EXPECT_FALSE(action->statusTip().isEmpty());
             if (action->text() != QtText(command)) continue;
             QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
         }
@@ -138,113 +132,85 @@ constexpr const char* opening = "この項目を開く";
 
 TEST(FolderTreePanel, ShowsTheTreeOpenWithTheSelectedNode)
 {
-    OpenedSample sample = Works();
-    FolderPanel shown(sample);
+    FolderPanel shown;
     EXPECT_EQ(shown.All(), "(A(a1 a2) B(b1))");
-    EXPECT_EQ(shown.Tree()->GetRootItem()->text(0), QtText(shown.document.Title()));
     EXPECT_EQ(shown.Tree()->GetSelectedItem(), shown.Tree()->GetRootItem());
     EXPECT_EQ(shown.Item("a1")->data(0, Qt::AccessibleTextRole).toString(), QtText("a1 2枚"));
+    EXPECT_FALSE(shown.Item("A")->data(0, Qt::AccessibleTextRole).isValid()) << "none of its own";
     EXPECT_EQ(shown.Tree()->size(), shown.panel->size());
 
     shown.document.PhotoSelectSetting(4);
     shown.Choose(Setting::TreePlace);
-    EXPECT_TRUE(sample.host.hints.size() == 1 && sample.host.hints.back() == 10);
     shown.Send(7);
     EXPECT_EQ(shown.All(), "(No.1 No.2)");
     EXPECT_EQ(shown.Selected(), "No.2");
-    shown.Send(7);
     shown.Click("No.1");
+    QTreeWidgetItem* const root = shown.Tree()->GetRootItem();
     shown.Send(7);
-    EXPECT_EQ(shown.Selected(), "No.1") << "the same tree type leaves the tree alone";
-}
-
-TEST(FolderTreePanel, IsEmptyAfterARefresh)
-{
-    OpenedSample sample = Works();
+    EXPECT_EQ(shown.Tree()->GetRootItem(), root) << "the same tree type leaves the tree alone";
     for (const int hint : {1, 8, 11}) {
-        FolderPanel shown(sample);
+        shown.Send(0);
         shown.Send(hint);
         EXPECT_EQ(shown.Tree()->topLevelItemCount(), 0) << hint;
         shown.Send(7);
         EXPECT_EQ(shown.Tree()->topLevelItemCount(), 0) << hint;
         EXPECT_FALSE(shown.panel->ChangeSelCompulsion());
     }
-    EXPECT_TRUE(sample.host.hints.empty());
 }
 
 TEST(FolderTreePanel, SelectsNodesByMouseAndKeys)
 {
-    OpenedSample sample = Works();
-    FolderPanel shown(sample);
+    FolderPanel shown;
     shown.Click("a1");
     EXPECT_EQ(shown.document.GetCurrentPhotoCount(), 2);
     shown.Key(Qt::Key_Down);
     EXPECT_EQ(shown.Selected(), "a2");
     EXPECT_EQ(shown.document.GetPhotoIndex(0), 2);
-    EXPECT_THAT(sample.host.hints, ElementsAre(2, 2));
-
     shown.Click("a2", Qt::LeftButton, Qt::ControlModifier);
     shown.Click("B", Qt::RightButton);
     EXPECT_EQ(shown.Selected(), "a2");
-    EXPECT_THAT(sample.host.hints, ElementsAre(2, 2));
-
+    EXPECT_THAT(shown.hints, ElementsAre(2, 2));
     shown.Key(Qt::Key_Home);
     EXPECT_EQ(shown.document.GetSelectedNode(), &shown.document);
     EXPECT_EQ(shown.document.GetCurrentPhotoCount(), 6);
-}
 
-TEST(FolderTreePanel, ClosesAndOpensAllBeneathAnItem)
-{
-    OpenedSample sample = Works();
-    FolderPanel shown(sample);
-    shown.Click("a2");
-    EXPECT_TRUE(shown.Menu(shown.Place("A"), closing));
-    EXPECT_EQ(shown.All(), "(A B(b1))");
-    EXPECT_EQ(shown.Selected(), "A");
-    EXPECT_EQ(shown.document.GetCurrentPhotoCount(), 3);
-    EXPECT_THAT(sample.host.hints, ElementsAre(2, 2));
-
-    shown.Key(Qt::Key_Home);
-    EXPECT_TRUE(shown.Menu({}, closing));
-    EXPECT_EQ(shown.All(), "");
-    EXPECT_TRUE(shown.Menu({}, opening));
-    EXPECT_EQ(shown.All(), "(A(a1 a2) B(b1))");
-
-    EXPECT_FALSE(shown.Menu(QPoint(150, 380), closing));
-    EXPECT_EQ(shown.All(), "(A(a1 a2) B(b1))");
-}
-
-TEST(FolderTreePanel, SelectsWhatTheUserClosesOverTheSelection)
-{
-    OpenedSample sample = Works();
-    FolderPanel shown(sample);
-    shown.Click("a2");
-    shown.Item("B")->setExpanded(false);
-    EXPECT_EQ(shown.Selected(), "a2");
-    shown.Item("A")->setExpanded(false);
-    EXPECT_EQ(shown.Selected(), "A");
-    EXPECT_EQ(shown.document.GetCurrentPhotoCount(), 3);
-}
-
-TEST(FolderTreePanel, RestoresItsPhotographsWhenItComesIntoView)
-{
-    OpenedSample sample = Works();
-    FolderPanel shown(sample);
     shown.Click("A");
     shown.document.SetSelected(0);
     EXPECT_EQ(shown.document.GetCurrentPhotoCount(), 0);
     EXPECT_TRUE(shown.panel->OnPreVisible());
     shown.panel->OnPostVisible();
+    EXPECT_EQ(shown.document.GetCurrentPhotoCount(), 3) << "it has come into view again";
+    EXPECT_EQ(shown.Selected(), "A");
+}
+
+TEST(FolderTreePanel, SelectsWhatTheUserClosesOverTheSelection)
+{
+    FolderPanel shown;
+    shown.Click("a2");
+    EXPECT_TRUE(shown.Menu(shown.Place("A"), closing));
+    EXPECT_EQ(shown.All(), "(A B(b1))");
+    EXPECT_EQ(shown.Selected(), "A");
     EXPECT_EQ(shown.document.GetCurrentPhotoCount(), 3);
+    EXPECT_THAT(shown.hints, ElementsAre(2, 2));
+    shown.Key(Qt::Key_Home);
+    EXPECT_TRUE(shown.Menu({}, closing));
+    EXPECT_EQ(shown.All(), "");
+    EXPECT_TRUE(shown.Menu({}, opening));
+    EXPECT_FALSE(shown.Menu(QPoint(150, 380), closing));
+    EXPECT_EQ(shown.All(), "(A(a1 a2) B(b1))");
+
+    shown.Click("a2");
+    shown.Item("B")->setExpanded(false);
+    EXPECT_EQ(shown.Selected(), "a2");
+    shown.Item("A")->setExpanded(false);
     EXPECT_EQ(shown.Selected(), "A");
 }
 
 TEST(FolderTreePanel, OutlivesItsDocument)
 {
-    OpenedSample sample = Works();
-    FolderPanel shown(sample);
+    FolderPanel shown;
     shown.Send(9);
-    sample.document.reset();
+    shown.sample.document.reset();
     shown.Click("A");
     shown.panel->grab();
     EXPECT_FALSE(shown.panel->ChangeSelCompulsion());
@@ -255,43 +221,9 @@ TEST(FolderTreePanel, OutlivesItsDocument)
     EXPECT_EQ(other.GetSelectedNode(), nullptr);
 }
 
-/// How many pixels of the row of \p item are of about this hue.
-int Pixels(FolderPanel& shown, QTreeWidgetItem* item, const QColor& color)
-{
-    const QImage image = shown.Tree()->viewport()->grab().toImage();
-    const QRect row = shown.Tree()->visualItemRect(item);
-    int found = 0;
-    for (int y = row.top(); y < row.bottom(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            const QColor pixel = image.pixelColor(x, y);
-            found += pixel.saturation() > 120 && std::abs(pixel.hue() - color.hue()) < 6;
-        }
-    }
-    return found;
-}
-
-TEST(FolderTreePanel, PaintsCountsInBlueAndTheSelectedTextHighlighted)
-{
-    OpenedSample sample = Works();
-    FolderPanel shown(sample);
-    const QColor blue(32, 97, 220);
-    EXPECT_GT(Pixels(shown, shown.Item("a1"), blue), 5);
-    EXPECT_GT(Pixels(shown, shown.Item("B"), blue), 5);
-    EXPECT_EQ(Pixels(shown, shown.Item("A"), blue), 0) << "none of its own";
-    EXPECT_EQ(Pixels(shown, shown.Tree()->GetRootItem(), blue), 0);
-
-    const QColor highlight = shown.Tree()->palette().color(QPalette::Highlight);
-    EXPECT_EQ(Pixels(shown, shown.Item("B"), highlight), 0);
-    shown.Click("B");
-    const int highlighted = Pixels(shown, shown.Item("B"), highlight);
-    EXPECT_GT(highlighted, 20);
-    EXPECT_LT(highlighted, 400) << "the text alone, not the row";
-}
-
 TEST(FolderTreePanel, TellsTextsThatAreCutOff)
 {
-    OpenedSample sample = Works();
-    FolderPanel shown(sample);
+    FolderPanel shown;
     const auto toolTipAt = [&shown](const QPoint& place) {
         QHelpEvent event(QEvent::ToolTip, place, shown.Tree()->viewport()->mapToGlobal(place));
         QApplication::sendEvent(shown.Tree()->viewport(), &event);
@@ -305,13 +237,10 @@ TEST(FolderTreePanel, TellsTextsThatAreCutOff)
 
 TEST(FolderTreePanel, TakesLargeAndDeepTrees)
 {
-    OpenedSample sample = Works();
-    FolderPanel shown(sample);
-    constexpr int breadth = 10000;
-    constexpr int depth = 1000;
-    for (int node = 0; node < breadth; ++node) shown.document.Add(new ToviNode("wide"));
+    FolderPanel shown;
+    for (int node = 0; node < 10'000; ++node) shown.document.Add(new ToviNode("wide"));
     ToviNode* node = &shown.document;
-    for (int level = 0; level < depth; ++level) {
+    for (int level = 0; level < 1000; ++level) {
         auto* child = new ToviNode("deep");
         node->Add(child);
         node = child;
@@ -322,72 +251,60 @@ TEST(FolderTreePanel, TakesLargeAndDeepTrees)
     ASSERT_NE(deepest, nullptr);
     const QRect place = shown.Tree()->visualItemRect(deepest);
     EXPECT_TRUE(place.top() >= 0 && place.bottom() <= shown.Tree()->viewport()->height());
-
     shown.Key(Qt::Key_Home);
-    EXPECT_TRUE(shown.Menu({}, closing));
-    EXPECT_FALSE(deepest->parent()->isExpanded());
-    EXPECT_TRUE(shown.Menu({}, opening));
-    EXPECT_TRUE(deepest->parent()->isExpanded());
+    for (const char* command : {closing, opening}) {
+        EXPECT_TRUE(shown.Menu({}, command));
+        EXPECT_EQ(deepest->parent()->isExpanded(), command == opening);
+    }
 }
 
 struct LabelPanel : ShownPanel<ToviLabelTreePanel>
 {
-    explicit LabelPanel(OpenedSample& sample) : ShownPanel(sample)
+    LabelPanel()
     {
-        for (const int photo : {1, 2, 4}) PasteLabel(*sample.document, photo, 1);
+        for (const int photo : {1, 2, 4}) PasteLabel(document, photo, 1);
         Send(0);
         panel->OnPostVisible();
-        sample.host.hints.clear();
+        hints.clear();
     }
 
     std::string All() { return Shown(Tree()->GetRootItem()); }
 };
 
-constexpr const char* counted = "付箋(OK 追記 <3> 誤記 不鮮明 コメント 印刷)";
-
 TEST(LabelTreePanel, CountsPhotographs)
 {
-    OpenedSample sample = Works();
-    LabelPanel shown(sample);
+    LabelPanel shown;
+    const CString counted = "付箋(OK 追記 <3> 誤記 不鮮明 コメント 印刷)";
     EXPECT_EQ(shown.All(), counted);
-    PasteLabel(*sample.document, 0, 0);
+    PasteLabel(shown.document, 0, 0);
     shown.Send(10);
     EXPECT_EQ(shown.All(), counted);
     shown.Send(5);
     EXPECT_EQ(shown.All(), "付箋(OK <1> 追記 <3> 誤記 不鮮明 コメント 印刷)");
-    RemoveLabel(*sample.document, 0, 0);
     shown.document.GetLabelManager()->GetLabelAttribute(1).SetName("要確認");
     shown.Send(7);
-    EXPECT_EQ(shown.All(), "付箋(OK 要確認 <3> 誤記 不鮮明 コメント 印刷)");
+    EXPECT_EQ(shown.All(), "付箋(OK <1> 要確認 <3> 誤記 不鮮明 コメント 印刷)");
 }
 
-TEST(LabelTreePanel, SelectsLabels)
+TEST(LabelTreePanel, SelectsLabelsAndFollowsABatchWhileItIsInView)
 {
-    OpenedSample sample = Works();
-    LabelPanel shown(sample);
-    EXPECT_TRUE(shown.panel->IsLabelTreePanel());
+    LabelPanel shown;
     EXPECT_FALSE(shown.panel->IsSelectTreeRoot());
     shown.Click("追記 <3>");
     EXPECT_EQ(shown.document.GetCurrentPhotoCount(), 3);
     shown.Key(Qt::Key_Down);
     EXPECT_EQ(shown.document.GetSelectedIndex(), 2);
-    EXPECT_EQ(shown.document.GetCurrentPhotoCount(), 0);
     shown.Key(Qt::Key_Home);
     EXPECT_TRUE(shown.panel->IsSelectTreeRoot());
     EXPECT_EQ(shown.document.GetSelectedIndex(), -1);
-    EXPECT_THAT(sample.host.hints, ElementsAre(2, 2, 2));
-}
+    EXPECT_THAT(shown.hints, ElementsAre(2, 2, 2));
 
-TEST(LabelTreePanel, FollowsABatchOfLabelsWhileItIsInView)
-{
-    OpenedSample sample = Works();
-    LabelPanel shown(sample);
     shown.Click("追記 <3>");
-    RemoveLabel(*sample.document, 1, 1);
+    RemoveLabel(shown.document, 1, 1);
     shown.Send(6);
     EXPECT_EQ(shown.Selected(), "追記 <2>");
     EXPECT_EQ(shown.document.GetCurrentPhotoCount(), 2);
-    RemoveLabel(*sample.document, 2, 1);
+    RemoveLabel(shown.document, 2, 1);
     shown.panel->hide();
     shown.Send(6);
     EXPECT_EQ(shown.Selected(), "追記 <1>");
