@@ -16,6 +16,8 @@
 #include <QTest>
 #include <QTimer>
 
+#include <functional>
+
 /// A host with panels, to which it forwards what is broadcast.
 class PanelHost : public CDocument
 {
@@ -63,8 +65,7 @@ struct ShownDelivery
     {}
     ~ShownDelivery() { panel.Detach(); }
 
-    template <class Change>
-    void Set(const Change& change)
+    void Set(const std::function<void(Setting&)>& change)
     {
         Setting setting = data->GetVisualSetting();
         change(setting);
@@ -96,11 +97,7 @@ struct ShownDelivery
         QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(key), modifiers);
     }
 
-    std::vector<ToviSpiCtrl*> Cells()
-    {
-        const QList<ToviSpiCtrl*> found = panel.findChildren<ToviSpiCtrl*>();
-        return {found.begin(), found.end()};
-    }
+    QList<ToviSpiCtrl*> Cells() { return panel.findChildren<ToviSpiCtrl*>(); }
     /// What the cells show.
     std::vector<int> Positions()
     {
@@ -108,15 +105,20 @@ struct ShownDelivery
         for (const ToviSpiCtrl* cell : Cells()) positions.push_back(cell->GetPhotoIndex());
         return positions;
     }
-    ToviNamePlate& Plate(int cell)
-    {
-        return *Cells()[static_cast<std::size_t>(cell)]->findChild<ToviNamePlate*>();
-    }
+    ToviNamePlate& Plate(int cell) { return *Cells()[cell]->findChild<ToviNamePlate*>(); }
     void Click(int cell, Qt::MouseButton button = Qt::LeftButton)
     {
         QTest::mouseClick(&Plate(cell), button, {}, QPoint(10, 10));
     }
     int Selected() { return data->GetSelectCurIndex(); }
+    /// How many photographs of the current array take themselves for selected.
+    int CountSelected()
+    {
+        int count = 0;
+        for (int index = 0; index < data->GetCurrentPhotoCount(); ++index)
+            count += Photo(index).IsSelected();
+        return count;
+    }
     ToviPhoto& Photo(int position) { return *data->GetPhoto(position); }
     /// The comment strips that are to be seen, with their whole texts.
     std::vector<CString> Strips()
