@@ -3,7 +3,6 @@
 #include "hosts/viewer/SlideShow.h"
 #include "platform/store/FileProfileStore.h"
 #include "review/SlideMode.h"
-#include "review/ToviLabelManager.h"
 #include "support/Texts.h"
 #include "viewer/ShownFrame.h"
 

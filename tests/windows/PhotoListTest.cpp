@@ -1,4 +1,3 @@
-#include "photos/ToviPhotoArray.h"
 #include "platform/controls/WenToolBarCtrl.h"
 #include "platform/text/QtText.h"
 #include "support/Labels.h"
