@@ -20,6 +20,7 @@ ToviData::ToviData(CDocument* host, const char* path, PhotoXMLType type)
     parts->sortCondition.reset(ToviData::OnCreateSortCondition());
     ToviData::Initialize();
     errorType = parts->itemDef.Load(path, type);
+    parts->pathItems = FindPhotoPathItems(parts->itemDef, standAlone);
 }
 
 ToviData::~ToviData() = default;
@@ -93,11 +94,11 @@ CStringArray ToviData::DeliveryRoots() const
     return roots;
 }
 
-bool ToviData::IsInsideDelivery(const CString& path) const
+bool ToviData::IsFileOfDelivery(const CString& path) const
 {
-    return MibIsInside(rootPath, path) ||
+    return MibIsFileInside(rootPath, path) ||
            std::any_of(earlierRoots.begin(), earlierRoots.end(),
-                       [&path](const CString& root) { return MibIsInside(root, path); });
+                       [&path](const CString& root) { return MibIsFileInside(root, path); });
 }
 
 void ToviData::MakePath()
@@ -105,16 +106,15 @@ void ToviData::MakePath()
     for (ToviPhoto* photo : parts->photos) photo->MakePath();
 }
 
-const PhotoPathItems& ToviData::GetPathItems()
+const PhotoPathItems& ToviData::GetPathItems() const
 {
-    if (!parts->pathItems) parts->pathItems = FindPhotoPathItems(parts->itemDef, standAlone);
-    return *parts->pathItems;
+    return parts->pathItems;
 }
 
 void ToviData::SetStandAlone(bool alone)
 {
     standAlone = alone;
-    parts->pathItems.reset();
+    parts->pathItems = FindPhotoPathItems(parts->itemDef, standAlone);
 }
 
 CString ToviData::GetIndexPath()

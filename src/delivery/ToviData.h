@@ -75,7 +75,7 @@ public:
     /// Keeps \p claim, on the folder that the delivery is read from, as long as the document lives,
     /// or until another one takes its place.
     void HoldFolder(std::shared_ptr<const FolderClaim> claim) { folderClaim = std::move(claim); }
-    bool IsInsideDelivery(const CString& path) const override;
+    bool IsFileOfDelivery(const CString& path) const override;
 
     ToviItemDef* GetItemDef() override;
     ToviPhotoArray* GetPhotoDataArray();
@@ -83,7 +83,7 @@ public:
     ToviItemArray* GetMngItemPhoto() { return &mngItems; }
     /// Makes the paths of every photograph anew.
     void MakePath();
-    const PhotoPathItems& GetPathItems() override;
+    const PhotoPathItems& GetPathItems() const override;
     bool IsStandAlone() const override { return standAlone; }
     void SetStandAlone(bool alone);
     /// The full path of a copy of the delivery's index file that a browser shows as a page. It

@@ -11,8 +11,6 @@
 #include "review/LabelEdits.h"
 #include "review/ToviLabelManager.h"
 
-#include <optional>
-
 struct ToviData::Parts
 {
     explicit Parts(LabelEdits::Listener listener) : labelEdits(photos, std::move(listener)) {}
@@ -20,7 +18,7 @@ struct ToviData::Parts
     ToviPhotoArray photos;
     LabelEdits labelEdits;
     ToviItemDef itemDef;
-    std::optional<PhotoPathItems> pathItems;
+    PhotoPathItems pathItems;
     ToviLabelManager labelManager;
     std::unique_ptr<ToviPhotoCtrlVisualSetting> visualSetting;
     std::unique_ptr<ToviSortCondition> sortCondition;

@@ -43,34 +43,32 @@ constexpr ExifFact exifFacts[] = {
     {"高度", &ToviExifInfo::GetGPS, 2},
 };
 
-CString InWords(const CString& path, CString (*words)(int width, int height))
+CString InWords(const FileFacts::Size& size, CString (*words)(int width, int height))
 {
-    int width = 0;
-    int height = 0;
-    const bool known = LumImage::GetCommentImageSize(path.c_str(), width, height);
-    return known ? words(width, height) : CString();
+    return size.known ? words(size.width, size.height) : CString();
 }
 
 struct FileFact
 {
     std::string_view title;
-    CString (*value)(const CString& path, const FileStatus& status);
+    CString (*value)(FileFacts& facts, const FileStatus& status);
 };
 
 constexpr FileFact fileFacts[] = {
-    {"幅×高さ", [](const CString& path, const FileStatus&) { return InWords(path, &SizeText); }},
-    {"総画素数",
-     [](const CString& path, const FileStatus&) { return InWords(path, &TotalPixelsText); }},
+    {"幅×高さ",
+     [](FileFacts& facts, const FileStatus&) { return InWords(facts.PictureSize(), &SizeText); }},
+    {"総画素数", [](FileFacts& facts,
+                    const FileStatus&) { return InWords(facts.PictureSize(), &TotalPixelsText); }},
     {"作成日時",
-     [](const CString&, const FileStatus& status) { return LocalTimeText(status.created); }},
+     [](FileFacts&, const FileStatus& status) { return LocalTimeText(status.created); }},
     {"最終更新日時",
-     [](const CString&, const FileStatus& status) { return LocalTimeText(status.lastWritten); }},
+     [](FileFacts&, const FileStatus& status) { return LocalTimeText(status.lastWritten); }},
     {"ファイルサイズ",
-     [](const CString&, const FileStatus& status) {
+     [](FileFacts&, const FileStatus& status) {
          return std::to_string(status.size >> 10) + " KB";
      }},
     {"読み取り専用",
-     [](const CString&, const FileStatus& status) {
+     [](FileFacts&, const FileStatus& status) {
          return CString(status.isReadOnly && !status.isHidden ? "Yes" : "No");
      }},
 };
@@ -87,11 +85,20 @@ CString ExifFactByTitle(const ToviExifInfo& exif, const CString& title)
     return value == ToviExifInfo::unknownValue ? CString() : value;
 }
 
-CString FileFactByTitle(const CString& path, const CString& title)
+const FileFacts::Size& FileFacts::PictureSize()
+{
+    if (!size) {
+        size.emplace();
+        size->known = LumImage::GetCommentImageSize(path.c_str(), size->width, size->height);
+    }
+    return *size;
+}
+
+CString FileFacts::ByTitle(const CString& title)
 {
     const auto* fact = std::find_if(std::begin(fileFacts), std::end(fileFacts),
                                     [&](const FileFact& known) { return known.title == title; });
     if (fact == std::end(fileFacts)) return {};
-    const std::optional<FileStatus> status = ReadFileStatus(path);
-    return status ? fact->value(path, *status) : CString();
+    if (!status) status = ReadFileStatus(path);
+    return *status ? fact->value(*this, **status) : CString();
 }

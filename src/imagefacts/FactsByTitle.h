@@ -1,6 +1,9 @@
 #pragma once
 
+#include "platform/files/FileStatus.h"
 #include "platform/text/Text.h"
+
+#include <optional>
 
 class ToviExifInfo;
 
@@ -9,6 +12,28 @@ class ToviExifInfo;
 /// isn't known. Opens no file.
 CString ExifFactByTitle(const ToviExifInfo& exif, const CString& title);
 
-/// What the file system and the header of the picture \p path say under \p title. Empty when the
-/// title is unknown, there is no such file or it can't be read. Asked anew on every call.
-CString FileFactByTitle(const CString& path, const CString& title);
+/// What the file system and the header of a picture say, each asked once, when it is first needed.
+class TOVI_EXPORT FileFacts
+{
+public:
+    /// Of the file \p picture.
+    explicit FileFacts(CString picture) : path(std::move(picture)) {}
+
+    /// The value under \p title. Empty when the title is unknown, there is no such file or it can't
+    /// be read.
+    CString ByTitle(const CString& title);
+
+    struct Size
+    {
+        int width = 0;
+        int height = 0;
+        bool known = false;
+    };
+    /// The dimensions in the header.
+    const Size& PictureSize();
+
+private:
+    CString path;
+    std::optional<std::optional<FileStatus>> status;
+    std::optional<Size> size;
+};

@@ -10,8 +10,8 @@
 
 namespace
 {
-constexpr const char* photographFolder = "PIC/";
-constexpr const char* drawingFolder = "DRA/";
+constexpr std::string_view photographFolder = "PIC/";
+constexpr std::string_view drawingFolder = "DRA/";
 
 struct PathTitles
 {
@@ -44,17 +44,24 @@ bool IsPhotograph(const ToviItem& item, const PhotoPathItems& pathItems)
 }
 
 /// \p value with the separators of this file system.
-CString NameOf(const CString& value)
+CString NameOf(CString value)
 {
-    return ReplaceAll(value, "\\", "/");
+    std::replace(value.begin(), value.end(), '\\', '/');
+    return value;
 }
 
 /// False for an empty value, and for one that would lead out of the delivery's folder.
 bool IsUsable(const CString& value)
 {
-    const CString within = "/" + NameOf(value) + "/";
-    return !value.empty() && within.find("/../") == CString::npos &&
-           within.find('\0') == CString::npos;
+    constexpr std::string_view separators = "/\\";
+    constexpr std::string_view up = "..";
+    const auto isEdge = [&](std::size_t at) {
+        return at >= value.size() || separators.find(value[at]) != std::string_view::npos;
+    };
+    for (std::size_t at = value.find(up); at != CString::npos; at = value.find(up, at + 1)) {
+        if ((at == 0 || isEdge(at - 1)) && isEdge(at + up.size())) return false;
+    }
+    return !value.empty() && value.find('\0') == CString::npos;
 }
 
 bool IsUsableDrawing(const ToviItem& item, const PhotoPathItems& pathItems)
@@ -64,9 +71,13 @@ bool IsUsableDrawing(const ToviItem& item, const PhotoPathItems& pathItems)
 
 /// \p root + \p folder + the file name in \p value; without the name when that can't be used, which
 /// is then no file.
-CString DeliveredPath(const CString& root, const char* folder, const CString& value)
+CString DeliveredPath(std::string_view root, std::string_view folder, const CString& value)
 {
-    return root + folder + (IsUsable(value) ? NameOf(value) : CString());
+    CString path;
+    path.reserve(root.size() + folder.size() + value.size());
+    path.append(root).append(folder);
+    if (IsUsable(value)) path += NameOf(value);
+    return path;
 }
 
 CStringArray ExistingOf(const CStringArray& paths, const IsFileThere& isThere)
@@ -78,9 +89,20 @@ CStringArray ExistingOf(const CStringArray& paths, const IsFileThere& isThere)
     return existing;
 }
 
+/// The path that the first of \p items to name the photograph gives it; empty without one.
+CString PathOfPhotograph(const ToviItemArray& items, const PhotoPathItems& pathItems,
+                         std::string_view root)
+{
+    const auto found = std::find_if(items.begin(), items.end(), [&pathItems](const ToviItem& item) {
+        return IsPhotograph(item, pathItems);
+    });
+    return found == items.end() ? CString()
+                                : DeliveredPath(root, photographFolder, found->GetValue());
+}
+
 /// The path in \p kept that holds \p value, as a part of a longer name too; else the one under
 /// \p root.
-CString KeptOrNewPath(const CStringArray& kept, const CString& root, const CString& value)
+CString KeptOrNewPath(const CStringArray& kept, std::string_view root, const CString& value)
 {
     const CString name = NameOf(value);
     const auto found = std::find_if(kept.begin(), kept.end(), [&name](const CString& path) {
@@ -114,7 +136,7 @@ void TakeFullPaths(const ToviItemArray& items, const PhotoPathItems& pathItems, 
 }
 
 void MakeRelativePaths(const ToviItemArray& items, const PhotoPathItems& pathItems,
-                       const CString& root, CString& imagePath, CStringArray& picturePaths)
+                       std::string_view root, CString& imagePath, CStringArray& picturePaths)
 {
     imagePath.clear();
     picturePaths.RemoveAll();
@@ -129,17 +151,15 @@ void MakeRelativePaths(const ToviItemArray& items, const PhotoPathItems& pathIte
 }
 
 void RebuildRelativePaths(const ToviItemArray& items, const PhotoPathItems& pathItems,
-                          const CString& root, CString& imagePath, CStringArray& picturePaths)
+                          std::string_view root, CString& imagePath, CStringArray& picturePaths)
 {
-    if (!MibIsFileExist(imagePath)) imagePath.clear();
+    CString path = PathOfPhotograph(items, pathItems, root);
+    if (imagePath != path && !MibIsFileExist(imagePath)) imagePath = std::move(path);
     const CStringArray kept = ExistingOf(picturePaths, MibIsFileExist);
     picturePaths.RemoveAll();
     for (const ToviItem& item : items) {
         if (IsUsableDrawing(item, pathItems)) {
             picturePaths.Add(KeptOrNewPath(kept, root, item.GetValue()));
-        }
-        if (imagePath.empty() && IsPhotograph(item, pathItems)) {
-            imagePath = DeliveredPath(root, photographFolder, item.GetValue());
         }
     }
 }

@@ -28,11 +28,11 @@ void TakeFullPaths(const ToviItemArray& items, const PhotoPathItems& pathItems, 
 
 /// The paths under \p root (ending in a path separator) with the delivery's fixed subfolders.
 void MakeRelativePaths(const ToviItemArray& items, const PhotoPathItems& pathItems,
-                       const CString& root, CString& imagePath, CStringArray& picturePaths);
+                       std::string_view root, CString& imagePath, CStringArray& picturePaths);
 
 /// The same after a change of media: a file that was found under an earlier root keeps its path.
 void RebuildRelativePaths(const ToviItemArray& items, const PhotoPathItems& pathItems,
-                          const CString& root, CString& imagePath, CStringArray& picturePaths);
+                          std::string_view root, CString& imagePath, CStringArray& picturePaths);
 
 /// Appends the names of the files that are missing to \p names. \p pathItems are those of the
 /// stand-alone case.

@@ -11,6 +11,11 @@
 
 #include <algorithm>
 
+namespace
+{
+constexpr const char* exifVersionTitle = "Exifバージョン";
+} // namespace
+
 ToviPhoto::ToviPhoto(PhotoHome* owner, const ToviItemArray& values)
     : ToviPhoto(owner, ToviItemArray(values))
 {}
@@ -57,22 +62,27 @@ void ToviPhoto::GetImagePath(CString& path)
 
 void ToviPhoto::MakePath()
 {
+    MakePaths(imagePath, picturePaths);
+}
+
+void ToviPhoto::MakePaths(CString& photograph, CStringArray& drawings) const
+{
     if (home == nullptr) return;
-    const PhotoPathItems& pathItems = home->GetPathItems();
-    if (!home->IsStandAlone()) {
-        TakeFullPaths(items, pathItems, imagePath, picturePaths);
-    } else if (rebuilding) {
-        RebuildRelativePaths(items, pathItems, home->RootPath(), imagePath, picturePaths);
+    if (home->IsStandAlone()) {
+        MakeRelativePaths(items, home->GetPathItems(), home->RootPath(), photograph, drawings);
     } else {
-        MakeRelativePaths(items, pathItems, home->RootPath(), imagePath, picturePaths);
+        TakeFullPaths(items, home->GetPathItems(), photograph, drawings);
     }
 }
 
 void ToviPhoto::UpdateImagePath()
 {
-    rebuilding = true;
-    MakePath();
-    rebuilding = false;
+    if (home != nullptr && home->IsStandAlone()) {
+        RebuildRelativePaths(items, home->GetPathItems(), home->RootPath(), imagePath,
+                             picturePaths);
+    } else {
+        MakePath();
+    }
     const auto isThere = [this](const CString& path) { return IsReadableFile(path); };
     fileExists =
         isThere(imagePath) && std::all_of(picturePaths.begin(), picturePaths.end(), isThere);
@@ -159,6 +169,7 @@ bool ToviPhoto::GetTextPairs(const ToviItemDef* def, const ToviItemShowSettings&
 {
     pairs.RemoveAll();
     if (def == nullptr) return false;
+    std::optional<FileFacts> fileFacts;
     CString fact;
     for (const ToviItemShowSetting& setting : settings) {
         if (!setting.bold) continue;
@@ -167,7 +178,8 @@ bool ToviPhoto::GetTextPairs(const ToviItemDef* def, const ToviItemShowSettings&
             continue;
         }
         if (setting.infoType == InfoFile) {
-            GetFileInfoFromTitle(setting.title, fact);
+            if (!fileFacts) fileFacts = GetFileFacts();
+            fact = fileFacts->ByTitle(setting.title);
         } else {
             GetExifInfoFromTitle(setting.title, fact);
         }
@@ -263,6 +275,7 @@ bool ToviPhoto::CheckExif()
 
 bool ToviPhoto::ReadExifVersion()
 {
+    if (exif && exif->IsLoaded()) return !ExifFactByTitle(*exif, exifVersionTitle).empty();
     CString file = ExifPath();
     if (ToviExifInfo::IsSvg(file)) {
         ExifRoom().MakeMainImageFromSvg(file);
@@ -293,17 +306,20 @@ void ToviPhoto::GetExifInfoFromTitle(const CString& title, CString& value) const
     value = known ? ExifFactByTitle(*exif, title) : CString();
 }
 
+FileFacts ToviPhoto::GetFileFacts() const
+{
+    return FileFacts(IsReadableFile(imagePath) ? imagePath : CString());
+}
+
 void ToviPhoto::GetFileInfoFromTitle(const CString& title, CString& value) const
 {
-    value = IsReadableFile(imagePath) ? FileFactByTitle(imagePath, title) : CString();
+    value = GetFileFacts().ByTitle(title);
 }
 
 bool ToviPhoto::IsReadableFile(const CString& path) const
 {
-    if (home != nullptr && home->IsStandAlone() && !home->IsInsideDelivery(path)) {
-        return false;
-    }
-    return MibIsFileExist(path);
+    const bool isDelivered = home != nullptr && home->IsStandAlone();
+    return isDelivered ? home->IsFileOfDelivery(path) : MibIsFileExist(path);
 }
 
 const char* ToviPhoto::ReadablePath()
@@ -311,9 +327,18 @@ const char* ToviPhoto::ReadablePath()
     return IsReadableFile(GetImagePath()) ? imagePath.c_str() : "";
 }
 
+CString ToviPhoto::FindReadablePath() const
+{
+    CString path = imagePath;
+    CStringArray drawings;
+    if (path.empty()) MakePaths(path, drawings);
+    return IsReadableFile(path) ? path : CString();
+}
+
 const char* ToviPhoto::ExifPath()
 {
-    return MibIsFileExist(GetImagePath()) ? ReadablePath() : imagePath.c_str();
+    const bool usable = IsReadableFile(GetImagePath()) || !MibIsFileExist(imagePath);
+    return usable ? imagePath.c_str() : "";
 }
 
 ToviExifInfo& ToviPhoto::ExifRoom()

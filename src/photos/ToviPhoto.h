@@ -10,6 +10,7 @@
 #include <array>
 #include <memory>
 
+class FileFacts;
 class PhotoHome;
 class ToviControlValueArray;
 class ToviItemDef;
@@ -76,6 +77,9 @@ public:
     /// The path of the image file; empty when it isn't there or a link brings it in from outside of
     /// the delivery. Valid until the next change of the photograph.
     const char* ReadablePath();
+    /// The same for threads that read the file: nothing is made here or kept. Any number of them
+    /// may ask at once, as long as nobody changes the photograph, its items or its delivery.
+    CString FindReadablePath() const;
     /// The path of the reference drawing at \p index, as above; empty when it isn't there or a link
     /// brings it in from outside of the delivery.
     CString ReadablePicturePath(int index);
@@ -135,8 +139,10 @@ public:
     /// Replaces \p value by what LoadExif has read under \p title (see imagefacts/FactsByTitle.h);
     /// by nothing when the file isn't there. The path isn't made.
     void GetExifInfoFromTitle(const CString& title, CString& value) const;
-    /// Replaces \p value by what the file system says of the image file under \p title; by nothing
-    /// when it isn't there. The path isn't made.
+    /// What the file system and the header say of the image file as it is now; nothing when it
+    /// isn't there. The path isn't made.
+    FileFacts GetFileFacts() const;
+    /// Replaces \p value by one of these facts (see imagefacts/FactsByTitle.h).
     void GetFileInfoFromTitle(const CString& title, CString& value) const;
 
 private:
@@ -149,6 +155,8 @@ private:
 
     void AddItemPairs(const ToviItemShowSetting& setting, ToviTextPairArray& pairs) const;
     const ToviItem* FindItem(int defIndex) const;
+    /// Replaces the paths by those that the items give; without a home they stay.
+    void MakePaths(CString& photograph, CStringArray& drawings) const;
     /// True when \p path is a file of the delivery, and not one that a symbolic link brings in.
     bool IsReadableFile(const CString& path) const;
     /// The path that Exif data may be read from: empty when it leads to a file that a link brings
@@ -161,7 +169,6 @@ private:
     CString imagePath;
     CStringArray picturePaths;
     bool fileExists = false;
-    bool rebuilding = false;
     ToviItemArray items;
     /// What CheckExif has found: 1 Exif data, 0 none, -1 not asked yet.
     int exifState = -1;

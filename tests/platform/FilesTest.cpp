@@ -62,15 +62,23 @@ TEST(MibFile, FollowsLinksToTellInsideFromOutside)
     std::filesystem::create_symlink("../../delivery-2/b.jpg", temp.Path("delivery/pic/out.jpg"));
     std::filesystem::create_symlink("a.jpg", temp.Path("delivery/pic/in.jpg"));
     std::filesystem::create_symlink(".", temp.Path("delivery/pic/loop"));
+    std::filesystem::create_symlink("../delivery-2", temp.Path("delivery/away"));
     const std::pair<const char*, bool> cases[] = {
         {"delivery/pic/a.jpg", true},    {"delivery/PIC/A.JPG", true},
         {"delivery/pic/in.jpg", true},   {"delivery/pic/loop/loop/a.jpg", true},
         {"delivery/pic/out.jpg", false}, {"delivery/../delivery-2/b.jpg", false},
         {"delivery-2/b.jpg", false},     {"delivery/pic/missing.jpg", false},
+        {"delivery/away/b.jpg", false},  {"delivery/away/../delivery/pic/a.jpg", true},
     };
     for (const auto& [path, inside] : cases) {
         EXPECT_EQ(MibIsInside(temp.Path("delivery"), temp.Path(path)), inside) << path;
+        EXPECT_EQ(MibIsFileInside(temp.Path("delivery/"), temp.Path(path)), inside) << path;
     }
+    for (const char* noFile :
+         {"delivery/", "delivery/pic", "delivery/pic/a.jpg/", "delivery/pic/"}) {
+        EXPECT_FALSE(MibIsFileInside(temp.Path("delivery/"), temp.Path(noFile))) << noFile;
+    }
+    EXPECT_FALSE(MibIsFileInside(temp.Path("delivery/"), temp.Path("delivery/pic/a.jpg") + '\0'));
     EXPECT_FALSE(MibIsInside("", temp.Path("delivery/pic/a.jpg")));
 }
 

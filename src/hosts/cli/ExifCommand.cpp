@@ -1,5 +1,6 @@
 #include "hosts/cli/Commands.h"
 #include "hosts/cli/PhotoDescriptions.h"
+#include "imagefacts/FactsByTitle.h"
 #include "imagefacts/ToviExifInfo.h"
 #include "photos/ToviPhoto.h"
 #include "platform/pictures/LumImage.h"
@@ -17,8 +18,9 @@ struct Arguments
 
 Json FactsOf(ToviPhoto& photo, int index)
 {
-    Json facts = Json::Object({{"index", index}, {"hasExif", photo.CheckExif()}});
+    // Read whole at first, so that the file is opened once.
     const ToviExifInfo& exif = photo.GetExif();
+    Json facts = Json::Object({{"index", index}, {"hasExif", photo.CheckExif()}});
     facts.Add("date", ToJson(exif.GetDate()));
     facts.Add("image", ToJson(exif.GetImage()));
     facts.Add("maker", ToJson(exif.GetMaker()));
@@ -26,11 +28,8 @@ Json FactsOf(ToviPhoto& photo, int index)
     facts.Add("shoot", ToJson(exif.GetShoot()));
     facts.Add("gps", ToJson(exif.GetGPS()));
     Json file = Json::Object();
-    for (const char* title : fileTitles) {
-        CString value;
-        photo.GetFileInfoFromTitle(title, value);
-        file.Add(title, value);
-    }
+    FileFacts fileFacts = photo.GetFileFacts();
+    for (const char* title : fileTitles) file.Add(title, fileFacts.ByTitle(title));
     facts.Add("file", file);
     return facts;
 }

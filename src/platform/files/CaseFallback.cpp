@@ -52,8 +52,11 @@ Listing MakeListing(const CString& folder, const timespec& changed)
     return listing;
 }
 
-const Listing* ListingOf(const CString& folder)
+/// The listing of the folder \p path, of the current one if that is empty; null when it is no
+/// folder. Valid until the next call.
+const Listing* ListingOf(const CString& path)
 {
+    const CString folder = path.empty() ? "." : path;
     // Each thread its own: one that waits for a share that doesn't answer holds up no other.
     thread_local std::map<CString, Listing> listings;
     struct stat facts;
@@ -67,15 +70,21 @@ const Listing* ListingOf(const CString& folder)
     return &listings.emplace(folder, MakeListing(folder, facts.st_mtim)).first->second;
 }
 
+/// \p parent followed by the name that \p listing, which is that of \p parent, has for \p name;
+/// empty when there is none.
+CString ListedChild(const Listing& listing, const CString& parent, const CString& name)
+{
+    const auto found = listing.names.find(FoldCase(name));
+    return found == listing.names.end() ? CString() : parent + found->second;
+}
+
 /// \p parent followed by the name that stands in it for \p name; empty when there is none.
 CString ExistingChild(const CString& parent, const CString& name)
 {
     const CString exact = parent + name;
     if (name == "." || name == ".." || Exists(exact)) return exact;
-    const Listing* listing = ListingOf(parent.empty() ? "." : parent);
-    if (listing == nullptr) return {};
-    const auto found = listing->names.find(FoldCase(name));
-    return found == listing->names.end() ? CString() : parent + found->second;
+    const Listing* listing = ListingOf(parent);
+    return listing == nullptr ? CString() : ListedChild(*listing, parent, name);
 }
 } // namespace
 
@@ -83,6 +92,12 @@ CString ExistingPath(const CString& path)
 {
     if (path.empty() || path.find('\0') != CString::npos) return {};
     if (Exists(path)) return path;
+    // Mostly the folder is there as it is written, and its listing tells all the rest.
+    const CString name = path.substr(path.rfind('/') + 1);
+    const CString parent = path.substr(0, path.size() - name.size());
+    if (!name.empty() && name != "." && name != "..") {
+        if (const Listing* listing = ListingOf(parent)) return ListedChild(*listing, parent, name);
+    }
     CString existing = path.front() == '/' ? "/" : "";
     std::size_t at = 0;
     while (at < path.size()) {

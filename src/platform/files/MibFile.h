@@ -56,6 +56,10 @@ CString MibBesideProgram(const CString& name);
 /// False too when either doesn't exist.
 TOVI_EXPORT bool MibIsInside(const CString& folder, const CString& path);
 
+/// True when \p path leads, symbolic links followed, to a regular file inside \p folder, which ends
+/// in a path separator. Nothing is remembered from call to call, and any thread may ask.
+TOVI_EXPORT bool MibIsFileInside(const CString& folder, const CString& path);
+
 /// The absolute path of the file that \p path leads to, symbolic links followed; the file itself
 /// needs not be there. Empty when its folder isn't.
 TOVI_EXPORT CString MibTargetPath(const CString& path);

@@ -4,9 +4,21 @@
 
 #include <fcntl.h>
 
-RegularFile::RegularFile(const CString& path)
+#include <cerrno>
+
+namespace
+{
+int OpenToRead(const CString& path)
+{
+    if (path.find('\0') != CString::npos) return -1;
     // O_NONBLOCK: the open of a pipe doesn't wait for its writer. It means nothing to a file.
-    : file(open(ExistingPath(path).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY))
+    constexpr int flags = O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
+    const int opened = open(path.c_str(), flags);
+    return opened < 0 && errno == ENOENT ? open(ExistingPath(path).c_str(), flags) : opened;
+}
+} // namespace
+
+RegularFile::RegularFile(const CString& path) : file(OpenToRead(path))
 {
     const bool usable = file.IsOpen() && fstat(file.Get(), &facts) == 0 && S_ISREG(facts.st_mode);
     if (!usable) file.Reset(-1);
