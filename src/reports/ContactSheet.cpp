@@ -4,6 +4,7 @@
 #include "items/ToviItemDef.h"
 #include "items/ToviPhotoCtrlVisualSetting.h"
 #include "photos/ToviPhoto.h"
+#include "platform/host/WorkAhead.h"
 
 #include <algorithm>
 
@@ -22,19 +23,26 @@ constexpr unsigned long white = 0xFFFFFF;
 constexpr unsigned long ink = 0x302820;
 constexpr unsigned long palePlate = 0xE6FFE6;
 
-/// False when it can't be decoded.
-bool DrawPhoto(LumCanvas& canvas, const LumRect& place, ToviPhoto& photo)
+/// Enough to keep all cores decoding while a row is encoded.
+constexpr int thumbsAhead = 64;
+
+void DrawPhoto(LumCanvas& canvas, const LumRect& place, const LumImage& thumb)
 {
-    photo.LoadThumb();
-    const bool shown = photo.GetImage().IsValid();
-    if (shown) {
-        canvas.DrawImage(place, photo.GetImage());
+    if (thumb.IsValid()) {
+        canvas.DrawImage(place, thumb);
     } else {
         canvas.FillRect(place, palePlate);
         canvas.DrawText(place, "表示できません", noticePixels, 1, ink);
     }
-    photo.ReleaseImage();
-    return shown;
+}
+
+/// As it will be drawn; invalid when it can't be decoded.
+LumImage MakeThumb(const ToviPhoto& photo)
+{
+    LumImage thumb;
+    thumb.LoadThumb(photo.FindReadablePath().c_str());
+    thumb.FitInto(thumbWidth, thumbHeight);
+    return thumb;
 }
 
 CString CaptionOf(const ToviPhoto& photo, const ToviItemDef& def)
@@ -44,6 +52,59 @@ CString CaptionOf(const ToviPhoto& photo, const ToviItemDef& def)
     if (!title.empty()) return title;
     return photo.GetTitle(def.GetIndexFromEnum(ToviPhotoCtrlVisualSetting::TitleFileName));
 }
+
+/// The sheet as it comes into being, a row of photographs after the other.
+class Sheet
+{
+public:
+    Sheet(ToviData& shown, const ContactSheetLayout& places, LumStripWriter& into)
+        : document(shown), layout(places), writer(into)
+    {}
+
+    bool Begin()
+    {
+        return AppendBlank(ContactSheetLayout::TopHeight()) &&
+               (layout.Count() > 0 || AppendBlank(ContactSheetLayout::RowHeight()));
+    }
+
+    /// False when the writer gave up.
+    bool Add(int position, const LumImage& thumb)
+    {
+        if (!row) row.emplace(layout.Width(), layout.RowHeight(), white);
+        if (!thumb.IsValid()) ++notShown;
+        DrawPhoto(*row, InRow(layout.Thumbnail(position), position), thumb);
+        row->DrawText(InRow(layout.Title(position), position),
+                      CaptionOf(*document.GetPhoto(position), *document.GetItemDef()), titlePixels,
+                      2, ink);
+        const bool isLast =
+            position + 1 == layout.Count() || (position + 1) % layout.Columns() == 0;
+        return !isLast || AppendRow();
+    }
+
+    int NotShown() const { return notShown; }
+
+private:
+    LumRect InRow(LumRect place, int position) const
+    {
+        place.top -= layout.TopHeight() + position / layout.Columns() * layout.RowHeight();
+        return place;
+    }
+
+    bool AppendBlank(int height) { return writer.Append(LumCanvas(layout.Width(), height, white)); }
+
+    bool AppendRow()
+    {
+        const bool taken = writer.Append(*row);
+        row.reset();
+        return taken;
+    }
+
+    ToviData& document;
+    const ContactSheetLayout& layout;
+    LumStripWriter& writer;
+    std::optional<LumCanvas> row;
+    int notShown = 0;
+};
 } // namespace
 
 ContactSheetLayout::ContactSheetLayout(int photoCount, int columnCount)
@@ -58,7 +119,17 @@ int ContactSheetLayout::Width() const
 int ContactSheetLayout::Height() const
 {
     const int rows = std::max(1, (count + columns - 1) / columns);
-    return gap + rows * (thumbHeight + titleHeight + gap);
+    return TopHeight() + rows * RowHeight();
+}
+
+int ContactSheetLayout::TopHeight()
+{
+    return gap;
+}
+
+int ContactSheetLayout::RowHeight()
+{
+    return thumbHeight + titleHeight + gap;
 }
 
 bool ContactSheetLayout::Fits() const
@@ -72,7 +143,7 @@ bool ContactSheetLayout::Fits() const
 LumRect ContactSheetLayout::Thumbnail(int position) const
 {
     return {gap + position % columns * (thumbWidth + gap),
-            gap + position / columns * (thumbHeight + titleHeight + gap), thumbWidth, thumbHeight};
+            TopHeight() + position / columns * RowHeight(), thumbWidth, thumbHeight};
 }
 
 LumRect ContactSheetLayout::Title(int position) const
@@ -81,21 +152,18 @@ LumRect ContactSheetLayout::Title(int position) const
     return {above.left, above.top + thumbHeight, thumbWidth, titleHeight};
 }
 
-ContactSheet MakeContactSheet(ToviData& document, int columns,
-                              const std::function<void(int)>& report)
+std::optional<int> WriteContactSheet(ToviData& document, const ContactSheetLayout& layout,
+                                     LumStripWriter& writer, const std::function<void(int)>& report)
 {
-    const int count = document.GetCurrentPhotoCount();
-    const ContactSheetLayout layout(count, columns);
-    if (!layout.Fits()) return {};
-    LumCanvas canvas(layout.Width(), layout.Height(), white);
-    if (!canvas.IsValid()) return {};
-    int notShown = 0;
-    for (int position = 0; position < count; ++position) {
-        ToviPhoto& photo = *document.GetPhoto(position);
-        if (!DrawPhoto(canvas, layout.Thumbnail(position), photo)) ++notShown;
-        canvas.DrawText(layout.Title(position), CaptionOf(photo, *document.GetItemDef()),
-                        titlePixels, 2, ink);
+    Sheet sheet(document, layout, writer);
+    bool going = sheet.Begin();
+    const auto make = [&document](int position) { return MakeThumb(*document.GetPhoto(position)); };
+    const auto take = [&](int position, const LumImage& thumb) {
+        going = sheet.Add(position, thumb);
         report(position);
-    }
-    return {canvas.GetImage(), notShown};
+        return going;
+    };
+    if (going) WorkAhead<LumImage>(layout.Count(), thumbsAhead, make, take);
+    if (!going || !writer.Finish()) return std::nullopt;
+    return sheet.NotShown();
 }

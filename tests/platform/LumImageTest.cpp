@@ -1,4 +1,5 @@
-#include "platform/pictures/LumCanvas.h"
+#include "platform/pictures/LumStripWriter.h"
+#include "platform/text/CArray.h"
 #include "sample/SamplePictures.h"
 #include "support/TempFolder.h"
 
@@ -122,5 +123,33 @@ TEST(LumImage, TurnsBilevelPicturesGrey)
     EXPECT_FALSE(image.ConvGrayScaleFromMono());
     EXPECT_TRUE(image.LoadThumb(path.c_str()));
     EXPECT_LE(image.GetWidth(), LumImage::thumbSide);
+}
+TEST(LumStripWriter, WritesTheBytesOfTheWholePicture)
+{
+    constexpr int width = 70;
+    constexpr int heights[] = {1, 30, 16, 2};
+    const auto paint = [](LumCanvas& canvas, int top) {
+        canvas.FillRect({3, 10 - top, 50, 30}, 0x1020F0);
+        canvas.FillRect({40, 20 - top, 30, 29}, 0x80FF00);
+    };
+    LumCanvas whole(width, 49, 0xFFFFFF);
+    paint(whole, 0);
+    for (const LumImageType type : {LumPng, LumJpeg}) {
+        std::string bytes;
+        LumStripWriter writer(type, 2, width, 49, [&bytes](std::string_view more) {
+            bytes += more;
+            return true;
+        });
+        int top = 0;
+        for (const int height : heights) {
+            LumCanvas strip(width, height, 0xFFFFFF);
+            paint(strip, top);
+            EXPECT_TRUE(writer.Append(strip));
+            top += height;
+        }
+        EXPECT_TRUE(writer.Finish());
+        EXPECT_TRUE(bytes == whole.GetImage().Encode(type, 2)) << type;
+    }
+    EXPECT_THROW(LumStripWriter(LumTiff, 2, 1, 1, {}), InvalidArgument);
 }
 } // namespace

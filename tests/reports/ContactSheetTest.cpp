@@ -32,13 +32,35 @@ TEST(ContactSheet, ShowsWhatCanBeDecodedAndGoesOn)
 {
     const OpenedSample sample(DeliveryBuilder({.photos = 3, .drawings = 0}));
     std::filesystem::remove(sample.Photo(1).GetImagePath());
-    std::vector<int> reported;
-    const ContactSheet made = MakeContactSheet(
-        *sample.document, 2, [&reported](int position) { reported.push_back(position); });
-    EXPECT_TRUE(made.image.IsValid());
-    EXPECT_EQ(made.notShown, 1);
-    EXPECT_EQ(made.image.GetWidth(), ContactSheetLayout(3, 2).Width());
-    EXPECT_EQ(reported, (std::vector{0, 1, 2}));
-    EXPECT_FALSE(sample.Photo(0).GetImage().IsValid()) << "pictures don't stay in memory";
+    for (const int shown : {3, 0}) {
+        if (shown == 0) sample.document->SetCurPhotoArray(false, false);
+        std::string bytes;
+        const ContactSheetLayout layout(shown, 2);
+        LumStripWriter writer(LumPng, 2, layout.Width(), layout.Height(),
+                              [&](std::string_view more) {
+                                  bytes += more;
+                                  return true;
+                              });
+        std::vector<int> reported;
+        const auto report = [&reported](int position) { reported.push_back(position); };
+        const auto notShown = WriteContactSheet(*sample.document, layout, writer, report);
+        EXPECT_EQ(notShown, shown / 3);
+        EXPECT_EQ(static_cast<int>(reported.size()), shown);
+        EXPECT_TRUE(std::is_sorted(reported.begin(), reported.end()));
+        LumImage sheet;
+        ASSERT_TRUE(sheet.Load(sample.temp.Write("sheet.png", bytes).c_str()));
+        EXPECT_EQ(sheet.GetHeight(), layout.Height());
+    }
+}
+
+TEST(ContactSheet, EndsWhenNobodyTakesIt)
+{
+    const OpenedSample sample(DeliveryBuilder({.photos = 3, .drawings = 0}));
+    const ContactSheetLayout layout(3, 1);
+    for (const LumImageType type : {LumPng, LumJpeg}) {
+        LumStripWriter writer(type, 2, layout.Width(), layout.Height(),
+                              [](std::string_view) { return false; });
+        EXPECT_FALSE(WriteContactSheet(*sample.document, layout, writer, [](int) {}));
+    }
 }
 } // namespace

@@ -2,8 +2,6 @@
 
 #include "hosts/cli/Records.h"
 
-#include "platform/files/AtomicFile.h"
-
 #include <iostream>
 
 int ExamineOutput(const CString& path, const OpenedDelivery& delivery)
@@ -16,14 +14,19 @@ int ExamineOutput(const CString& path, const OpenedDelivery& delivery)
     return ExitFailed;
 }
 
-int WriteOutput(const CString& path, std::string_view bytes)
+int WriteOutput(const CString& path, const std::function<bool(const ByteSink&)>& produce)
 {
     if (path == standardOutputName) {
-        std::cout << bytes;
-        return ExitDone;
+        return produce([](std::string_view bytes) { return !!(std::cout << bytes); }) ? ExitDone
+                                                                                      : ExitFailed;
     }
     WriteFailure failure = WriteFailure::None;
-    if (WriteFileAtomically(path, bytes, &failure)) return ExitDone;
+    if (WriteFileAtomically(path, produce, &failure)) return ExitDone;
     Complain(WhyNotWritten(path, failure));
     return ExitFailed;
+}
+
+int WriteOutput(const CString& path, std::string_view bytes)
+{
+    return WriteOutput(path, [bytes](const ByteSink& sink) { return sink(bytes); });
 }

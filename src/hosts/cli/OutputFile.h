@@ -2,9 +2,8 @@
 
 #include "hosts/cli/Delivery.h"
 
+#include "platform/files/AtomicFile.h"
 #include "platform/text/Text.h"
-
-#include <string_view>
 
 /// The name of an output file that means standard output.
 inline constexpr const char* standardOutputName = "-";
@@ -13,6 +12,9 @@ inline constexpr const char* standardOutputName = "-";
 /// isn't ExitDone was told on standard error.
 int ExamineOutput(const CString& path, const OpenedDelivery& delivery);
 
-/// Writes \p bytes to the file \p path, or to standard output when that is its name. Returns the
-/// exit status; a failure is told on standard error.
+/// Writes what \p produce hands to its sink, as it comes, to the file \p path, or to standard
+/// output when that is its name. Returns the exit status; a failure is told on standard error.
+int WriteOutput(const CString& path, const std::function<bool(const ByteSink&)>& produce);
+
+/// The same with \p bytes.
 int WriteOutput(const CString& path, std::string_view bytes);

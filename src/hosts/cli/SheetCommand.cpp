@@ -59,25 +59,28 @@ int Run(const Arguments& arguments)
     ToviData& document = *delivery.document;
     const int status = MakeCurrentArray(document, arguments.conditions);
     if (status != ExitDone) return status;
-    UserInterface& user = *GetHostServices().userInterface;
     const int total = document.GetCurrentPhotoCount();
-    const ContactSheet sheet =
-        MakeContactSheet(document, arguments.columns, [&user, total](int position) {
-            user.ShowProgress(Format("一覧の作成　%d / %d枚", position + 1, total));
-        });
-    user.ShowProgress("");
-    const auto bytes = sheet.image.Encode(*type, bestQuality);
-    if (!bytes) {
+    const ContactSheetLayout layout(total, arguments.columns);
+    if (!layout.Fits()) {
         Complain(Format("%d枚の写真は1枚の一覧に入りません。--node で分類を選ぶか、--columns "
                         "を変えてください。",
                         total));
         return ExitWrongUsage;
     }
-    const int written = WriteOutput(arguments.output, *bytes);
-    if (written != ExitDone || sheet.notShown == 0) return written;
+    UserInterface& user = *GetHostServices().userInterface;
+    std::optional<int> notShown;
+    const int written = WriteOutput(arguments.output, [&](const ByteSink& sink) {
+        LumStripWriter writer(*type, bestQuality, layout.Width(), layout.Height(), sink);
+        notShown = WriteContactSheet(document, layout, writer, [&user, total](int position) {
+            user.ShowProgress(Format("一覧の作成　%d / %d枚", position + 1, total));
+        });
+        user.ShowProgress("");
+        return notShown.has_value();
+    });
+    if (written != ExitDone || notShown == 0) return written;
     Complain(Format("%d枚の写真を表示できません。ファイルがないか、壊れています。一覧では「表示でき"
                     "ません」になっています。",
-                    sheet.notShown));
+                    *notShown));
     return ExitFailed;
 }
 } // namespace

@@ -6,7 +6,7 @@
 
 /// One picture file, opened once for all that its Exif data tell. Only the head that holds them is
 /// read. Nothing in a file is trusted: what is cut off, of a wrong type or makes no sense counts as
-/// a field that isn't there.
+/// a field that isn't there. Objects share nothing, so that each thread may have its own.
 class ExifFile
 {
 public:

@@ -8,6 +8,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <optional>
 
 namespace
 {
@@ -26,15 +27,32 @@ WriteFailure Examine(const CString& path, WriteTarget& target)
     return readOnly ? WriteFailure::NotWritable : WriteFailure::None;
 }
 
-int Replace(const WriteTarget& old, std::string_view bytes)
+using Producer = std::function<bool(const ByteSink&)>;
+
+/// Makes the new file; an error number when that fails, nothing when \p produce gives up.
+std::optional<int> Fill(FileReplacement& replacement, const WriteTarget& old,
+                        const Producer& produce)
 {
-    FileReplacement replacement(old.path);
     const mode_t permissions = old.exists ? old.facts.st_mode & permissionBits : newFilePermissions;
     if (const int error = replacement.Open(permissions)) return error;
     if (old.exists) {
         if (const int error = replacement.LookLike(old.facts)) return error;
     }
-    if (const int error = replacement.Append(bytes)) return error;
+    int error = 0;
+    const bool produced = produce([&](std::string_view bytes) {
+        error = replacement.Append(bytes);
+        return error == 0;
+    });
+    if (error == 0 && !produced) return std::nullopt;
+    return error;
+}
+
+/// What \p produce gives becomes the whole of the file; an error number as Fill.
+std::optional<int> Replace(const WriteTarget& old, const Producer& produce)
+{
+    FileReplacement replacement(old.path);
+    const std::optional<int> filled = Fill(replacement, old, produce);
+    if (filled != 0) return filled;
     if (const int error = replacement.Flush()) return error;
     if (const int error = replacement.Place()) return error;
     // The new file is whole in any case; this only makes its name last through a power failure.
@@ -60,11 +78,21 @@ CString WhyNotReplaced(const CString& path)
 
 bool WriteFileAtomically(const CString& path, std::string_view bytes, WriteFailure* failure)
 {
+    return WriteFileAtomically(
+        path, [bytes](const ByteSink& sink) { return sink(bytes); }, failure);
+}
+
+bool WriteFileAtomically(const CString& path, const Producer& produce, WriteFailure* failure)
+{
     WriteTarget target;
     WriteFailure reason = Examine(path, target);
-    if (reason == WriteFailure::None) reason = FailureOf(Replace(target, bytes));
+    std::optional<int> error;
+    if (reason == WriteFailure::None) {
+        error = Replace(target, produce);
+        reason = FailureOf(error.value_or(0));
+    }
     if (failure != nullptr) *failure = reason;
-    return reason == WriteFailure::None;
+    return error == 0;
 }
 
 bool WriteWorkFile(const CString& path, std::string_view bytes)

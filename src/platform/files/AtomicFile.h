@@ -3,6 +3,8 @@
 #include "platform/files/WriteFailure.h"
 #include "platform/text/Text.h"
 
+#include <functional>
+
 /// Why the file \p path could not be replaced, as far as that can be told without writing.
 TOVI_EXPORT WriteFailure WhyNotReplaceable(const CString& path);
 
@@ -18,6 +20,15 @@ TOVI_EXPORT CString WhyNotReplaced(const CString& path);
 /// old file is untouched, and \p failure, if not null, tells why.
 [[nodiscard]] TOVI_EXPORT bool WriteFileAtomically(const CString& path, std::string_view bytes,
                                                    WriteFailure* failure = nullptr);
+
+/// Takes the next bytes of a content. False when there is no use in further ones.
+using ByteSink = std::function<bool(std::string_view bytes)>;
+
+/// The same with what \p produce hands to its sink, for a content that need not be in memory whole.
+/// Where \p produce returns false the old file stays, too, and \p failure is None.
+[[nodiscard]] TOVI_EXPORT bool
+WriteFileAtomically(const CString& path, const std::function<bool(const ByteSink&)>& produce,
+                    WriteFailure* failure = nullptr);
 
 /// The same for a file of our own making in the work area: a symbolic link of its name, which is
 /// none of ours, gives way and is never followed.

@@ -7,7 +7,7 @@
 /// The names under which new files come into being beside the ones they will replace. Whoever makes
 /// a file of such a name holds a lock on it until it has another one or is gone.
 
-/// A name that this program has not used yet.
+/// A name that this program has not used yet, in any of its threads.
 CString NewTemporaryName();
 
 /// Removes from \p folder what programs have left there that were killed: files with such names

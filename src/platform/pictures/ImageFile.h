@@ -8,6 +8,8 @@
 
 class QImage;
 
+/// Any number of threads may read pictures at once.
+
 /// The dimensions in the header of the image file \p path; nothing when it is no image.
 std::optional<QSize> ReadImageSize(const CString& path);
 

@@ -67,15 +67,12 @@ void LumCanvas::FillRect(const LumRect& place, unsigned long color)
 void LumCanvas::DrawImage(const LumRect& place, const LumImage& image)
 {
     if (!image.IsValid()) return;
-    const QImage source = LumPixels::Of(image);
-    QSize size = source.size();
-    if (size.width() > place.width || size.height() > place.height) {
-        size.scale(place.width, place.height, Qt::KeepAspectRatio);
-    }
-    QRect target({0, 0}, size);
+    LumImage fitting = image;
+    fitting.FitInto(place.width, place.height);
+    const QImage source = LumPixels::Of(fitting);
+    QRect target({0, 0}, source.size());
     target.moveCenter(ToQt(place).center());
-    QPainter painter(&painting->image);
-    painter.drawImage(target, source.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+    QPainter(&painting->image).drawImage(target, source);
 }
 
 void LumCanvas::DrawText(const LumRect& place, const CString& text, int pixels, int lines,

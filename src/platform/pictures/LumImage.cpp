@@ -29,8 +29,13 @@ struct WriteFormat
 constexpr WriteFormat writeFormats[] = {
     {LumBitmap, "bmp"}, {LumJpeg, "jpeg"}, {LumTiff, "tiff"}, {LumPng, "png"}};
 
-constexpr int jpegQualities[] = {60, 85, 95};
 } // namespace
+
+int JpegPercent(unsigned quality)
+{
+    constexpr int percents[] = {60, 85, 95};
+    return percents[std::min<std::size_t>(quality, std::size(percents) - 1)];
+}
 
 QImage LumPixels::Of(const LumImage& image)
 {
@@ -90,6 +95,14 @@ bool LumImage::IsValid() const
     return picture != nullptr;
 }
 
+void LumImage::FitInto(int width, int height)
+{
+    if (!picture || (GetWidth() <= width && GetHeight() <= height)) return;
+    const QSize size = picture->image.size().scaled(width, height, Qt::KeepAspectRatio);
+    picture->image = picture->image.scaled(size.expandedTo({1, 1}), Qt::IgnoreAspectRatio,
+                                           Qt::SmoothTransformation);
+}
+
 void LumImage::Clear()
 {
     picture.reset();
@@ -145,11 +158,10 @@ std::optional<std::string> LumImage::Encode(LumImageType type, unsigned quality)
         std::find_if(std::begin(writeFormats), std::end(writeFormats),
                      [type](const WriteFormat& known) { return known.type == type; });
     if (!picture || format == std::end(writeFormats)) return std::nullopt;
-    const int percent = jpegQualities[std::min<std::size_t>(quality, std::size(jpegQualities) - 1)];
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
-    if (!picture->image.save(&buffer, format->name, type == LumJpeg ? percent : -1)) {
+    if (!picture->image.save(&buffer, format->name, type == LumJpeg ? JpegPercent(quality) : -1)) {
         return std::nullopt;
     }
     return bytes.toStdString();

@@ -48,6 +48,9 @@ public:
     int GetWidth() const;
     int GetHeight() const;
 
+    /// Reduces the picture so that it fits into \p width by \p height pixels, both at least 1.
+    void FitInto(int width, int height);
+
     /// Turns the picture clockwise by \p angle degrees. The corners that a turn by no multiple of
     /// 90 leaves open get \p backColor (0x00BBGGRR). With \p keepSize the picture is cut to the
     /// size it had, else it grows; \p smooth interpolates.

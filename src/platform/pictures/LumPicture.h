@@ -17,3 +17,6 @@ struct LumPixels
     /// An empty picture for a null image.
     static LumImage From(QImage image);
 };
+
+/// The quality in percent that the libraries of JPEG files know for one of LumImage::Encode.
+int JpegPercent(unsigned quality);
