@@ -1,6 +1,5 @@
 #include "delivery/ToviDataParts.h"
 #include "delivery/ToviEnouDataFactory.h"
-#include "extraction/FetchAhead.h"
 #include "platform/files/MibFile.h"
 #include "platform/host/CDocument.h"
 
@@ -153,21 +152,13 @@ bool ToviData::GetPhotoItemValue(const CString& item, CStringArray& values)
 {
     const int defIndex = parts->itemDef.GetIndexFromTitle(item);
     if (defIndex == -1) return false;
-    // Views of texts that stay where they are, which those in values don't.
-    const CStringArray before = values;
-    std::unordered_set<std::string_view> known(before.begin(), before.end());
-    const std::vector<ToviPhoto*> photos(parts->photos.begin(), parts->photos.end());
+    const std::unordered_set<CString> known(values.begin(), values.end());
     bool hasEmpty = false;
-    for (std::size_t at = 0; at < photos.size(); ++at) {
-        FetchAhead(photos, at);
-        for (const ToviItem& entry : std::as_const(*photos[at]).GetItems()) {
-            if (entry.GetDefIndex() != defIndex) continue;
-            const CString& value = entry.GetValue();
-            if (value.empty()) {
-                hasEmpty = true;
-            } else if (known.insert(value).second) {
-                values.Add(value);
-            }
+    for (const CString& value : parts->columns.Of(defIndex).Values()) {
+        if (value.empty()) {
+            hasEmpty = true;
+        } else if (!known.contains(value)) {
+            values.Add(value);
         }
     }
     return hasEmpty;

@@ -6,6 +6,7 @@
 #include "items/ToviItemDef.h"
 #include "items/ToviItemManager.h"
 #include "items/ToviPhotoCtrlVisualSetting.h"
+#include "photos/ItemColumns.h"
 #include "photos/PhotoPaths.h"
 #include "photos/ToviPhotoArray.h"
 #include "review/LabelEdits.h"
@@ -16,6 +17,7 @@ struct ToviData::Parts
     explicit Parts(LabelEdits::Listener listener) : labelEdits(photos, std::move(listener)) {}
 
     ToviPhotoArray photos;
+    ItemColumns columns{photos};
     LabelEdits labelEdits;
     ToviItemDef itemDef;
     PhotoPathItems pathItems;

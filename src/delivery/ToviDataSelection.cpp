@@ -28,7 +28,7 @@ ToviSortCondition* ToviData::OnCreateSortCondition()
 
 void ToviData::Sort()
 {
-    ToviSorter sorter(parts->photos, parts->itemDef);
+    ToviSorter sorter(parts->columns, parts->itemDef);
     sorter.PrepareSort(parts->sortCondition->GetKeyItem(), curPhotos);
     sorter.QuickSort(parts->sortCondition->IsAscending(), curPhotos);
 }
@@ -65,7 +65,8 @@ void ToviData::ExtractionProcess()
 void ToviData::ExecExtractionAND()
 {
     if (extraction == nullptr) return;
-    const ExtractionEngine engine(parts->itemDef, parts->photos, extraction->GetConditions());
+    const ExtractionEngine engine(parts->itemDef, parts->photos, parts->columns,
+                                  extraction->GetConditions());
     const auto outcome = engine.ExecExtractionAND(curPhotos);
     if (outcome == ExtractionEngine::Outcome::Cancelled) CancelExtraction(CancelExtButton);
 }
@@ -73,7 +74,8 @@ void ToviData::ExecExtractionAND()
 void ToviData::ExecExtractionOR()
 {
     if (extraction == nullptr) return;
-    const ExtractionEngine engine(parts->itemDef, parts->photos, extraction->GetConditions());
+    const ExtractionEngine engine(parts->itemDef, parts->photos, parts->columns,
+                                  extraction->GetConditions());
     const auto outcome = engine.ExecExtractionOR(curPhotos);
     if (outcome == ExtractionEngine::Outcome::Cancelled) CancelExtraction(CancelExtButton);
 }

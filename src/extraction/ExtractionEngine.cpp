@@ -1,6 +1,5 @@
 #include "extraction/ExtractionEngine.h"
 
-#include "extraction/FetchAhead.h"
 #include "items/ToviItemDef.h"
 #include "photos/ToviNode.h"
 #include "work/ToviProgressDlg.h"
@@ -22,8 +21,9 @@ bool IsShownRequired(const Definition& definition)
 } // namespace
 
 ExtractionEngine::ExtractionEngine(const ToviItemDef& def, const ToviPhotoArray& photos,
+                                   const ItemColumns& itemColumns,
                                    const ExtractionConditions& conditions)
-    : itemDef(def), photoData(photos)
+    : itemDef(def), photoData(photos), columns(itemColumns)
 {
     if (conditions.keyPhoto) AddKeyPhoto();
     if (conditions.ngPhoto) Add([](const ToviPhoto& photo) { return photo.HasNGLabel(); });
@@ -38,8 +38,29 @@ ExtractionEngine::ExtractionEngine(const ToviItemDef& def, const ToviPhotoArray&
 
 void ExtractionEngine::Add(std::function<bool(ToviPhoto&)> holds)
 {
-    tests.push_back([holds = std::move(holds)](ToviPhoto& photo) {
-        return holds(photo) ? Verdict::Holds : Verdict::Fails;
+    tests.push_back([this, holds = std::move(holds)](int photo) {
+        return holds(*photoData[photo]) ? Verdict::Holds : Verdict::Fails;
+    });
+}
+
+void ExtractionEngine::AddFirst(int item, const std::function<Verdict(const CString&)>& judge)
+{
+    const ItemColumn& column = columns.Of(item);
+    std::vector<Verdict> verdicts;
+    for (const CString& value : column.Values()) verdicts.push_back(judge(value));
+    tests.push_back([&column, verdicts, ofNone = judge({})](int photo) {
+        const int first = column.First(photo);
+        return first == ItemColumn::none ? ofNone : verdicts[static_cast<std::size_t>(first)];
+    });
+}
+
+void ExtractionEngine::AddAny(int item, const std::function<bool(const CString&)>& isWanted)
+{
+    const ItemColumn& column = columns.Of(item);
+    std::vector<bool> wanted;
+    for (const CString& value : column.Values()) wanted.push_back(isWanted(value));
+    tests.push_back([&column, wanted](int photo) {
+        return column.HasAny(photo, wanted) ? Verdict::Holds : Verdict::Fails;
     });
 }
 
@@ -47,8 +68,8 @@ void ExtractionEngine::AddKeyPhoto()
 {
     const int item = itemDef.GetIndexFromTitle(keyPhotoTitle);
     if (item == -1) return;
-    Add([item](const ToviPhoto& photo) {
-        return photo.GetTitle(item) == std::string_view(keyPhotoValue);
+    AddFirst(item, [](const CString& value) {
+        return value == keyPhotoValue ? Verdict::Holds : Verdict::Fails;
     });
 }
 
@@ -70,14 +91,9 @@ void ExtractionEngine::AddRequiredItems()
 
 void ExtractionEngine::AddItem(const CString& title, const CString& text)
 {
-    const int index = itemDef.GetIndexFromTitle(title);
     const bool orEmpty = text == missingValueTitle;
-    Add([index, orEmpty, text](const ToviPhoto& photo) {
-        const ToviItemArray& items = photo.GetItems();
-        return std::any_of(items.begin(), items.end(), [&](const ToviItem& item) {
-            return index != -1 && item.GetDefIndex() == index &&
-                   (item.GetValue() == text || (orEmpty && item.GetValue().empty()));
-        });
+    AddAny(itemDef.GetIndexFromTitle(title), [&text, orEmpty](const CString& value) {
+        return value == text || (orEmpty && value.empty());
     });
 }
 
@@ -87,12 +103,11 @@ void ExtractionEngine::AddDate(const ExtractionConditions& conditions)
         return from <= date && date <= to ? Verdict::Holds : Verdict::Fails;
     };
     if (conditions.dateKind != 0) {
-        tests.push_back([judge](ToviPhoto& photo) { return judge(photo.GetFileRenewalDate()); });
+        tests.push_back(
+            [this, judge](int photo) { return judge(photoData[photo]->GetFileRenewalDate()); });
         return;
     }
-    const int item = itemDef.GetIndexFromTitle(shootingDateTitle);
-    tests.push_back([judge, item](const ToviPhoto& photo) {
-        const std::string_view date = photo.GetTitle(item);
+    AddFirst(itemDef.GetIndexFromTitle(shootingDateTitle), [&judge](const CString& date) {
         return date.empty() ? Verdict::NoDate : judge(date);
     });
 }
@@ -107,7 +122,7 @@ ExtractionEngine::Outcome ExtractionEngine::ExecExtractionOR(ToviPhotoRef& curre
     return Run(current, &ExtractionEngine::JudgeOR);
 }
 
-ExtractionEngine::Verdict ExtractionEngine::JudgeAND(ToviPhoto& photo) const
+ExtractionEngine::Verdict ExtractionEngine::JudgeAND(int photo) const
 {
     for (const Condition& test : tests) {
         const Verdict verdict = test(photo);
@@ -116,7 +131,7 @@ ExtractionEngine::Verdict ExtractionEngine::JudgeAND(ToviPhoto& photo) const
     return Verdict::Holds;
 }
 
-ExtractionEngine::Verdict ExtractionEngine::JudgeOR(ToviPhoto& photo) const
+ExtractionEngine::Verdict ExtractionEngine::JudgeOR(int photo) const
 {
     for (const Condition& test : tests) {
         const Verdict verdict = test(photo);
@@ -126,26 +141,21 @@ ExtractionEngine::Verdict ExtractionEngine::JudgeOR(ToviPhoto& photo) const
 }
 
 ExtractionEngine::Outcome ExtractionEngine::Run(ToviPhotoRef& current,
-                                                Verdict (ExtractionEngine::*judge)(ToviPhoto&)
-                                                    const) const
+                                                Verdict (ExtractionEngine::*judge)(int) const) const
 {
     // A handler that runs inside the progress window's pump may change the current array.
     const std::vector<int> indexes(current.begin(), current.end());
-    std::vector<ToviPhoto*> photos;
-    photos.reserve(indexes.size());
-    for (const int index : indexes) photos.push_back(photoData[index]);
-    const CString behindNumber = " / " + std::to_string(indexes.size());
-
     ToviProgressDlg progress(true);
     progress.Begin(current.GetSize());
     CArray<int> result;
-    for (std::size_t i = 0; i < photos.size(); ++i) {
-        if (photos[i] == nullptr) return Outcome::Abandoned;
-        FetchAhead(photos, i);
-        const Verdict verdict = (this->*judge)(*photos[i]);
-        if (verdict == Verdict::Holds) result.Add(indexes[i]);
+    int done = 0;
+    for (const int index : indexes) {
+        if (photoData[index] == nullptr) return Outcome::Abandoned;
+        const Verdict verdict = (this->*judge)(index);
+        if (verdict == Verdict::Holds) result.Add(index);
+        ++done;
         if (verdict == Verdict::NoDate) continue;
-        progress.SetMessage(progressText + std::to_string(i + 1) + behindNumber);
+        progress.SetMessage(progressText, done, static_cast<int>(indexes.size()));
         if (progress.GetCancel()) return Outcome::Cancelled;
         progress.StepIt();
     }

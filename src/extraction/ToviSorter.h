@@ -5,8 +5,8 @@
 
 #include <vector>
 
+class ItemColumns;
 class ToviItemDef;
-class ToviPhotoArray;
 
 /// Orders photographs by the value of one item; serves one sort. Texts go by
 /// the codes of code page 932, the values of シリアル番号 by their number. Equal values keep the
@@ -17,24 +17,21 @@ public:
     /// What one entry is sorted by.
     struct Data
     {
-        bool numeric = false;
         /// Photo index.
         int index = -1;
-        /// The key when numeric.
+        /// The place of its value among those of all photographs; equal ones share it.
         int number = -1;
-        /// The key when not: the bytes by which the value sorts.
-        std::string text;
     };
 
     ToviSorter() = default;
-    /// Of a document's actual array \p actual with the definitions \p definitions; both outlive
-    /// the sorter.
-    ToviSorter(const ToviPhotoArray& actual, const ToviItemDef& definitions)
-        : photos(&actual), itemDef(&definitions)
+    /// Of the document with the columns \p itemColumns and the definitions \p definitions; both
+    /// outlive the sorter.
+    ToviSorter(const ItemColumns& itemColumns, const ToviItemDef& definitions)
+        : columns(&itemColumns), itemDef(&definitions)
     {}
     virtual ~ToviSorter() = default;
 
-    /// Reads the values of the item titled \p key. An index in \p ref that is
+    /// Looks up the values of the item titled \p key. An index in \p ref that is
     /// outside of the actual array throws InvalidArgument. With an empty \p ref nothing happens.
     /// Without an item of that title all values are empty.
     virtual void PrepareSort(const CString& key, const ToviPhotoRef& ref);
@@ -43,11 +40,15 @@ public:
     virtual const Data* EndSort() const { return nullptr; }
 
     /// Negative when \p a stands before \p b in the ascending order, else positive. The descending
-    /// order is its exact mirror. Only the flag numeric of \p a counts.
-    static int CompareUp(const Data& a, const Data& b);
+    /// order is its exact mirror.
+    static int CompareUp(const Data& a, const Data& b)
+    {
+        if (a.number != b.number) return a.number < b.number ? -1 : 1;
+        return a.index < b.index ? -1 : 1;
+    }
 
 private:
-    const ToviPhotoArray* photos = nullptr;
+    const ItemColumns* columns = nullptr;
     const ToviItemDef* itemDef = nullptr;
     std::vector<Data> entries;
 };

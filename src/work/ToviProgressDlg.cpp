@@ -116,13 +116,25 @@ void ToviProgressDlg::SetMessage(const CString& text)
 {
     if (text.empty() || text == message || !IsWindow()) return;
     message = text;
+    counted = {};
     messagePending = true;
     // A fast loop tells more texts than can be painted: its window gets the last one before a pump.
     if (!throttled) ShowMessage();
 }
 
+void ToviProgressDlg::SetMessage(const char* text, int done, int count)
+{
+    if (window == nullptr) return;
+    counted = {text, done, count};
+    messagePending = true;
+    if (!throttled) ShowMessage();
+}
+
 void ToviProgressDlg::ShowMessage()
 {
+    if (messagePending && counted.text != nullptr) {
+        message = Format("%s%d / %d", counted.text, counted.done, counted.count);
+    }
     if (messagePending && IsWindow()) window->SetMessage(message);
     messagePending = false;
 }

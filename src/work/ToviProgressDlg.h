@@ -44,6 +44,9 @@ public:
     int StepIt();
     /// An empty text leaves the message as it is.
     void SetMessage(const CString& text);
+    /// The message of a loop over \p count things of which \p done are done: \p text, which
+    /// outlives this object, with both behind it. It costs nothing until it is painted.
+    void SetMessage(const char* text, int done, int count);
     /// Tells of a cancel once: whoever asked must act on it.
     bool GetCancel();
     /// Enables the owner and takes the window away. False when it had gone already.
@@ -60,6 +63,14 @@ private:
     CWnd* constructedParent;
     std::unique_ptr<ProgressPort> window;
     CString message;
+    /// What the message will be made of when it is painted; no text for what is one already.
+    struct Counted
+    {
+        const char* text = nullptr;
+        int done = 0;
+        int count = 0;
+    };
+    Counted counted;
     CString percent = "100%";
     int lowerEnd = 0;
     int upperEnd = 100;
