@@ -21,6 +21,8 @@ struct ToviData::Parts
     LabelEdits labelEdits;
     ToviItemDef itemDef;
     PhotoPathItems pathItems;
+    /// Of the photographs' names (see RecordOrigin); empty until somebody asks.
+    CString namesDigest;
     ToviLabelManager labelManager;
     std::unique_ptr<ToviPhotoCtrlVisualSetting> visualSetting;
     std::unique_ptr<ToviSortCondition> sortCondition;

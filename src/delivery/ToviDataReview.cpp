@@ -94,7 +94,12 @@ void ToviData::TellOf(LabelEdit& edit)
 
 RecordOrigin ToviData::GetRecordOrigin()
 {
-    return {parts->photos, parts->itemDef, GetPathItems().photograph};
+    // Photographs and their items stay as they are once they are loaded.
+    if (parts->namesDigest.empty()) {
+        parts->namesDigest =
+            RecordOrigin::DigestNames(parts->photos, parts->itemDef, parts->pathItems.photograph);
+    }
+    return {parts->photos, parts->namesDigest};
 }
 
 bool ToviData::SaveExamination(const char* path, const char* note, int* result)
@@ -117,9 +122,13 @@ bool ToviData::LoadExamination(const char* path, int* result, RecordsTaken taken
     if (*path == '\0') return false;
     ToviXmlLoadManager manager(path, RootPath());
     if (taken == RecordsOfThisDelivery) manager.Expect(GetRecordOrigin());
-    PhotoReviews reviews = GetReviews();
-    const bool loaded = manager.Load(reviews, result);
-    if (loaded) parts->labelEdits.Apply(parts->labelEdits.Make(LabelEdit::RecordLoad, reviews));
+    PhotoReviews before = GetReviews();
+    PhotoReviews after = before;
+    const bool loaded = manager.Load(after, result);
+    if (loaded) {
+        parts->labelEdits.Apply(
+            LabelEdits::Make(LabelEdit::RecordLoad, std::move(before), std::move(after)));
+    }
     UpdateHasComment();
     return loaded;
 }

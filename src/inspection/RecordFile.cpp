@@ -28,7 +28,7 @@ std::optional<PhotoReviews> ReadReviews(ToviData& document, const CString& file,
 void TakeUp(ToviData& document, const PhotoReviews& merged)
 {
     LabelEdits& edits = document.GetLabelEdits();
-    edits.Apply(edits.Make(LabelEdit::RecordMerge, merged));
+    edits.Apply(LabelEdits::Make(LabelEdit::RecordMerge, document.GetReviews(), merged));
     document.UpdateHasComment();
 }
 } // namespace

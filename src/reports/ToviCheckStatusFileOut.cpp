@@ -210,7 +210,7 @@ CheckStatusOutcome ToviCheckStatusFileOut::WritePages(SpreadsheetBook& book,
         std::vector<std::vector<CString>> rows;
         for (const int end = position + size; position < end; ++position) {
             rows.push_back(cells.Of(*data.GetPhoto(position)));
-            progress.SetMessage(Format("Excelデータ出力中　%d / %d", position + 1, count));
+            progress.SetMessage("Excelデータ出力中　", position + 1, count);
             if (progress.GetCancel()) return CheckStatusOutcome::Cancelled;
             progress.StepIt();
         }

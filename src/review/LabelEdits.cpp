@@ -2,8 +2,6 @@
 
 #include "photos/ToviPhotoArray.h"
 
-#include <numeric>
-
 LabelEdit LabelEdits::Make(LabelEdit::Kind kind, std::span<const int> photos, const Rule& rule,
                            CWnd* sender) const
 {
@@ -18,12 +16,14 @@ LabelEdit LabelEdits::Make(LabelEdit::Kind kind, std::span<const int> photos, co
     return edit;
 }
 
-LabelEdit LabelEdits::Make(LabelEdit::Kind kind, const PhotoReviews& after) const
+LabelEdit LabelEdits::Make(LabelEdit::Kind kind, PhotoReviews before, PhotoReviews after)
 {
-    std::vector<int> indexes(after.size());
-    std::iota(indexes.begin(), indexes.end(), 0);
-    auto next = after.begin();
-    return Make(kind, indexes, [&next](PhotoReview& review) { review = *next++; });
+    LabelEdit edit(kind);
+    for (std::size_t i = 0; i < after.size(); ++i) {
+        if (after[i] == before[i]) continue;
+        edit.changes.push_back({static_cast<int>(i), std::move(before[i]), std::move(after[i])});
+    }
+    return edit;
 }
 
 void LabelEdits::Apply(LabelEdit edit)
@@ -45,7 +45,7 @@ int LabelEdits::Count(LabelSet labels) const
 
 void LabelEdits::Set(ToviPhoto& photo, const PhotoReview& review)
 {
-    --counts[ReviewOf(photo).labels.to_ulong()];
+    --counts[LabelSetOf(photo).to_ulong()];
     ++counts[review.labels.to_ulong()];
     for (unsigned int slot = 0; slot < labelCount; ++slot) {
         if (review.labels[slot]) {

@@ -63,8 +63,8 @@ public:
     /// throws InvalidArgument.
     LabelEdit Make(LabelEdit::Kind kind, std::span<const int> photos, const Rule& rule,
                    CWnd* sender = nullptr) const;
-    /// The edit that gives all photographs the reviews \p after.
-    LabelEdit Make(LabelEdit::Kind kind, const PhotoReviews& after) const;
+    /// The edit that gives all photographs, whose reviews are \p before now, the reviews \p after.
+    static LabelEdit Make(LabelEdit::Kind kind, PhotoReviews before, PhotoReviews after);
 
     /// Gives each photograph of \p edit what it has afterwards, and tells the listener.
     void Apply(LabelEdit edit);

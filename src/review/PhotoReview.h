@@ -24,5 +24,6 @@ struct PhotoReview
 /// Those of all photographs, in the order of PHOTO.XML.
 using PhotoReviews = std::vector<PhotoReview>;
 
+LabelSet LabelSetOf(const ToviPhoto& photo);
 PhotoReview ReviewOf(const ToviPhoto& photo);
 PhotoReviews ReviewsOf(const ToviPhotoArray& photos);

@@ -45,8 +45,14 @@ std::optional<std::uint64_t> SizeFrom(std::string_view text)
 }
 } // namespace
 
-RecordOrigin::RecordOrigin(const ToviPhotoArray& photos, const ToviItemDef& definitions, int file)
-    : names(TextDigest(NamesIn(photos, definitions, file)))
+CString RecordOrigin::DigestNames(const ToviPhotoArray& photos, const ToviItemDef& definitions,
+                                  int file)
+{
+    return TextDigest(NamesIn(photos, definitions, file));
+}
+
+RecordOrigin::RecordOrigin(const ToviPhotoArray& photos, CString namesDigest)
+    : names(std::move(namesDigest))
 {
     const int count = std::min(photos.GetSize(), mostSizes);
     for (int number = 0; number < count; ++number) {

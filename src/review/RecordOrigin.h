@@ -17,9 +17,12 @@ class ToviPhotoArray;
 class RecordOrigin
 {
 public:
-    /// That of the delivery of \p photos, as it is now. \p file is the definition index of their
+    /// That of the delivery of \p photos, as it is now, whose names have the digest \p namesDigest.
+    RecordOrigin(const ToviPhotoArray& photos, CString namesDigest);
+    /// The digest of all file names and serial numbers. \p file is the definition index of the
     /// files' names.
-    RecordOrigin(const ToviPhotoArray& photos, const ToviItemDef& definitions, int file);
+    static CString DigestNames(const ToviPhotoArray& photos, const ToviItemDef& definitions,
+                               int file);
     /// That of the record that says \p text; where this isn't like what Text() gives, it differs
     /// from none.
     explicit RecordOrigin(const CString& text);

@@ -28,7 +28,7 @@ bool ToviXmlLoadManager::Load(PhotoReviews& reviews, int* result)
         while (!place.IsTag(RecordTags::photo)) place.NextSibling();
         Apply(ReadEntry(), reviews[static_cast<std::size_t>(index)]);
         place.NextSibling();
-        progress.SetMessage(Format("検査状況読み込み中　%d / %d", index + 1, count));
+        progress.SetMessage("検査状況読み込み中　", index + 1, count);
         progress.StepIt();
     }
     return true;
@@ -84,9 +84,9 @@ void ToviXmlLoadManager::ReadField(Entry& entry) const
         entry.labels[label - std::begin(RecordTags::labels)] = text == "1";
 }
 
-void ToviXmlLoadManager::Apply(const Entry& entry, PhotoReview& review)
+void ToviXmlLoadManager::Apply(Entry entry, PhotoReview& review)
 {
-    if (entry.comment) review.comment = *entry.comment;
+    if (entry.comment) review.comment = std::move(*entry.comment);
     for (unsigned int slot = 0; slot < labelCount; ++slot) {
         if (entry.labels[slot]) review.labels[slot] = *entry.labels[slot];
     }

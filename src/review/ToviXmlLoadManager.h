@@ -40,7 +40,7 @@ private:
     int CountEntries() const;
     Entry ReadEntry();
     void ReadField(Entry& entry) const;
-    static void Apply(const Entry& entry, PhotoReview& review);
+    static void Apply(Entry entry, PhotoReview& review);
 
     std::optional<RecordOrigin> expected;
     DoxDocument document;

@@ -70,7 +70,7 @@ bool ToviXmlSaveManager::WritePhotos(const ToviPhotoArray& photos)
     progress.Begin(count);
     for (int index = 0; index < count; ++index) {
         WritePhoto(*photos[index]);
-        progress.SetMessage(Format("検査状況出力中　%d / %d", index + 1, count));
+        progress.SetMessage("検査状況出力中　", index + 1, count);
         if (progress.GetCancel()) return false;
         progress.StepIt();
     }

@@ -34,7 +34,8 @@ protected:
     void SetAll(const PhotoReviews& reviews) const
     {
         LabelEdits& edits = sample.document->GetLabelEdits();
-        edits.Apply(edits.Make(LabelEdit::RecordLoad, reviews));
+        edits.Apply(
+            LabelEdits::Make(LabelEdit::RecordLoad, sample.document->GetReviews(), reviews));
     }
     RecordFile::SaveResult Save() { return record.Save(*sample.document, path); }
 

@@ -5,8 +5,8 @@
 #include <optional>
 
 /// Code page 932 as Windows has it (①, ㈱, 髙, ～ U+FF5E, － U+FF0D): the encoding of files that
-/// are declared Shift_JIS, and the system's measure for lengths and sort orders. Any thread may call
-/// its functions.
+/// are declared Shift_JIS, and the system's measure for lengths and sort orders. Any thread may
+/// call its functions.
 namespace Cp932
 {
 /// Decodes \p bytes to UTF-8; nothing when a byte stands outside the code page or the last

@@ -62,8 +62,12 @@ CString FoldCase(std::string_view text)
     CString folded;
     folded.reserve(text.size());
     while (!text.empty()) {
+        const auto front = static_cast<unsigned char>(text.front());
         // An ill-formed byte is part of the file name and has no counterpart in another case.
-        if (SequenceLength(text) == 0) {
+        if (front < 0x80) {
+            folded += static_cast<char>(front >= 'A' && front <= 'Z' ? front + ('a' - 'A') : front);
+            text.remove_prefix(1);
+        } else if (SequenceLength(text) == 0) {
             folded += text.front();
             text.remove_prefix(1);
         } else {
