@@ -13,15 +13,13 @@ constexpr const char* numericKey = "シリアル番号";
 void ToviSorter::PrepareSort(const CString& key, const ToviPhotoRef& ref)
 {
     if (columns == nullptr || ref.IsEmpty()) return;
-    const ItemColumn& column = columns->Of(itemDef->GetIndexFromTitle(key));
-    const std::vector<int>& ranks =
-        column.Ranks(key == numericKey ? ValueOrder::Number : ValueOrder::Text);
+    const std::vector<int>& ranks = columns->Ranks(
+        itemDef->GetIndexFromTitle(key), key == numericKey ? ValueOrder::Number : ValueOrder::Text);
+    const int photos = static_cast<int>(ranks.size());
     entries.clear();
     entries.reserve(static_cast<std::size_t>(ref.GetSize()));
     for (const int index : ref) {
-        if (index < 0 || index >= column.PhotoCount()) {
-            ThrowOutsideArray(index, column.PhotoCount());
-        }
+        if (index < 0 || index >= photos) ThrowOutsideArray(index, photos);
         entries.push_back({index, ranks[static_cast<std::size_t>(index)]});
     }
 }

@@ -10,6 +10,30 @@
 
 namespace
 {
+/// A value of the photograph with this index.
+struct Place
+{
+    int photo;
+    const CString* value;
+};
+
+/// All values of \p item in the order of the photographs. Nothing else is done on this walk, so
+/// that the processor waits for several photographs at a time.
+std::vector<Place> ValuesOf(const ToviPhotoArray& photos, int item)
+{
+    std::vector<Place> places;
+    if (item < 0) return places;
+    places.reserve(static_cast<std::size_t>(photos.GetSize()));
+    for (int index = 0; index < photos.GetSize(); ++index) {
+        const ToviPhoto* const photo = photos[index];
+        if (photo == nullptr) continue;
+        for (const ToviItem& candidate : photo->GetItems()) {
+            if (candidate.GetDefIndex() == item) places.push_back({index, &candidate.GetValue()});
+        }
+    }
+    return places;
+}
+
 int DecimalPrefix(const CString& text)
 {
     constexpr int decimal = 10;
@@ -17,13 +41,23 @@ int DecimalPrefix(const CString& text)
         std::clamp<long long>(std::strtoll(text.c_str(), nullptr, decimal), INT_MIN, INT_MAX));
 }
 
+std::vector<int> Numbers(const ToviPhotoArray& photos, int item)
+{
+    std::vector<int> numbers(static_cast<std::size_t>(photos.GetSize()), 0);
+    int last = -1;
+    for (const auto& [photo, value] : ValuesOf(photos, item)) {
+        if (photo != last) numbers[static_cast<std::size_t>(photo)] = DecimalPrefix(*value);
+        last = photo;
+    }
+    return numbers;
+}
+
 /// The place of each of \p keys in their order; equal ones share it.
-template <class Key>
-std::vector<int> PlacesOf(const std::vector<Key>& keys)
+std::vector<int> PlacesOf(const std::vector<std::string>& keys)
 {
     std::vector<int> ordered(keys.size());
     std::iota(ordered.begin(), ordered.end(), 0);
-    const auto keyOf = [&keys](int number) -> const Key& {
+    const auto keyOf = [&keys](int number) -> const std::string& {
         return keys[static_cast<std::size_t>(number)];
     };
     std::sort(ordered.begin(), ordered.end(),
@@ -37,41 +71,38 @@ std::vector<int> PlacesOf(const std::vector<Key>& keys)
     return places;
 }
 
-template <class Key, class MakeKey>
-std::vector<int> PlacesBy(const std::deque<CString>& values, MakeKey makeKey)
+std::vector<int> TextRanks(const ItemColumn& column)
 {
-    std::vector<Key> keys;
-    keys.reserve(values.size() + 1);
-    for (const CString& value : values) keys.push_back(makeKey(value));
-    keys.push_back(makeKey(CString()));
-    return PlacesOf(keys);
+    std::vector<std::string> keys;
+    keys.reserve(column.Values().size() + 1);
+    for (const CString& value : column.Values()) keys.push_back(Cp932::SortKey(value));
+    keys.emplace_back();
+    const std::vector<int> places = PlacesOf(keys);
+    std::vector<int> ranks;
+    ranks.reserve(column.Firsts().size());
+    for (const int first : column.Firsts()) {
+        ranks.push_back(first == ItemColumn::none ? places.back()
+                                                  : places[static_cast<std::size_t>(first)]);
+    }
+    return ranks;
 }
 } // namespace
 
 ItemColumn::ItemColumn(const ToviPhotoArray& photos, int item)
     : firsts(static_cast<std::size_t>(photos.GetSize()), none)
 {
-    if (item < 0) return;
     std::unordered_map<std::string_view, int> numbers;
-    const auto numberOf = [this, &numbers](const CString& value) {
-        const auto known = numbers.find(value);
-        if (known != numbers.end()) return known->second;
-        const int number = static_cast<int>(values.size());
-        numbers.emplace(values.emplace_back(value), number);
-        return number;
-    };
-    for (int index = 0; index < PhotoCount(); ++index) {
-        const ToviPhoto* const photo = photos[index];
-        if (photo == nullptr) continue;
-        int& first = firsts[static_cast<std::size_t>(index)];
-        for (const ToviItem& candidate : photo->GetItems()) {
-            if (candidate.GetDefIndex() != item) continue;
-            const int number = numberOf(candidate.GetValue());
-            if (first == none) {
-                first = number;
-            } else {
-                others[index].push_back(number);
-            }
+    for (const auto& [photo, value] : ValuesOf(photos, item)) {
+        auto known = numbers.find(*value);
+        if (known == numbers.end()) {
+            const int number = static_cast<int>(values.size());
+            known = numbers.emplace(values.emplace_back(*value), number).first;
+        }
+        int& first = firsts[static_cast<std::size_t>(photo)];
+        if (first == none) {
+            first = known->second;
+        } else {
+            others[photo].push_back(known->second);
         }
     }
 }
@@ -87,25 +118,18 @@ bool ItemColumn::HasAny(int photo, const std::vector<bool>& wanted) const
                        [&wanted](int number) { return wanted[static_cast<std::size_t>(number)]; });
 }
 
-const std::vector<int>& ItemColumn::Ranks(ValueOrder order) const
-{
-    std::vector<int>& made = ranks[static_cast<std::size_t>(order)];
-    if (!made.empty()) return made;
-    const std::vector<int> places = order == ValueOrder::Number
-                                        ? PlacesBy<int>(values, DecimalPrefix)
-                                        : PlacesBy<std::string>(values, Cp932::SortKey);
-    made.reserve(firsts.size());
-    for (const int first : firsts) {
-        made.push_back(first == none ? places.back() : places[static_cast<std::size_t>(first)]);
-    }
-    return made;
-}
-
 const ItemColumn& ItemColumns::Of(int item) const
 {
     const auto known = columns.find(item);
-    if (known != columns.end() && known->second.PhotoCount() == photos.GetSize()) {
-        return known->second;
-    }
+    const auto count = static_cast<std::size_t>(photos.GetSize());
+    if (known != columns.end() && known->second.Firsts().size() == count) return known->second;
     return columns.insert_or_assign(item, ItemColumn(photos, item)).first->second;
+}
+
+const std::vector<int>& ItemColumns::Ranks(int item, ValueOrder order) const
+{
+    std::vector<int>& made = ranks[{item, order}];
+    if (made.size() == static_cast<std::size_t>(photos.GetSize())) return made;
+    made = order == ValueOrder::Number ? Numbers(photos, item) : TextRanks(Of(item));
+    return made;
 }

@@ -1,6 +1,7 @@
-#include "platform/files/MibFile.h"
+#include "photos/ToviPhoto.h"
 #include "platform/files/TemporaryFiles.h"
 #include "platform/host/WorkAhead.h"
+#include "platform/pictures/LumImage.h"
 #include "platform/text/Cp932.h"
 #include "support/OpenedSample.h"
 
