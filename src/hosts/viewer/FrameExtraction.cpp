@@ -73,9 +73,10 @@ void FrameExtraction::ShowConditions()
 {
     if (dock->isHidden()) {
         dock->show();
-        // Once the frame has made room for it.
+        // Once the frame has made room for it, which keeps some of what it is asked for to itself.
         QTimer::singleShot(0, this, [this] {
-            frame->resizeDocks({dock}, {dock->sizeHint().height()}, Qt::Vertical);
+            const int spare = 2 * dock->fontMetrics().lineSpacing();
+            frame->resizeDocks({dock}, {dock->sizeHint().height() + spare}, Qt::Vertical);
         });
     }
     dock->raise();
