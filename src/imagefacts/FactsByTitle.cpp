@@ -88,7 +88,7 @@ CString ExifFactByTitle(const ToviExifInfo& exif, const CString& title)
 const FileFacts::Size& FileFacts::PictureSize()
 {
     if (!size) {
-        size.emplace();
+        size = Size{};
         size->known = LumImage::GetCommentImageSize(path.c_str(), size->width, size->height);
     }
     return *size;
