@@ -1,5 +1,5 @@
 #include "platform/controls/ImageView.h"
-#include "platform/controls/ReducedImages.h"
+#include "platform/pictures/ReducedImages.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/controls/ImageView.h"
-#include "platform/controls/ReducedImages.h"
+#include "platform/pictures/ReducedImages.h"
 #include "platform/pictures/ToneCurve.h"
 #include "platform/text/Export.h"
 

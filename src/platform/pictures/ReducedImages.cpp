@@ -1,4 +1,4 @@
-#include "platform/controls/ReducedImages.h"
+#include "platform/pictures/ReducedImages.h"
 
 #include <algorithm>
 
