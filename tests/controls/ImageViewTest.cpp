@@ -99,4 +99,20 @@ TEST(ReducedImages, GivesTheSmallestCopyThatIsLargeEnough)
     EXPECT_EQ(images.At(1e-9).size(), QSize(1, 1));
     EXPECT_TRUE(ReducedImages().IsNull());
 }
+
+TEST(ReducedImages, AreTheMeansOfTheirPixels)
+{
+    QImage picture(5, 3, QImage::Format_RGB32);
+    picture.fill(qRgb(10, 20, 200));
+    picture.setPixel(0, 0, qRgb(50, 20, 200));
+    picture.setPixel(4, 2, qRgb(10, 20, 100));
+    ReducedImages images(picture);
+    images.MakeAll(3);
+    const QImage& half = images.At(0.5);
+    ASSERT_EQ(half.size(), QSize(3, 2));
+    EXPECT_EQ(half.pixel(0, 0), qRgb(20, 20, 200));
+    EXPECT_EQ(half.pixel(1, 1), qRgb(10, 20, 200));
+    EXPECT_EQ(half.pixel(2, 1), qRgb(10, 20, 100));
+    EXPECT_EQ(images.Bytes(), static_cast<std::size_t>((5 * 3 + 3 * 2) * 4));
+}
 } // namespace

@@ -19,6 +19,10 @@ public:
     QSize Size() const { return size; }
     /// The smallest copy that is no smaller than the picture at \p zoom (above 0), if there is one.
     const QImage& At(double zoom);
+    /// Makes all copies down to one of which no side is longer than \p side (above 0).
+    void MakeAll(int side);
+    /// The memory that the picture takes with the copies that there are.
+    std::size_t Bytes() const;
 
 private:
     std::vector<QImage> images;
