@@ -84,6 +84,7 @@ void ToviData::RootPath(const char* path)
     if (!rootPath.empty()) earlierRoots.Add(rootPath);
     rootPath = path;
     MibNormalDir(rootPath);
+    parts->files.reset();
 }
 
 CStringArray ToviData::DeliveryRoots() const
@@ -100,6 +101,15 @@ bool ToviData::IsFileOfDelivery(const CString& path) const
                        [&path](const CString& root) { return MibIsFileInside(root, path); });
 }
 
+std::shared_ptr<const DeliveryFiles> ToviData::GetFiles()
+{
+    if (!parts->files) {
+        parts->files = std::make_shared<DeliveryFiles>(standAlone ? std::optional(DeliveryRoots())
+                                                                  : std::nullopt);
+    }
+    return parts->files;
+}
+
 void ToviData::MakePath()
 {
     for (ToviPhoto* photo : parts->photos) photo->MakePath();
@@ -114,6 +124,7 @@ void ToviData::SetStandAlone(bool alone)
 {
     standAlone = alone;
     parts->pathItems = FindPhotoPathItems(parts->itemDef, standAlone);
+    parts->files.reset();
 }
 
 CString ToviData::GetIndexPath()

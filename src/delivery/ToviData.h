@@ -14,9 +14,11 @@
 
 class CDocument;
 class CWnd;
+class DeliveryFiles;
 class FolderClaim;
 class LabelEdits;
 class RecordOrigin;
+class TamperCheck;
 class ToviExtractionDlg;
 class ToviItemManager;
 class ToviItemShowSettings;
@@ -76,6 +78,9 @@ public:
     /// or until another one takes its place.
     void HoldFolder(std::shared_ptr<const FolderClaim> claim) { folderClaim = std::move(claim); }
     bool IsFileOfDelivery(const CString& path) const override;
+    /// What may be read for the photographs, for threads that do so: another object after each
+    /// change of folder.
+    std::shared_ptr<const DeliveryFiles> GetFiles();
 
     ToviItemDef* GetItemDef() override;
     ToviPhotoArray* GetPhotoDataArray();
@@ -193,6 +198,9 @@ public:
     /// Has the verifiers judge the file of \p photo as the visual setting says, and notes the
     /// result on it. Without the check in the setting the result stays as it is.
     void CheckEditJPEG(ToviPhoto* photo);
+    /// What checks them, for threads that do so: another object once the setting has changed. Null
+    /// without the check in the setting.
+    std::shared_ptr<TamperCheck> GetTamperCheck() const;
     /// Forgets the results of all photographs.
     void Initialize_CheckEditJPEG();
 

@@ -2,12 +2,13 @@
 
 #include "delivery/ToviData.h"
 #include "extraction/ToviSortCondition.h"
-#include "imagefacts/ToviImageCheckCommon.h"
 #include "items/ToviItemDef.h"
 #include "items/ToviItemManager.h"
 #include "items/ToviPhotoCtrlVisualSetting.h"
+#include "photos/DeliveryFiles.h"
 #include "photos/ItemColumns.h"
 #include "photos/PhotoPaths.h"
+#include "photos/TamperCheck.h"
 #include "photos/ToviPhotoArray.h"
 #include "review/LabelEdits.h"
 #include "review/ToviLabelManager.h"
@@ -27,5 +28,7 @@ struct ToviData::Parts
     std::unique_ptr<ToviPhotoCtrlVisualSetting> visualSetting;
     std::unique_ptr<ToviSortCondition> sortCondition;
     std::unique_ptr<ToviItemManager> itemManager;
-    ToviImageCheckCommon imageCheck{nullptr};
+    std::shared_ptr<TamperCheck> tamperCheck = std::make_shared<TamperCheck>(CWordArray());
+    /// Null until it is asked for.
+    std::shared_ptr<const DeliveryFiles> files;
 };

@@ -5,23 +5,6 @@
 #include "imagefacts/ToviControlValueArray.h"
 #include "platform/host/CDocument.h"
 
-namespace
-{
-ToviPhoto::EditJPEGCheckResult ResultOf(ToviCheckProcessor::CheckStatus status)
-{
-    switch (status) {
-    case ToviCheckProcessor::StatusUnaltered:
-        return ToviPhoto::EditCheckUnaltered;
-    case ToviCheckProcessor::StatusAltered:
-        return ToviPhoto::EditCheckAltered;
-    case ToviCheckProcessor::StatusOutsideTarget:
-    case ToviCheckProcessor::StatusError:
-        break;
-    }
-    return ToviPhoto::EditCheckUnknown;
-}
-} // namespace
-
 bool ToviData::Load()
 {
     settingsLoaded = true;
@@ -72,20 +55,23 @@ void ToviData::SetVisualSetting(const ToviPhotoCtrlVisualSetting& setting, bool 
     parts->visualSetting->SetItemShowSettings(parts->itemManager->GetItemShowSettings());
     if (settingsLoaded) parts->visualSetting->Save();
     if (!changed) return;
-    parts->imageCheck.SetCheckCameraType(
+    parts->tamperCheck = std::make_shared<TamperCheck>(
         ParseEditCheckTypes(parts->visualSetting->GetEditCheckTypes()));
     Initialize_CheckEditJPEG();
 }
 
+std::shared_ptr<TamperCheck> ToviData::GetTamperCheck() const
+{
+    const ToviPhotoCtrlVisualSetting& setting = *parts->visualSetting;
+    const bool isAsked = setting.GetDoEditCheck() && !setting.GetEditCheckTypes().empty();
+    return isAsked ? parts->tamperCheck : nullptr;
+}
+
 void ToviData::CheckEditJPEG(ToviPhoto* photo)
 {
-    if (!parts->visualSetting->GetDoEditCheck() ||
-        parts->visualSetting->GetEditCheckTypes().empty())
-        return;
-    // Here two names that differ in letter case alone can be two files.
-    parts->imageCheck.SetFile("");
-    parts->imageCheck.SetFile(photo->ReadablePath());
-    photo->SetEditChkResult(ResultOf(parts->imageCheck.CheckProcessedImage()));
+    if (const auto check = GetTamperCheck()) {
+        photo->SetEditChkResult(check->Check(photo->ReadablePath()));
+    }
 }
 
 void ToviData::Initialize_CheckEditJPEG()

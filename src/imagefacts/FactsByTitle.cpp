@@ -102,3 +102,13 @@ CString FileFacts::ByTitle(const CString& title)
     if (!status) status = ReadFileStatus(path);
     return *status ? fact->value(*this, **status) : CString();
 }
+
+ToviTextPairArray FileFacts::All()
+{
+    ToviTextPairArray all;
+    for (const FileFact& fact : fileFacts) {
+        const CString title(fact.title);
+        all.Add(ToviTextPair(title.c_str(), ByTitle(title).c_str()));
+    }
+    return all;
+}

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "items/ToviTextPair.h"
 #include "platform/files/FileStatus.h"
 #include "platform/text/Text.h"
 
@@ -22,6 +23,8 @@ public:
     /// The value under \p title. Empty when the title is unknown, there is no such file or it can't
     /// be read.
     CString ByTitle(const CString& title);
+    /// All titles with their values.
+    ToviTextPairArray All();
 
     struct Size
     {

@@ -3,11 +3,6 @@
 #include "platform/files/MibFile.h"
 #include "work/RunWorkFile.h"
 
-namespace
-{
-constexpr const char* workFileEnd = "_Exif.JPEG";
-} // namespace
-
 struct ToviExifInfo::Group
 {
     struct Row
@@ -128,7 +123,7 @@ void ToviExifInfo::Load(const LumComments& comments, const Packs& packs, ToviTex
 
 void ToviExifInfo::SetMainImagePath(const CString& svgPath)
 {
-    if (IsSvg(svgPath)) mainImagePath = RunWorkFile(svgPath, workFileEnd);
+    if (IsSvg(svgPath)) mainImagePath = RunWorkFile(svgPath, svgPictureEnd);
 }
 
 void ToviExifInfo::MakeMainImageFromSvg(const CString& svgPath)

@@ -167,23 +167,32 @@ bool ToviPhoto::GetTextPairs(ToviItemDef* def, ToviTextPairArray& pairs) const
 bool ToviPhoto::GetTextPairs(const ToviItemDef* def, const ToviItemShowSettings& settings,
                              ToviTextPairArray& pairs) const
 {
-    pairs.RemoveAll();
-    if (def == nullptr) return false;
     std::optional<FileFacts> fileFacts;
-    CString fact;
-    for (const ToviItemShowSetting& setting : settings) {
-        if (!setting.bold) continue;
-        if (setting.infoType == InfoDelivery) {
-            AddItemPairs(setting, pairs);
-            continue;
-        }
+    return GetTextPairs(def, settings, pairs, [&](const ToviItemShowSetting& setting) {
+        CString fact;
         if (setting.infoType == InfoFile) {
             if (!fileFacts) fileFacts = GetFileFacts();
             fact = fileFacts->ByTitle(setting.title);
         } else {
             GetExifInfoFromTitle(setting.title, fact);
         }
-        pairs.Add(ToviTextPair(setting.title.c_str(), fact.c_str()));
+        return fact;
+    });
+}
+
+bool ToviPhoto::GetTextPairs(const ToviItemDef* def, const ToviItemShowSettings& settings,
+                             ToviTextPairArray& pairs,
+                             const std::function<CString(const ToviItemShowSetting&)>& factOf) const
+{
+    pairs.RemoveAll();
+    if (def == nullptr) return false;
+    for (const ToviItemShowSetting& setting : settings) {
+        if (!setting.bold) continue;
+        if (setting.infoType == InfoDelivery) {
+            AddItemPairs(setting, pairs);
+        } else {
+            pairs.Add(ToviTextPair(setting.title.c_str(), factOf(setting).c_str()));
+        }
     }
     return !pairs.IsEmpty();
 }
@@ -248,6 +257,19 @@ bool ToviPhoto::LoadImage()
 {
     if (!imageLoaded) imageLoaded = image.Load(ReadablePath());
     return imageLoaded;
+}
+
+void ToviPhoto::TakeThumb(LumImage picture)
+{
+    image = std::move(picture);
+    thumbLoaded = true;
+    imageLoaded = false;
+}
+
+void ToviPhoto::TakeImage(LumImage picture)
+{
+    image = std::move(picture);
+    imageLoaded = true;
 }
 
 void ToviPhoto::ReleaseImage()

@@ -8,6 +8,7 @@
 #include "platform/text/Text.h"
 
 #include <array>
+#include <functional>
 #include <memory>
 
 class FileFacts;
@@ -105,6 +106,10 @@ public:
     /// False when that is nothing, or \p def is null.
     bool GetTextPairs(const ToviItemDef* def, const ToviItemShowSettings& settings,
                       ToviTextPairArray& pairs) const;
+    /// The same with \p factOf for what the file says under the title of a setting.
+    bool GetTextPairs(const ToviItemDef* def, const ToviItemShowSettings& settings,
+                      ToviTextPairArray& pairs,
+                      const std::function<CString(const ToviItemShowSetting&)>& factOf) const;
     /// Replaces \p out by the construction control values (施工管理値), none for a photograph
     /// without that item. False, with \p out as it was, when some part of the text doesn't parse.
     bool GetControlValueArray(ToviControlValueArray& out) const;
@@ -118,6 +123,11 @@ public:
 
     EditJPEGCheckResult GetEditChkResult() const { return editResult; }
     void SetEditChkResult(EditJPEGCheckResult result) { editResult = result; }
+
+    /// Take \p picture, which somebody else has read of the file, in place of what LoadThumb or
+    /// LoadImage would load.
+    void TakeThumb(LumImage picture);
+    void TakeImage(LumImage picture);
 
     bool IsImageLoaded() const { return imageLoaded; }
     bool IsThumbLoaded() const { return thumbLoaded; }

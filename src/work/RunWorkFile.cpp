@@ -5,10 +5,8 @@
 #include "platform/files/RunFolder.h"
 #include "work/WorkFolder.h"
 
-namespace
-{
-/// The folder of this run; made anew where the work folder has moved or somebody has cleared it.
-CString FolderOfRun()
+/// Made anew where the work folder has moved or somebody has cleared it.
+CString RunWorkFolder()
 {
     static CString shared;
     static std::unique_ptr<RunFolder> folder;
@@ -20,10 +18,13 @@ CString FolderOfRun()
     }
     return folder->Path();
 }
-} // namespace
+
+CString WorkFileIn(const CString& folder, const CString& source, const CString& end)
+{
+    return folder.empty() ? folder : folder + '/' + FileDigest(source) + end;
+}
 
 CString RunWorkFile(const CString& source, const CString& end)
 {
-    const CString folder = FolderOfRun();
-    return folder.empty() ? folder : folder + '/' + FileDigest(source) + end;
+    return WorkFileIn(RunWorkFolder(), source, end);
 }
