@@ -19,3 +19,17 @@ TOVI_EXPORT std::size_t LoadInBytes();
 /// False when it could not be kept.
 TOVI_EXPORT bool Save(int limit);
 } // namespace ReadingLimit
+
+/// How much of the pictures that windows show is kept in memory, in MiB, as the user's profile
+/// keeps it.
+namespace PictureMemory
+{
+inline constexpr int usual = 512;
+inline constexpr int smallest = 64;
+inline constexpr int largest = 16384;
+
+/// As those of ReadingLimit.
+TOVI_EXPORT int Load();
+TOVI_EXPORT std::size_t LoadInBytes();
+TOVI_EXPORT bool Save(int limit);
+} // namespace PictureMemory

@@ -87,7 +87,7 @@ TEST_F(Settings, RefuseWhatIsNoneAndChangeNothingThen)
          {"mode", "mode=7", "mode=", "Mode=6", "label1=12345678901234567890123456789012x",
           "edit-check-types=0,,1", "edit-check-types=3",
           "edit-check-types=", "sort-order=descending", "reading-limit=0", "reading-limit=1025",
-          "reading-limit=9x", "item:工種=hide"}) {
+          "reading-limit=9x", "picture-memory=63", "item:工種=hide"}) {
         const ProgramResult result = Run({"settings", "--set", "tree=work", "--set", wrong});
         EXPECT_EQ(result.status, 2) << wrong;
         EXPECT_NE(result.errors, "") << wrong;

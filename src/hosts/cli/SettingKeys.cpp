@@ -115,15 +115,22 @@ bool SetSortKey(UserSettings& settings, const SettingKey&, const CString& value)
     return true;
 }
 
-bool SetReadingLimit(UserSettings& settings, const SettingKey&, const CString& value)
+template <int UserSettings::*field, int smallest, int largest>
+SettingKey Mebibytes(const char* name, const char* meaning)
 {
-    int limit = 0;
-    const char* const end = value.data() + value.size();
-    const auto [last, error] = std::from_chars(value.data(), end, limit);
-    const bool inRange = limit >= ReadingLimit::smallest && limit <= ReadingLimit::largest;
-    if (error != std::errc() || last != end || !inRange) return false;
-    settings.readingLimit = limit;
-    return true;
+    return {name, meaning, Format("%d～%d", smallest, largest),
+            [](const UserSettings& settings, const SettingKey&) {
+                return std::to_string(settings.*field);
+            },
+            [](UserSettings& settings, const SettingKey&, const CString& value) {
+                int size = 0;
+                const char* const end = value.data() + value.size();
+                const auto [last, error] = std::from_chars(value.data(), end, size);
+                const bool inRange = size >= smallest && size <= largest;
+                if (error != std::errc() || last != end || !inRange) return false;
+                settings.*field = size;
+                return true;
+            }};
 }
 
 std::vector<SettingKey> MakeKeys()
@@ -159,12 +166,10 @@ std::vector<SettingKey> MakeKeys()
              return CString(settings.sort.IsAscending() ? "ascending" : "descending");
          },
          &SetSortOrder},
-        {"reading-limit", "読み込む PHOTO.XML の大きさの上限（MB）",
-         Format("%d～%d", ReadingLimit::smallest, ReadingLimit::largest),
-         [](const UserSettings& settings, const SettingKey&) {
-             return std::to_string(settings.readingLimit);
-         },
-         &SetReadingLimit}};
+        Mebibytes<&UserSettings::readingLimit, ReadingLimit::smallest, ReadingLimit::largest>(
+            "reading-limit", "読み込む PHOTO.XML の大きさの上限（MB）"),
+        Mebibytes<&UserSettings::pictureMemory, PictureMemory::smallest, PictureMemory::largest>(
+            "picture-memory", "表示した写真を残しておくメモリー（MB）")};
     for (unsigned int slot = 0; slot < labelCount; ++slot) keys.push_back(Label(slot));
     return keys;
 }

@@ -15,6 +15,8 @@ struct UserSettings
     ToviSortCondition sort;
     /// In MiB, see ReadingLimit.
     int readingLimit = ReadingLimit::usual;
+    /// In MiB, see PictureMemory.
+    int pictureMemory = PictureMemory::usual;
     /// Empty as long as no delivery says which items there are.
     ToviItemManager items;
 };

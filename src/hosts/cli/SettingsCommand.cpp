@@ -26,13 +26,14 @@ UserSettings LoadSettings()
     settings.labels.Load(nullptr);
     settings.sort.Load();
     settings.readingLimit = ReadingLimit::Load();
+    settings.pictureMemory = PictureMemory::Load();
     return settings;
 }
 
 UserSettings SettingsOf(ToviData& document)
 {
     return {document.GetVisualSetting(), *document.GetLabelManager(), document.GetSortCondition(),
-            ReadingLimit::Load(), *document.GetItemManager()};
+            ReadingLimit::Load(),        PictureMemory::Load(),       *document.GetItemManager()};
 }
 
 /// False, with a sentence on standard error, when one of the assignments can't be.
@@ -64,6 +65,8 @@ bool Save(UserSettings& settings, const UserSettings& before, const CString& kin
         return settings.labels.Save(nullptr) && settings.visual.Save() && settings.sort.Save() &&
                (settings.readingLimit == before.readingLimit ||
                 ReadingLimit::Save(settings.readingLimit)) &&
+               (settings.pictureMemory == before.pictureMemory ||
+                PictureMemory::Save(settings.pictureMemory)) &&
                (!withItems || SaveItems(settings.items, kind));
     });
 }
