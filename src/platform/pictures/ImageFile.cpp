@@ -12,6 +12,9 @@
 #include <QImage>
 #include <QImageReader>
 
+#include <algorithm>
+#include <cmath>
+
 namespace
 {
 bool IsSvg(const CString& path)
@@ -27,6 +30,20 @@ std::optional<QSize> SizeIn(QIODevice& source)
     const QSize size = reader.size();
     if (size.isEmpty()) return std::nullopt;
     return size;
+}
+
+qint64 PixelsOf(const QSize& size)
+{
+    return static_cast<qint64>(size.width()) * size.height();
+}
+
+/// The size of the shape \p shape that has \p pixels pixels.
+QSize WithPixels(const QSize& shape, qint64 pixels)
+{
+    const double scale =
+        std::sqrt(static_cast<double>(pixels) / static_cast<double>(PixelsOf(shape)));
+    return {std::max(1, static_cast<int>(shape.width() * scale)),
+            std::max(1, static_cast<int>(shape.height() * scale))};
 }
 } // namespace
 
@@ -53,8 +70,20 @@ std::optional<QSize> ReadImageSize(const CString& path)
 QImage ReadImage(const CString& path, int longestSide)
 {
     const QSize within(longestSide, longestSide);
-    if (IsSvg(path)) return ReadSvgImage(path, within);
-    return ImageSource::FromFile(path).Read(within);
+    return IsSvg(path) ? ReadSvgImage(path, within) : ImageSource::FromFile(path).Read(within);
+}
+
+QImage ReadImageUpTo(const CString& path, qint64 mostPixels, QSize& wholeSize)
+{
+    if (IsSvg(path)) {
+        const QImage drawn = ReadSvgImage(path, WithPixels({1, 1}, mostPixels));
+        wholeSize = drawn.size();
+        return drawn;
+    }
+    const ImageSource source = ImageSource::FromFile(path);
+    wholeSize = source.Size();
+    const bool fits = PixelsOf(wholeSize) <= mostPixels;
+    return source.Read(fits ? QSize() : WithPixels(wholeSize, mostPixels));
 }
 
 QImage ReadSvgImage(const CString& path, const QSize& within)

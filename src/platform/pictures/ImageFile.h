@@ -18,6 +18,10 @@ std::optional<QSize> ReadImageSize(const CString& path);
 /// fails.
 QImage ReadImage(const CString& path, int longestSide);
 
+/// The same, reduced to \p mostPixels pixels where it has more; \p wholeSize becomes the size of
+/// the whole picture.
+QImage ReadImageUpTo(const CString& path, qint64 mostPixels, QSize& wholeSize);
+
 /// The picture of the SVG file \p path with all its layers, as large as it fits into \p within but
 /// never enlarged; an empty size sets no bounds. Where it can't be drawn its embedded photograph
 /// stands for it. A null image when that is missing too or cut off, or when a picture in the file
