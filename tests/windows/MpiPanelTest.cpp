@@ -5,8 +5,10 @@
 #include "windows/cell/ToviLabelButton.h"
 #include "windows/cell/ToviSpiListCtrl.h"
 #include "windows/list/ToviPhotoListCtrl.h"
+#include "windows/loader/FileLoader.h"
 #include "windows/ShownDelivery.h"
 #include "windows/zoom/ToviMultiDlg.h"
+#include "work/ReadingLimit.h"
 
 #include <QAbstractItemView>
 
@@ -241,7 +243,9 @@ TEST(MpiPanel, WalksThroughTheThumbnails)
 TEST(MpiPanel, ReleasesThePicturesOfManyPhotographs)
 {
     constexpr int photos = 300;
-    ShownDelivery shown(photos, Setting::DivideSix);
+    ShownDelivery shown(photos, Setting::DivideFour);
+    PictureMemory::Save(PictureMemory::smallest);
+    shown.SetMode(Setting::DivideSix);
     const CString picture = shown.temp.Path("picture.jpg");
     QImage image(1200, 900, QImage::Format_RGB32);
     image.fill(Qt::darkGreen);
@@ -260,6 +264,7 @@ TEST(MpiPanel, ReleasesThePicturesOfManyPhotographs)
         shown.Press(Qt::Key_PageDown);
         ASSERT_EQ(shown.panel.GetCurrentPage(), page + 1);
         ASSERT_LE(loaded(), 6);
+        ASSERT_LE(FileLoader::Ours().BytesInHand(), PictureMemory::LoadInBytes());
         // Now and then the key is let go for long enough to load the full pictures.
         if (page % 20 == 0) QTest::qWait(250);
     }

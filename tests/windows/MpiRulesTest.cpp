@@ -1,5 +1,6 @@
 #include "support/Labels.h"
 #include "support/OpenedSample.h"
+#include "windows/list/RowsInSight.h"
 #include "windows/page/CellMoves.h"
 #include "windows/page/PageArithmetic.h"
 #include "windows/page/PageLayout.h"

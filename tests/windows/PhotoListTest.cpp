@@ -5,6 +5,7 @@
 #include "windows/list/FloatyPlace.h"
 #include "windows/list/PhotoListContent.h"
 #include "windows/list/ToviPhotoListCtrl.h"
+#include "windows/loader/FileLoader.h"
 
 #include <gmock/gmock.h>
 
@@ -71,9 +72,21 @@ struct Content
     {
         const std::vector<CString> columns = shown.Columns();
         const auto found = std::ranges::find(columns, title);
+        Fetch(false);
         return shown.Text(Row(whole), static_cast<int>(found - columns.begin()));
     }
-    QImage Tile(int photo, double scale = 1) { return shown.Tile(Row(photo), scale); }
+    QImage Tile(int photo, double scale = 1)
+    {
+        Fetch(true);
+        const ListTile tile = shown.Tile(Row(photo), scale);
+        EXPECT_TRUE(tile.isWhole);
+        return tile.image;
+    }
+    void Fetch(bool tiles)
+    {
+        shown.ShowRows({0, shown.Count()}, tiles);
+        EXPECT_TRUE(QTest::qWaitFor([] { return FileLoader::Ours().IsIdle(); }));
+    }
 
     OpenedSample sample{Delivery()};
     ToviData& document = *sample.document;
@@ -115,7 +128,7 @@ TEST(PhotoListContent, TellsWhatTheSettingsShow)
     content.shown.SetDocument(nullptr);
     EXPECT_EQ(content.shown.Count(), 0);
     EXPECT_EQ(content.shown.Caption(0) + content.shown.Text(0, 0), "");
-    EXPECT_TRUE(content.shown.Tile(0, 1).isNull());
+    EXPECT_TRUE(content.shown.Tile(0, 1).image.isNull());
 }
 
 /// The smallest rectangle with all that differs between two tiles, in device pixels.
@@ -175,20 +188,22 @@ public:
     int SelectedRow() const override { return selected; }
     CString Caption(int row) override { return Ask(row); }
     CString Text(int row, int) override { return Ask(row); }
-    int StateImage(int row) override { return Ask(row).empty() ? 0 : row % 3; }
-    QImage Tile(int row, double scale) override
+    std::optional<int> StateImage(int row) override { return Ask(row).empty() ? 0 : row % 3; }
+    ListTile Tile(int row, double scale) override
     {
         ++tilesBuilt[row];
         QImage tile(tileSize * scale, QImage::Format_RGB32);
         tile.fill(Qt::lightGray);
-        return tile;
+        return {tile};
     }
+    void ShowRows(const RowRange& rows, bool) override { inSight = rows; }
 
     CString Ask(int row) { return std::to_string(*asked.insert(row).first); }
 
     int count = 40;
     int selected = -1;
     QSize tileSize = {150, 166};
+    RowRange inSight;
     std::set<int> asked;
     std::map<int, int> tilesBuilt;
 };
@@ -275,8 +290,12 @@ TEST(PhotoList, ShowsTheSelectedRowOfManyOrTheFirst)
         for (const int row : shown.source.asked) {
             EXPECT_TRUE(shown.list->GetItemRect(row).intersects(shown.Viewport()->rect())) << row;
         }
+        const RowRange told = shown.source.inSight;
+        EXPECT_TRUE(told.first <= 60'000 && 60'000 < told.end && told.end - told.first < 100);
         shown.source.selected = -1;
         shown.Setup();
+        shown.window.grab();
+        EXPECT_EQ(shown.source.inSight.first, 0);
         EXPECT_EQ(shown.list->GetSelected(), 0);
         EXPECT_THAT(shown.Told(), Contains("selected 0"));
         shown.source.count = 0;
@@ -303,7 +322,7 @@ TEST(PhotoList, KeepsTilesUntilTheyAreResetOrTheRoomIsFull)
         shown.window.grab();
         EXPECT_EQ(std::pair(built[0], built[1]), times);
     }
-    shown.source.tileSize = QSize(1000, 1000) / shown.list->devicePixelRatioF();
+    shown.source.tileSize = QSize(500, 500) / shown.list->devicePixelRatioF();
     shown.list->UpdateImageList();
     built.clear();
     for (const int row : {0, 10, 20, 30, 40, 50, 60, 70, 60, 0}) {

@@ -43,9 +43,20 @@ struct ShownDelivery
     ShownDelivery(const DeliveryBuilder& delivery, Setting::DivideType mode)
     {
         delivery.Write(temp.Path());
+        Open(temp.Path("PHOTO"), mode);
+    }
+    ShownDelivery(int photos, Setting::DivideType mode)
+        : ShownDelivery(DeliveryBuilder({.photos = photos, .drawings = 0, .images = false}), mode)
+    {}
+    /// One that stands in \p folder.
+    ShownDelivery(const CString& folder, Setting::DivideType mode) { Open(folder, mode); }
+    ~ShownDelivery() { panel.Detach(); }
+
+    void Open(const CString& folder, Setting::DivideType mode)
+    {
+        panel.Detach();
         ToviEnouDataFactory factory;
-        data.reset(
-            factory.Create(&host, temp.Path("PHOTO").c_str(), PhotoXMLMlit, nullptr, nullptr));
+        data.reset(factory.Create(&host, folder.c_str(), PhotoXMLMlit, nullptr, nullptr));
         data->Load();
         data->BuildTreeNode(Setting::TreeWorkTypeFull);
         host.panels = {&panel};
@@ -60,10 +71,6 @@ struct ShownDelivery
         panel.setFocus();
         EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
     }
-    ShownDelivery(int photos, Setting::DivideType mode)
-        : ShownDelivery(DeliveryBuilder({.photos = photos, .drawings = 0, .images = false}), mode)
-    {}
-    ~ShownDelivery() { panel.Detach(); }
 
     void Set(const std::function<void(Setting&)>& change)
     {

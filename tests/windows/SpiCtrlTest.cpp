@@ -11,6 +11,7 @@
 #include "windows/cell/ToviNamePlate.h"
 #include "windows/cell/ToviSpiCtrl.h"
 #include "windows/cell/ToviSpiListCtrl.h"
+#include "windows/loader/FileLoader.h"
 
 #include <gmock/gmock.h>
 
@@ -100,10 +101,17 @@ struct ShownCell
 
 TEST(SpiCtrl, ShowsPictures)
 {
+    std::vector<int> sides;
+    const auto noting = QObject::connect(&FileLoader::Ours(), &FileLoader::Arrived,
+                                         &FileLoader::Ours(), [&sides](const LoadKey& key) {
+                                             if (key.kind == LoadKind::Picture)
+                                                 sides.push_back(key.side);
+                                         });
     ShownCell shown(whole);
-    EXPECT_TRUE(shown.Image()->IsEnableImage());
-    EXPECT_FALSE(shown.Photo().IsImageLoaded()) << "the thumbnail comes first";
     ASSERT_TRUE(shown.WaitForFullPicture());
+    QObject::disconnect(noting);
+    EXPECT_THAT(sides, ElementsAre(LumImage::thumbSide, 0)) << "the thumbnail comes first";
+    EXPECT_TRUE(shown.Image()->IsEnableImage());
     QTest::keyClick(shown.Image(), Qt::Key_Plus);
     const double zoom = shown.Image()->View().Zoom();
     shown.Show(whole);

@@ -7,6 +7,7 @@
 #include "platform/store/FileProfileStore.h"
 #include "platform/text/QtText.h"
 #include "windows/dialogs/QtUserInterface.h"
+#include "windows/loader/FileLoader.h"
 
 #include <QApplication>
 #include <QLibraryInfo>
@@ -14,6 +15,7 @@
 #include <QStatusBar>
 #include <QTranslator>
 
+#include <cstdlib>
 #include <iostream>
 
 namespace
@@ -56,6 +58,17 @@ int Run(const ViewerOptions& options)
     }
     return QApplication::exec();
 }
+
+/// Ends the program with \p status without waiting for a share or disc that doesn't answer. Nobody
+/// may take apart what a thread that waits there still stands on.
+int WithoutWaitingForFiles(int status)
+{
+    if (!FileLoader::Ours().Stop(std::chrono::seconds(1))) {
+        std::cout.flush();
+        std::_Exit(status);
+    }
+    return status;
+}
 } // namespace
 
 int main(int argc, char** argv)
@@ -76,5 +89,5 @@ int main(int argc, char** argv)
                         QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
         QApplication::installTranslator(&translator);
     }
-    return Run(*options);
+    return WithoutWaitingForFiles(Run(*options));
 }

@@ -11,6 +11,7 @@
 #include <QWheelEvent>
 
 #include <algorithm>
+#include <utility>
 
 bool LumImgWnd::m_zoomIsViewport = true;
 
@@ -49,14 +50,23 @@ LumImgWnd::LumImgWnd(QWidget* parent) : QWidget(parent)
 
 void LumImgWnd::SetImage(const LumImage* image)
 {
-    const QImage pixels = image != nullptr ? LumPixels::Of(*image) : QImage();
-    SetPixels(pixels, pixels.size(), false);
+    SetImages(ReducedImages(image != nullptr ? LumPixels::Of(*image) : QImage()));
+}
+
+void LumImgWnd::SetImages(ReducedImages newImages)
+{
+    Exchange(std::move(newImages), false);
 }
 
 void LumImgWnd::SetPixels(const QImage& pixels, const QSize& size, bool keepsView)
 {
+    Exchange(ReducedImages(pixels, size), keepsView);
+}
+
+void LumImgWnd::Exchange(ReducedImages newImages, bool keepsView)
+{
     ExecClearAnchor();
-    images = ReducedImages(pixels, size);
+    images = std::move(newImages);
     part = ReducedImages();
     view.SetWindow(DeviceSize());
     if (keepsView) {
@@ -86,13 +96,23 @@ void LumImgWnd::SetTones(const ToneCurve& curve)
 
 void LumImgWnd::RefreshImage(const LumImage* image)
 {
-    const QImage fresh = image != nullptr ? LumPixels::Of(*image) : QImage();
-    if (fresh.isNull() || fresh.size() != images.Size()) {
-        SetImage(image);
+    RefreshImages(ReducedImages(image != nullptr ? LumPixels::Of(*image) : QImage()));
+}
+
+void LumImgWnd::RefreshImages(ReducedImages newImages)
+{
+    if (newImages.IsNull() || newImages.Size() != images.Size()) {
+        SetImages(std::move(newImages));
         return;
     }
-    images = ReducedImages(fresh);
+    images = std::move(newImages);
+    part = ReducedImages();
     ShowView();
+}
+
+void LumImgWnd::SetNote(const QString& text)
+{
+    if (std::exchange(note, text) != text && images.IsNull()) ShowView();
 }
 
 void LumImgWnd::SetDisableImage()
@@ -287,7 +307,15 @@ QImage LumImgWnd::Drawn()
 {
     QImage frame(DeviceSize(), QImage::Format_RGB32);
     frame.fill(palette().color(backgroundRole()));
-    if (images.IsNull() || frame.isNull()) return frame;
+    if (frame.isNull()) return frame;
+    if (images.IsNull()) {
+        frame.setDevicePixelRatio(devicePixelRatioF());
+        QPainter painter(&frame);
+        painter.setFont(font());
+        painter.setPen(palette().color(foregroundRole()));
+        painter.drawText(rect(), Qt::AlignCenter, note);
+        return frame;
+    }
     const QRectF place = view.Placement();
     const QImage& source = images.At(view.Zoom());
     QPainter painter(&frame);

@@ -31,6 +31,9 @@ public:
     /// Shows \p image, another version of the picture on show, in the present view if it has the
     /// same size, else as SetImage.
     void RefreshImage(const LumImage* image);
+    /// The same with pictures whose reduced copies may have been made before.
+    void SetImages(ReducedImages newImages);
+    void RefreshImages(ReducedImages newImages);
     /// Shows \p pixels, all that is there yet of a picture of \p size. \p keepsView: where the one
     /// before was looked at, this one is too.
     void SetPixels(const QImage& pixels, const QSize& size, bool keepsView);
@@ -41,6 +44,8 @@ public:
     void SetTones(const ToneCurve& curve);
     /// Shows nothing.
     void SetDisableImage();
+    /// What stands in the window while there is no picture; nothing at first.
+    void SetNote(const QString& text);
     /// True while a picture is on show.
     bool IsEnableImage() const { return !images.IsNull(); }
 
@@ -87,6 +92,7 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    void Exchange(ReducedImages newImages, bool keepsView);
     QSize DeviceSize() const;
     QPointF Middle() const;
     bool IsMovable() const { return IsEnableImage() && command == commandMove; }
@@ -97,6 +103,7 @@ private:
     void DrawPart(QPainter& painter, const QRect& window);
 
     ReducedImages images;
+    QString note;
     ReducedImages part;
     QRect partPlace;
     std::optional<ToneCurve> tones;

@@ -14,10 +14,11 @@
 #include "windows/cell/ToviLabelButton.h"
 #include "windows/cell/ToviNamePlate.h"
 #include "windows/cell/ToviSpiListCtrl.h"
+#include "windows/loader/FileLoader.h"
+#include "windows/loader/PhotoWishes.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPlainTextEdit>
@@ -32,7 +33,8 @@ namespace
 {
 /// A key held down turns pages without reading a full picture.
 constexpr auto loadDelay = 100ms;
-constexpr auto loadPause = 2ms;
+/// What comes sooner needs no word about it.
+constexpr auto noteDelay = 500ms;
 constexpr int valuePaneHeight = 75;
 constexpr int smallestPaneHeight = 40;
 constexpr QColor failColor(230, 255, 230);
@@ -76,12 +78,18 @@ ToviSpiCtrl::ToviSpiCtrl(ToviData* theData, CDocument*, const ToviPhotoCtrlVisua
     SetWindowId(this, id);
     setFont(GaluFont::MsPGothic9pt());
     loadTimer.setSingleShot(true);
+    noteTimer.setSingleShot(true);
     CreatePicture();
     CreateInformation();
     ConnectChildren();
     WatchChildren();
     ApplyLabelNames();
     ClearPhoto();
+}
+
+ToviSpiCtrl::~ToviSpiCtrl()
+{
+    FileLoader::Ours().Leave(this);
 }
 
 void ToviSpiCtrl::CreatePicture()
@@ -129,7 +137,13 @@ void ToviSpiCtrl::CreateInformation()
 
 void ToviSpiCtrl::ConnectChildren()
 {
-    connect(&loadTimer, &QTimer::timeout, this, &ToviSpiCtrl::OnLoadTimer);
+    connect(&FileLoader::Ours(), &FileLoader::Arrived, this, &ToviSpiCtrl::OnArrived);
+    connect(&loadTimer, &QTimer::timeout, this, [this] {
+        fullWanted = true;
+        TellWishes();
+    });
+    connect(&noteTimer, &QTimer::timeout, this,
+            [this] { imageWnd->SetNote(QStringLiteral("読み込み中…")); });
     connect(imageWnd, &LumImgWnd::Clicked, this, &ToviSpiCtrl::OnClicked);
     connect(imageWnd, &LumImgWnd::DoubleClicked, this, &ToviSpiCtrl::OnDoubleClicked);
     connect(imageWnd, &LumImgWnd::RightClicked, this, &ToviSpiCtrl::OnRightClicked);
@@ -164,10 +178,11 @@ void ToviSpiCtrl::SetPhoto(int index)
     if (!isSame) ReleasePicture();
     photoIndex = index;
     actualIndex = newIndex;
+    // First of all: it is read while the rest of the page is filled.
+    TellWishes();
     LayoutChildren();
-    ShowPicture(*photo, isSame);
+    ShowPicture(*photo);
     if (!data->GetItemDef()->IsEmpty()) {
-        photo->LoadExif();
         FillItems(*photo);
         infoList->itemColours.AddShowSettings(visualSetting->GetItemShowSettings());
         FillValues(*photo);
@@ -181,7 +196,7 @@ void ToviSpiCtrl::ClearPhoto()
     ReleasePicture();
     photoIndex = -1;
     actualIndex = -1;
-    loadTimer.stop();
+    FileLoader::Ours().Leave(this);
     imageOk = true;
     imageWnd->SetDisableImage();
     ShowInPlaceOf(failPlate, imageWnd);
@@ -206,32 +221,70 @@ bool ToviSpiCtrl::Shows(int index) const
 /// What keeps memory bounded while pages are turned.
 void ToviSpiCtrl::ReleasePicture()
 {
-    ToviPhoto* const photo = data->GetPhotoActualPhotoArray(actualIndex);
-    if (photo != nullptr) photo->ReleaseImage();
+    loadTimer.stop();
+    noteTimer.stop();
+    imageWnd->SetNote({});
+    shown.reset();
+    fullShown = false;
+    fullWanted = false;
+    if (ToviPhoto* const photo = ShownPhoto()) photo->ReleaseImage();
 }
 
-/// \p isSame: the same photograph was on show before; what the user looks at stays in sight.
-void ToviSpiCtrl::ShowPicture(ToviPhoto& photo, bool isSame)
+void ToviSpiCtrl::TellWishes()
 {
-    if (!isSame) imageOk = true;
-    if (photo.IsImageLoaded()) {
-        imageOk = true;
-        loadTimer.stop();
-    } else {
-        photo.LoadThumb();
-        // From when the whole page is there, which may take longer than the delay.
-        QMetaObject::invokeMethod(
-            this, [this] { loadTimer.start(loadDelay); }, Qt::QueuedConnection);
+    ToviPhoto* const photo = ShownPhoto();
+    if (photo == nullptr) return;
+    FileLoader& loader = FileLoader::Ours();
+    const PhotoWishes wishes(*data);
+    std::vector<LoadWish> wanted = {wishes.Thumb(*photo), wishes.Facts(*photo)};
+    LoadWish full = wishes.Full(*photo);
+    if (fullWanted || loader.InHand<LoadedPicture>(full.key)) wanted.push_back(std::move(full));
+    if (auto check = wishes.Check(*photo)) wanted.push_back(std::move(*check));
+    loader.Want(this, std::move(wanted));
+}
+
+/// Shows the best that is in hand.
+void ToviSpiCtrl::ShowPicture(ToviPhoto& photo)
+{
+    FileLoader& loader = FileLoader::Ours();
+    const PhotoWishes wishes(*data);
+    if (const auto full = loader.InHand<LoadedPicture>(wishes.Full(photo).key)) {
+        if (full->isWhole) photo.TakeImage(full->image);
+        fullShown = true;
+        ShowFetched(full);
+        return;
     }
-    ShowLoadedImage(photo, isSame);
+    if (!fullShown) {
+        const auto thumb = loader.InHand<LoadedPicture>(wishes.Thumb(photo).key);
+        if (thumb) photo.TakeThumb(thumb->image);
+        ShowFetched(thumb && thumb->ok ? thumb : nullptr);
+    }
+    // From when the whole page is there, which may take longer than the delay.
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (!fullWanted && !loadTimer.isActive()) loadTimer.start(loadDelay);
+        },
+        Qt::QueuedConnection);
 }
 
-void ToviSpiCtrl::ShowLoadedImage(const ToviPhoto& photo, bool isSame)
+/// Shows \p picture: where it is the same photograph's as the one before, in the same view. Null
+/// while there is none.
+void ToviSpiCtrl::ShowFetched(const std::shared_ptr<const LoadedPicture>& picture)
 {
-    if (isSame) {
-        imageWnd->RefreshImage(&photo.GetImage());
-    } else {
-        imageWnd->SetImage(&photo.GetImage());
+    imageOk = picture == nullptr || picture->ok;
+    if (picture == nullptr || !picture->ok) {
+        imageWnd->SetDisableImage();
+    } else if (shown == nullptr) {
+        imageWnd->SetImages(picture->images);
+    } else if (shown != picture) {
+        imageWnd->RefreshImages(picture->images);
+    }
+    shown = picture;
+    if (picture != nullptr) {
+        noteTimer.stop();
+    } else if (!noteTimer.isActive()) {
+        noteTimer.start(noteDelay);
     }
     if (imageOk) {
         ShowInPlaceOf(failPlate, imageWnd);
@@ -240,19 +293,21 @@ void ToviSpiCtrl::ShowLoadedImage(const ToviPhoto& photo, bool isSame)
     }
 }
 
-void ToviSpiCtrl::OnLoadTimer()
+void ToviSpiCtrl::OnArrived(const LoadKey& key)
 {
-    ToviPhoto* const photo = data->GetPhotoActualPhotoArray(actualIndex);
-    if (photo == nullptr) return;
-    // The timers of a page run out together. Between two pictures the user is heard.
-    static QElapsedTimer sinceLastOfAll;
-    if (sinceLastOfAll.isValid() && sinceLastOfAll.elapsed() < loadPause.count()) {
-        loadTimer.start(loadPause);
-        return;
+    ToviPhoto* const photo = ShownPhoto();
+    if (photo == nullptr || key.path != photo->GetImagePath()) return;
+    switch (key.kind) {
+    case LoadKind::Picture:
+        ShowPicture(*photo);
+        break;
+    case LoadKind::Facts:
+        if (!data->GetItemDef()->IsEmpty()) FillItems(*photo);
+        break;
+    case LoadKind::Check:
+        ShowCheckResult(*photo);
+        break;
     }
-    imageOk = photo->LoadImage();
-    ShowLoadedImage(*photo, true);
-    sinceLastOfAll.start();
 }
 
 void ToviSpiCtrl::FillInfo()
@@ -260,19 +315,19 @@ void ToviSpiCtrl::FillInfo()
     infoList->Clear();
     infoList->itemColours.Clear();
     valueTable->Clear();
-    const ToviPhoto* const photo = Photo();
+    ToviPhoto* const photo = Photo();
     if (photo == nullptr || data->GetItemDef()->IsEmpty()) return;
     FillItems(*photo);
     FillValues(*photo);
     LayoutChildren();
 }
 
-void ToviSpiCtrl::FillItems(const ToviPhoto& photo)
+void ToviSpiCtrl::FillItems(ToviPhoto& photo)
 {
     ItemColours& colours = infoList->itemColours;
     if (colours.IsEmpty()) colours.AddDefinitions(*data->GetItemDef());
     ToviTextPairArray pairs;
-    photo.GetTextPairs(data->GetItemDef(), visualSetting->GetItemShowSettings(), pairs);
+    GetShownPairs(*data, photo, visualSetting->GetItemShowSettings(), pairs);
     infoList->Fill(pairs);
 }
 
@@ -297,9 +352,14 @@ void ToviSpiCtrl::ShowPlate(ToviPhoto& photo)
     namePlate->SetHasDrawings(photo.GetPictureCount() > 0);
     namePlate->SetActive(true);
     UpdateLabelButtons();
-    data->CheckEditJPEG(&photo);
-    namePlate->SetEditCheckResult(photo.GetEditChkResult());
+    ShowCheckResult(photo);
     InvalidateNamePlate();
+}
+
+void ToviSpiCtrl::ShowCheckResult(ToviPhoto& photo)
+{
+    TakeCheckInHand(*data, photo);
+    namePlate->SetEditCheckResult(photo.GetEditChkResult());
 }
 
 void ToviSpiCtrl::LayoutChildren()

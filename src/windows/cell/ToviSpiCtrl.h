@@ -6,6 +6,8 @@
 #include <QWidget>
 
 class GaluDSplitter;
+struct LoadedPicture;
+struct LoadKey;
 class LumImgWnd;
 class QLabel;
 class QPlainTextEdit;
@@ -14,8 +16,9 @@ class ToviNamePlate;
 class ToviSpiListCtrl;
 
 /// One cell of a page: a photograph with its name plate, the list of its items and, below that, its
-/// control values. It shows a position of the current array, at first by the thumbnail and a moment
-/// later by the full picture, and lets go of the picture when it shows another one or none.
+/// control values. It shows a position of the current array, with what the FileLoader has of it:
+/// the full picture, or the thumbnail and a moment later the full picture. It lets go of the
+/// picture when it shows another one or none.
 ///
 /// What the user does is told by signals. The panel answers them; the cell itself changes nothing.
 class TOVI_EXPORT ToviSpiCtrl : public QWidget
@@ -27,6 +30,7 @@ public:
     /// document isn't needed.
     ToviSpiCtrl(ToviData* theData, CDocument* document, const ToviPhotoCtrlVisualSetting* setting,
                 int id, QWidget* parent);
+    ~ToviSpiCtrl() override;
 
     /// Shows the photograph at the current position \p index; nothing if there is none.
     void SetPhoto(int index);
@@ -85,13 +89,16 @@ private:
     void WatchChildren();
 
     ToviPhoto* Photo() const { return data->GetPhoto(photoIndex); }
+    ToviPhoto* ShownPhoto() const { return data->GetPhotoActualPhotoArray(actualIndex); }
     void ReleasePicture();
-    void ShowPicture(ToviPhoto& photo, bool isSame);
-    void ShowLoadedImage(const ToviPhoto& photo, bool isSame);
-    void OnLoadTimer();
-    void FillItems(const ToviPhoto& photo);
+    void TellWishes();
+    void ShowPicture(ToviPhoto& photo);
+    void ShowFetched(const std::shared_ptr<const LoadedPicture>& picture);
+    void OnArrived(const LoadKey& key);
+    void FillItems(ToviPhoto& photo);
     void FillValues(const ToviPhoto& photo);
     void ShowPlate(ToviPhoto& photo);
+    void ShowCheckResult(ToviPhoto& photo);
 
     void OnClicked() { emit Clicked(windowId); }
     void OnDoubleClicked() { emit DoubleClicked(windowId); }
@@ -107,7 +114,13 @@ private:
     int actualIndex = -1;
     /// False when the full picture of what is on show couldn't be loaded.
     bool imageOk = true;
+    /// The picture on show, or null.
+    std::shared_ptr<const LoadedPicture> shown;
+    bool fullShown = false;
+    /// The full picture is wanted, even where it must be read first.
+    bool fullWanted = false;
     QTimer loadTimer;
+    QTimer noteTimer;
 
     LumImgWnd* imageWnd;
     QLabel* failPlate;

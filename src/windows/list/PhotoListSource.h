@@ -5,10 +5,22 @@
 
 #include <QImage>
 
+#include <functional>
+#include <optional>
 #include <vector>
 
+struct RowRange;
+
+/// The picture of a row.
+struct ListTile
+{
+    QImage image;
+    /// False while something is to come. OnRowChanged tells when.
+    bool isWhole = true;
+};
+
 /// What a list of photographs shows, by row: the position in the current array. A list asks for the
-/// rows in sight alone, each time it draws one, and an answer may read files.
+/// rows in sight alone, each time it draws one; no answer waits for a file.
 class TOVI_EXPORT PhotoListSource
 {
 public:
@@ -24,9 +36,16 @@ public:
     virtual CString Caption(int row) = 0;
     /// The text of a report's cell; empty for a column that doesn't exist.
     virtual CString Text(int row, int column) = 0;
-    /// The state icon of a report's row: 0 for none, 1 unaltered, 2 altered.
-    virtual int StateImage(int row) = 0;
+    /// The state icon of a report's row: 0 for none, 1 unaltered, 2 altered. Nothing while that
+    /// isn't known.
+    virtual std::optional<int> StateImage(int row) = 0;
     /// The thumbnail, of \p scale device pixels to each pixel of the layout. A null image when
     /// there is none: it is asked for again at the next drawing.
-    virtual QImage Tile(int row, double scale) = 0;
+    virtual ListTile Tile(int row, double scale) = 0;
+
+    /// The rows \p rows are in sight from now on, with tiles or, without \p withTiles, with texts:
+    /// what they show is to be fetched.
+    virtual void ShowRows(const RowRange& rows, bool withTiles) = 0;
+    /// Called when \p row of these shows something else than before.
+    std::function<void(int row)> OnRowChanged = [](int) {};
 };

@@ -8,9 +8,9 @@
 
 namespace
 {
-/// The room for tiles, in bytes: some screens full of them on the largest screens, and 1,300 tiles
-/// where a pixel of the layout is one of the device.
-constexpr int tileRoom = 128 * 1024 * 1024;
+/// The room for tiles, in bytes: a screen full of them on the largest screens, and 320 tiles where
+/// a pixel of the layout is one of the device. One that went is soon made again.
+constexpr int tileRoom = 32 * 1024 * 1024;
 constexpr int stateNone = 515;
 constexpr int stateUnaltered = 513;
 constexpr int stateAltered = 514;
@@ -37,13 +37,11 @@ void PhotoListTable::Refill()
 void PhotoListTable::DropTile(int row)
 {
     tiles.remove(row);
-    states.erase(row);
 }
 
 void PhotoListTable::DropTiles()
 {
     tiles.clear();
-    states.clear();
 }
 
 int PhotoListTable::rowCount(const QModelIndex& parent) const
@@ -101,9 +99,8 @@ QVariant PhotoListTable::Picture(const QModelIndex& index) const
 
 QIcon PhotoListTable::StateIcon(int row) const
 {
-    const auto [state, isNew] = states.try_emplace(row, 0);
-    if (isNew) state->second = source.StateImage(row);
-    return stateIcons[static_cast<std::size_t>(state->second)];
+    const std::optional<int> state = source.StateImage(row);
+    return stateIcons[static_cast<std::size_t>(state.value_or(0))];
 }
 
 QPixmap PhotoListTable::Tile(int row) const
@@ -111,11 +108,11 @@ QPixmap PhotoListTable::Tile(int row) const
     const double scale = list->devicePixelRatioF();
     const QPixmap* const kept = tiles.object(row);
     if (kept != nullptr && kept->devicePixelRatio() == scale) return *kept;
-    const QImage built = source.Tile(row, scale);
-    if (built.isNull()) return {};
-    QPixmap tile = QPixmap::fromImage(built);
+    const ListTile built = source.Tile(row, scale);
+    if (built.image.isNull()) return {};
+    QPixmap tile = QPixmap::fromImage(built.image);
     tile.setDevicePixelRatio(scale);
-    tiles.insert(row, new QPixmap(tile), built.sizeInBytes());
+    if (built.isWhole) tiles.insert(row, new QPixmap(tile), built.image.sizeInBytes());
     return tile;
 }
 

@@ -7,12 +7,10 @@
 #include <QIcon>
 #include <QPixmap>
 
-#include <unordered_map>
-
 class GaluListCtrl;
 
 /// The rows of a PhotoListSource for the view of a list. What the view asks for is asked of the
-/// source; of that, tiles are kept as far as there is room, and states, for which a file is read.
+/// source; of that, whole tiles are kept as far as there is room.
 class PhotoListTable : public QAbstractTableModel
 {
     Q_OBJECT
@@ -46,5 +44,4 @@ private:
     std::vector<QIcon> stateIcons;
     /// By row. The view asks through const calls.
     mutable QCache<int, QPixmap> tiles;
-    mutable std::unordered_map<int, int> states;
 };

@@ -17,6 +17,7 @@
 #include <QScrollBar>
 
 #include <algorithm>
+#include <utility>
 
 namespace
 {
@@ -59,6 +60,12 @@ ToviPhotoListCtrl::ToviPhotoListCtrl(Look listLook, PhotoListSource& theSource, 
     ConnectBase();
     timer.setSingleShot(true);
     connect(&timer, &QTimer::timeout, this, &ToviPhotoListCtrl::ShowFloaty);
+    source.OnRowChanged = [this](int row) { ResetItem(row); };
+}
+
+ToviPhotoListCtrl::~ToviPhotoListCtrl()
+{
+    source.OnRowChanged = [](int) {};
 }
 
 void ToviPhotoListCtrl::CreateFloaty()
@@ -134,10 +141,21 @@ void ToviPhotoListCtrl::SetupMngmntListCtrl()
 void ToviPhotoListCtrl::Refill()
 {
     ScheduleFloaty(false);
+    rowsTold = {};
     table->Refill();
     const int selected = source.SelectedRow();
     SelectItem(selected < 0 && GetItemCount() > 0 ? 0 : selected);
     ScheduleFloaty(true, shortDelay);
+}
+
+void ToviPhotoListCtrl::TellRowsInSight()
+{
+    const auto place = [this](int row) {
+        const QRect rect = GetItemRect(row);
+        return CellPlace{rect.x(), rect.y(), rect.width(), rect.height()};
+    };
+    const RowRange rows = RowsInSight(GetItemCount(), View()->viewport()->height(), place);
+    if (std::exchange(rowsTold, rows) != rows) source.ShowRows(rows, GetLook() == Look::Icon);
 }
 
 void ToviPhotoListCtrl::SelectItem(int row)
@@ -205,6 +223,8 @@ bool ToviPhotoListCtrl::eventFilter(QObject* watched, QEvent* event)
     }
     if (watched == View() || watched == View()->viewport()) {
         if (event->type() == QEvent::Wheel) DelayFloaty(longDelay);
+        // Whatever moves the rows, they are painted.
+        if (event->type() == QEvent::Paint && watched == View()->viewport()) TellRowsInSight();
         return false;
     }
     return GaluListCtrl::eventFilter(watched, event);

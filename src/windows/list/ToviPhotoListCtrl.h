@@ -2,6 +2,7 @@
 
 #include "platform/controls/GaluListCtrl.h"
 #include "windows/list/PhotoListSource.h"
+#include "windows/list/RowsInSight.h"
 
 #include <QTimer>
 
@@ -22,6 +23,7 @@ class TOVI_EXPORT ToviPhotoListCtrl : public GaluListCtrl
 public:
     /// An empty list; one of the two calls below fills it. \p theSource outlives it.
     ToviPhotoListCtrl(Look listLook, PhotoListSource& theSource, QWidget* parent);
+    ~ToviPhotoListCtrl() override;
 
     /// Fills the list anew and drops all tiles. The source's selected row, or the first if there is
     /// none, is selected (which ItemSelected tells) and in view, and the floaty scheduled. Tiles
@@ -72,6 +74,7 @@ private:
     void CreateFloaty();
     void ConnectBase();
     void Refill();
+    void TellRowsInSight();
     void DelayFloaty(unsigned delay);
     void HideFloaty();
     void ShowFloaty();
@@ -80,6 +83,8 @@ private:
 
     PhotoListSource& source;
     PhotoListTable* table;
+    /// What the source was told last.
+    RowRange rowsTold;
     QTimer timer;
     WenToolBarCtrl* floaty = nullptr;
     bool floatyOn = false;

@@ -1,6 +1,7 @@
 #include "windows/page/CommentStrips.h"
 
 #include "photos/ToviPhoto.h"
+#include "windows/list/RowsInSight.h"
 #include "windows/page/StripPlaces.h"
 
 static constexpr int idStrip = 1136;

@@ -5,6 +5,8 @@
 #include "platform/host/CDocument.h"
 #include "windows/cell/CellChild.h"
 #include "windows/list/ToviPhotoListCtrl.h"
+#include "windows/loader/FileLoader.h"
+#include "work/ReadingLimit.h"
 
 #include <QAbstractItemView>
 
@@ -35,6 +37,7 @@ void PhotoViews::Create(ToviData& document)
 {
     Destroy();
     data = &document;
+    FileLoader::Ours().SetBudget(PictureMemory::LoadInBytes());
     const int count = static_cast<int>(setting.GetCountOfSet());
     if (count > 0) {
         cells.Create(count, [this](int index) { return MakeCell(index); });
@@ -46,6 +49,7 @@ void PhotoViews::Create(ToviData& document)
 void PhotoViews::Destroy()
 {
     InitializeCommentWindow();
+    ahead.Clear();
     cells.Destroy();
     list.reset();
     listContent.SetDocument(nullptr);
@@ -85,6 +89,12 @@ void PhotoViews::CreateList()
     connect(list.get(), &List::ItemDoubleClicked, this, &PhotoViews::ItemDoubleClicked);
     connect(list.get(), &List::ItemRightClicked, this, &PhotoViews::ItemRightClicked);
     list->show();
+}
+
+void PhotoViews::ShowPage(int first)
+{
+    cells.Show(first);
+    ahead.Show(*data, first, cells.Count());
 }
 
 void PhotoViews::RefillList()

@@ -3,6 +3,7 @@
 #include "windows/list/PhotoListContent.h"
 #include "windows/page/CellPage.h"
 #include "windows/page/CommentStrips.h"
+#include "windows/page/PagesAhead.h"
 
 class ToviPhotoListCtrl;
 
@@ -30,6 +31,8 @@ public:
     /// Null in a paged mode.
     ToviPhotoListCtrl* List() const { return list.get(); }
 
+    /// Shows the page of photographs from the position \p first on, in a paged mode.
+    void ShowPage(int first);
     /// Fills the list anew, if there is one.
     void RefillList();
     /// Gives the windows their places in the parent.
@@ -86,6 +89,7 @@ private:
     CDocument* host;
     ToviData* data = nullptr;
     CellPage cells;
+    PagesAhead ahead;
     PhotoListContent listContent;
     std::unique_ptr<ToviPhotoListCtrl> list;
     CommentStrips strips;

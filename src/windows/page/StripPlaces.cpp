@@ -1,8 +1,5 @@
 #include "windows/page/StripPlaces.h"
 
-#include <algorithm>
-#include <ranges>
-
 namespace
 {
 constexpr int stripWidth = 150;
@@ -22,16 +19,4 @@ bool IsItemInSight(const CellPlace& item, int clientWidth, int clientHeight)
     };
     if (item.width <= 0) return false;
     return isInside(item.x, item.y) || isInside(item.x + item.width, item.y + item.height);
-}
-
-RowRange RowsInSight(int count, int clientHeight, const std::function<CellPlace(int)>& placeOf)
-{
-    const auto rows = std::views::iota(0, std::max(0, count));
-    const auto first = std::ranges::partition_point(rows, [&](int row) {
-        const CellPlace place = placeOf(row);
-        return place.y + place.height < 0;
-    });
-    const auto end = std::ranges::partition_point(
-        first, rows.end(), [&](int row) { return placeOf(row).y < clientHeight; });
-    return {static_cast<int>(first - rows.begin()), static_cast<int>(end - rows.begin())};
 }

@@ -8,6 +8,7 @@
 #include "review/SlideMode.h"
 #include "windows/dialogs/ToviInputCommentDlg.h"
 #include "windows/list/ToviPhotoListCtrl.h"
+#include "windows/loader/FileLoader.h"
 #include "windows/panel/ToviPopUpMenu.h"
 #include "windows/panel/UncheckedSearch.h"
 
@@ -104,6 +105,7 @@ void ToviMpiPanel::OnPreDetachData()
     DeleteAllDialog();
     ClearMessageState();
     views.Destroy();
+    FileLoader::Ours().Forget(GetData()->GetFiles().get());
     pages.ResetPageCount(-1, 0);
     TellPage();
 }
@@ -277,7 +279,7 @@ void ToviMpiPanel::OnChangePage()
     {
         // The focus that moves within a cell is no choice of the user's.
         const QSignalBlocker quiet(views);
-        views.Cells().Show(first);
+        views.ShowPage(first);
     }
     if (GetSelSpiCtrl() == nullptr) OnSelect(first);
     FollowWithFocus();

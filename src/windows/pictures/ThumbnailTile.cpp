@@ -49,18 +49,18 @@ QSize ThumbnailTile::Size()
     return size;
 }
 
-QImage ThumbnailTile::CreateThumbImage(ToviPhoto& photo, double scale) const
+QImage ThumbnailTile::CreateThumbImage(const ToviPhoto& photo, const LumImage* image,
+                                       double scale) const
 {
-    LumImage image;
-    const bool isLoaded = image.LoadThumb(photo.ReadablePath());
     QImage tile = PicturePixmap(PicturesOf(sheet).front(), Size(), scale)
                       .toImage()
                       .convertToFormat(QImage::Format_ARGB32_Premultiplied);
     if (tile.isNull()) return tile;
     tile.setDevicePixelRatio(scale);
     QPainter painter(&tile);
-    if (!isLoaded) DrawFailure(painter);
-    if (!isLoaded || DrawPhoto(painter, image, scale)) AddInfoBmp(painter, photo);
+    if (image != nullptr && !image->IsValid()) DrawFailure(painter);
+    const bool hasPicture = image != nullptr && image->IsValid();
+    if (!hasPicture || DrawPhoto(painter, *image, scale)) AddInfoBmp(painter, photo);
     return tile;
 }
 

@@ -18,10 +18,10 @@ public:
     /// The size of every tile, in pixels of the layout.
     static QSize Size();
 
-    /// The tile of \p photo, with \p scale device pixels to each pixel of the layout. Reads the
-    /// photograph's file; one that is no picture gives a tile that says so. A null image when there
-    /// is no memory for it.
-    QImage CreateThumbImage(ToviPhoto& photo, double scale) const;
+    /// The tile of \p photo with its picture \p image, with \p scale device pixels to each pixel of
+    /// the layout. An empty picture, of a file that isn't one, gives a tile that says so; null, one
+    /// that isn't read yet, an empty sheet. A null image when there is no memory for it.
+    QImage CreateThumbImage(const ToviPhoto& photo, const LumImage* image, double scale) const;
 
 private:
     bool DrawPhoto(QPainter& painter, const LumImage& image, double scale) const;
