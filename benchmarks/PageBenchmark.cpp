@@ -1,20 +1,27 @@
-// Turning a page of six photographs of two million pixels: until their thumbnails are on screen,
-// and until the full pictures are, beside six bare decodes. And a label by key until its cell is
-// painted again, beside a bare painting of the cell.
+// Turning a page of six photographs of two million pixels, cold and fetched ahead: until their
+// thumbnails are on screen, and until the full pictures are, beside six bare decodes spread over
+// the cores. A list that is scrolled. Keys while a share doesn't answer. And a label by key until
+// its cell is painted again, beside a bare painting of the cell.
 
 #include "BareJpeg.h"
 #include "hosts/viewer/MainFrame.h"
 #include "Samples.h"
 #include "support/OpenedSample.h"
+#include "support/StallingShare.h"
 #include "windows/cell/ToviSpiCtrl.h"
+#include "windows/loader/FileLoader.h"
 #include "windows/page/ToviMpiPanel.h"
 
 #include <QAction>
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QTest>
 
+#include <algorithm>
+#include <atomic>
 #include <filesystem>
 #include <fstream>
+#include <thread>
 
 namespace
 {
@@ -43,7 +50,7 @@ CString PagesFolder()
 /// Pages of six over a delivery that was just opened.
 struct PageBench
 {
-    PageBench()
+    explicit PageBench(CString photos = PagesFolder()) : folder(std::move(photos))
     {
         window.resize(windowSize);
         panel.Create(&window, 1);
@@ -58,8 +65,7 @@ struct PageBench
     {
         panel.Detach();
         ToviEnouDataFactory factory;
-        document.reset(
-            factory.Create(&host, PagesFolder().c_str(), PhotoXMLMlit, nullptr, nullptr));
+        document.reset(factory.Create(&host, folder.c_str(), PhotoXMLMlit, nullptr, nullptr));
         document->BuildTreeNode(ToviPhotoCtrlVisualSetting::TreeWorkTypeFull);
         document->Load();
         ToviPhotoCtrlVisualSetting setting = document->GetVisualSetting();
@@ -84,20 +90,49 @@ struct PageBench
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 
-    bool IsPageFull() const
+    /// Nothing is in hand but the page on show.
+    void ForgetOthers() const
+    {
+        WaitUntilIdle();
+        FileLoader::Ours().Forget(document->GetFiles().get());
+    }
+    static void WaitUntilIdle()
+    {
+        while (!FileLoader::Ours().IsIdle()) QTest::qWait(2);
+        Paint();
+    }
+    /// As WaitUntilIdle, once the pictures of the neighbours are wanted, too.
+    static void WaitUntilFetchedAhead()
+    {
+        QTest::qWait(200);
+        WaitUntilIdle();
+    }
+
+    template <class Shown>
+    bool IsPage(const Shown& isShown) const
     {
         const int first = (panel.GetCurrentPage() - 1) * onPage;
         for (int position = first; position < first + onPage; ++position) {
-            if (!document->GetPhoto(position)->IsImageLoaded()) return false;
+            if (!isShown(*document->GetPhoto(position))) return false;
         }
         return true;
     }
-    void WaitUntilPageIsFull() const
+    template <class Shown>
+    void WaitUntil(const Shown& isShown) const
     {
-        while (!IsPageFull()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        while (!IsPage(isShown)) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
         Paint();
     }
+    void WaitUntilThumbnails() const
+    {
+        WaitUntil([](const ToviPhoto& photo) { return photo.GetImage().IsValid(); });
+    }
+    void WaitUntilPageIsFull() const
+    {
+        WaitUntil([](const ToviPhoto& photo) { return photo.IsImageLoaded(); });
+    }
 
+    CString folder;
     TestHost services;
     NotingDocument host;
     std::unique_ptr<ToviData> document;
@@ -108,19 +143,27 @@ struct PageBench
 void DecodePage(benchmark::State& state, int reduction)
 {
     const CString path = PhotoPath();
+    const unsigned cores = std::max(1u, std::thread::hardware_concurrency());
     for (auto _ : state) {
-        for (int photo = 0; photo < onPage; ++photo) DecodeBare(path, reduction);
+        std::atomic<int> left = onPage;
+        std::vector<std::jthread> threads;
+        for (unsigned core = 0; core < cores; ++core) {
+            threads.emplace_back([&] {
+                while (left-- > 0) DecodeBare(path, reduction);
+            });
+        }
     }
 }
 
-/// Turns a page each time; it is on screen once \p finish has returned.
-template <class Finish>
-void TurnPages(benchmark::State& state, const Finish& finish)
+/// Turns a page each time, when \p prepare has returned; it is on screen once \p finish has.
+template <class Prepare, class Finish>
+void TurnPages(benchmark::State& state, const Prepare& prepare, const Finish& finish)
 {
     PageBench bench;
     for (auto _ : state) {
         state.PauseTiming();
         bench.KeepPages();
+        prepare(bench);
         state.ResumeTiming();
         bench.panel.OperateNextPage();
         finish(bench);
@@ -131,26 +174,92 @@ void BareScaledDecodesOfAPage(benchmark::State& state)
 {
     DecodePage(state, 4);
 }
-BENCHMARK(BareScaledDecodesOfAPage)->Unit(benchmark::kMillisecond);
+BENCHMARK(BareScaledDecodesOfAPage)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime()
+    ->MeasureProcessCPUTime();
 
-void TurnPageToThumbnails(benchmark::State& state)
+void TurnColdPageToThumbnails(benchmark::State& state)
 {
-    TurnPages(state, [](PageBench& bench) { bench.Paint(); });
+    TurnPages(
+        state, [](PageBench& bench) { bench.ForgetOthers(); },
+        [](PageBench& bench) { bench.WaitUntilThumbnails(); });
 }
-BENCHMARK(TurnPageToThumbnails)->Unit(benchmark::kMillisecond);
+BENCHMARK(TurnColdPageToThumbnails)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime()
+    ->MeasureProcessCPUTime();
 
 void BareFullDecodesOfAPage(benchmark::State& state)
 {
     DecodePage(state, 1);
 }
-BENCHMARK(BareFullDecodesOfAPage)->Unit(benchmark::kMillisecond);
+BENCHMARK(BareFullDecodesOfAPage)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime()
+    ->MeasureProcessCPUTime();
 
-/// The time counts the 100 ms that a key held down gets to turn on; what is done is the CPU's time.
-void TurnPageToFullPictures(benchmark::State& state)
+/// The time counts the 100 ms that a key held down gets to turn on, in which the thumbnails come.
+void TurnColdPageToFullPictures(benchmark::State& state)
 {
-    TurnPages(state, [](PageBench& bench) { bench.WaitUntilPageIsFull(); });
+    TurnPages(
+        state, [](PageBench& bench) { bench.ForgetOthers(); },
+        [](PageBench& bench) { bench.WaitUntilPageIsFull(); });
 }
-BENCHMARK(TurnPageToFullPictures)->Unit(benchmark::kMillisecond);
+BENCHMARK(TurnColdPageToFullPictures)
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime()
+    ->MeasureProcessCPUTime();
+
+/// With the thumbnails alone in hand, as while a key is held down.
+void TurnPageToThumbnailsInHand(benchmark::State& state)
+{
+    TurnPages(
+        state,
+        [](PageBench& bench) {
+            bench.ForgetOthers();
+            bench.panel.OperateNextPage();
+            bench.WaitUntilIdle();
+        },
+        [](PageBench& bench) { bench.WaitUntilThumbnails(); });
+}
+BENCHMARK(TurnPageToThumbnailsInHand)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void TurnPageToFullPicturesInHand(benchmark::State& state)
+{
+    TurnPages(
+        state, [](PageBench& bench) { bench.WaitUntilFetchedAhead(); },
+        [](PageBench& bench) { bench.WaitUntilPageIsFull(); });
+}
+BENCHMARK(TurnPageToFullPicturesInHand)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+/// The longest time that a key takes while the share of the photographs doesn't answer.
+void KeysWhileAShareStalls(benchmark::State& state)
+{
+    const TempFolder temp;
+    StallingShare share(PagesFolder(), temp.MakeFolder("share"));
+    if (!share.IsThere()) {
+        state.SkipWithError("needs /dev/fuse and the right to mount");
+        return;
+    }
+    PageBench bench(temp.Path("share"));
+    bench.WaitUntilFetchedAhead();
+    share.Stall();
+    double longest = 0;
+    for (auto _ : state) {
+        QElapsedTimer timer;
+        timer.start();
+        if (bench.panel.GetCurrentPage() % 7 != 0) {
+            bench.panel.OperateNextPage();
+        } else {
+            bench.panel.OperateTopPage();
+        }
+        QCoreApplication::processEvents();
+        longest = std::max(longest, static_cast<double>(timer.nsecsElapsed()) / 1e6);
+    }
+    state.counters["msLongest"] = longest;
+}
+BENCHMARK(KeysWhileAShareStalls)->Unit(benchmark::kMillisecond)->Iterations(200)->UseRealTime();
 
 /// The resident memory of this program, in MB.
 double Resident()
@@ -181,6 +290,7 @@ void TurnFiveHundredPages(benchmark::State& state)
     const double before = Resident();
     for (auto _ : state) turn();
     state.counters["MBgrown"] = Resident() - before;
+    state.counters["MBinHand"] = static_cast<double>(FileLoader::Ours().BytesInHand()) / 1e6;
 }
 BENCHMARK(TurnFiveHundredPages)->Iterations(1)->Unit(benchmark::kMillisecond);
 
