@@ -1,6 +1,7 @@
 // The main window's commands on which photographs are shown, and on the settings.
 
 #include "hosts/viewer/FrameExtraction.h"
+#include "hosts/viewer/ItemOrder.h"
 #include "hosts/viewer/MainFrame.h"
 #include "hosts/viewer/SlideShow.h"
 #include "windows/page/ToviMpiPanel.h"
@@ -33,6 +34,7 @@ void MainFrame::SetUp()
     if (!dialog.DoModal()) return;
     const bool otherOrder = !(dialog.GetSortCondition() == open.GetSortCondition());
     open.SetManager(dialog.GetLabelMngr(), dialog.GetItemManager(), true);
+    ItemOrder::Save(open.GetItemManager()->GetItemShowSettings());
     open.SetSortCondition(dialog.GetSortCondition());
     document.ApplySettings(dialog.GetVisualSetting());
     // Several settings at once are more than the panel would tell apart.

@@ -4,8 +4,10 @@
 #include "delivery/MediaCombine.h"
 #include "delivery/ToviEnouDataFactory.h"
 #include "extraction/ToviSortCondition.h"
+#include "hosts/viewer/ItemOrder.h"
 #include "inspection/RecordProblems.h"
 #include "items/ToviItemDef.h"
+#include "items/ToviItemManager.h"
 #include "items/ToviPhotoCtrlVisualSetting.h"
 #include "loading/WorkTitle.h"
 #include "platform/controls/WindowHandle.h"
@@ -56,6 +58,7 @@ void ViewerDocument::Take(OpenedDelivery opened)
     notice = opened.notice;
     workTitle = ReadWorkTitle(data->GetItemDef()->GetParentPath());
     data->Load();
+    ItemOrder::Restore(data->GetItemManager()->GetItemShowSettings());
     // Builds the chain of the tamper check, which has none until it is told.
     data->SetVisualSetting(data->GetVisualSetting(), true);
     data->BuildTreeNode(data->GetVisualSetting().GetTreeType());
