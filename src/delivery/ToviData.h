@@ -232,6 +232,12 @@ public:
     void ExecExtractionAND();
     /// The same with the photographs that meet any condition.
     void ExecExtractionOR();
+    /// From now on the photographs of each node or label that is selected are narrowed to those in
+    /// which \p text is found (see extraction/TextSearch.h), too; all stay for a blank one. The
+    /// current array stays as it is.
+    void SetSearchText(const CString& text);
+    /// What is looked for; empty when nothing is.
+    const CString& GetSearchText() const;
     /// Empties the current array and, with \p update, tells the views. The first argument isn't
     /// read.
     void SetCurPhotoArray(bool ignored, bool update);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "delivery/ToviData.h"
+#include "extraction/TextSearch.h"
 #include "extraction/ToviSortCondition.h"
 #include "items/ToviItemDef.h"
 #include "items/ToviItemManager.h"
@@ -22,6 +23,7 @@ struct ToviData::Parts
     LabelEdits labelEdits;
     ToviItemDef itemDef;
     PhotoPathItems pathItems;
+    TextSearch search{photos, itemDef, pathItems};
     /// Of the photographs' names (see RecordOrigin); empty until somebody asks.
     CString namesDigest;
     ToviLabelManager labelManager;

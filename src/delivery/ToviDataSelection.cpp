@@ -80,6 +80,16 @@ void ToviData::ExecExtractionOR()
     if (outcome == ExtractionEngine::Outcome::Cancelled) CancelExtraction(CancelExtButton);
 }
 
+void ToviData::SetSearchText(const CString& text)
+{
+    parts->search.LookFor(text);
+}
+
+const CString& ToviData::GetSearchText() const
+{
+    return parts->search.GetText();
+}
+
 void ToviData::SetCurPhotoArray(bool /*ignored*/, bool update)
 {
     curPhotos.RemoveAll();
@@ -140,6 +150,7 @@ void ToviData::SetSelected(int label)
     selectedLabel = label;
     curPhotos.RemoveAll();
     if (label >= 0) CollectionLabel(static_cast<unsigned long>(label), curPhotos);
+    parts->search.Narrow(curPhotos);
     if (parts->sortCondition->IsExecSort()) Sort();
     Broadcast(HintSelectionChanged);
     UpdateHasComment();
@@ -188,5 +199,6 @@ void ToviData::RebuildCurrentArray()
     if (selectedNode != nullptr) selectedNode->GetAllUnder(beneath);
     curPhotos.Assign(beneath);
     ExtractionProcess();
+    parts->search.Narrow(curPhotos);
     if (parts->sortCondition->IsExecSort()) Sort();
 }

@@ -1,4 +1,5 @@
 #include "platform/text/Cp932.h"
+#include "platform/text/SearchFolding.h"
 #include "platform/text/TextEncoding.h"
 
 #include <gtest/gtest.h>
@@ -41,6 +42,23 @@ TEST(Text, TellsUtf8FromWhatOnlyLooksLikeIt)
                             "\xE5\xB7", "\x80", "12345678\xFF", "\xF8\x88\x80\x80\x80"}) {
         EXPECT_FALSE(IsUtf8(bad)) << testing::PrintToString(bad);
     }
+}
+
+TEST(SearchFolding, MakesTheSameWhatIsWrittenInTwoWays)
+{
+    const std::pair<const char*, const char*> cases[] = {{"ＡＢＣ　ａｂｃ", "abc abc"},
+                                                         {"ｶﾞｰﾄﾞﾚｰﾙ", "がーどれーる"},
+                                                         {"ヴァヶヽヾ", "ゔぁゖゝゞ"},
+                                                         {"①Ⅳ㈱㎡", "1iv(株)m2"},
+                                                         {"10－1−2‐3", "10-1-2-3"},
+                                                         {"〜～", "~~"},
+                                                         {"葛󠄀城\u200B市", "葛城市"},
+                                                         {"Straße", "strasse"},
+                                                         {"a\r\n\tB", "a   b"},
+                                                         {"か\u3099", "が"},
+                                                         {"工\xB7", "工\uFFFD"}};
+    for (const auto& [text, folded] : cases) EXPECT_EQ(FoldForSearch(text), folded) << text;
+    EXPECT_EQ(SearchWords(" No.１　カナ\n"), (std::vector<CString>{"no.1", "かな"}));
 }
 
 TEST(Text, FoldsTheCaseOfFileNames)
