@@ -111,6 +111,8 @@ TEST_F(Inspection, NarrowsAndOrders)
          "[]"},
         {{"--type", "2", "--no-exif", "--sort", "シリアル番号"}, "[5,4,3,2,1,0]"},
         {{"--missing-required"}, "[]"},
+        {{"--type", "2", "--record", record, "--key-photo", "--text", "ホソウコウ"}, "[]"},
+        {{"--type", "2", "--key-photo", "--text", "ｐ0000003　擁壁"}, "[]"},
     };
     for (const auto& [options, current] : cases)
         EXPECT_EQ(Selected(options), current) << testing::PrintToString(options);
@@ -150,6 +152,7 @@ TEST_F(Inspection, SaysWhatIsWrong)
         {{"select", "--date-from", "2024-03-01"}, 2, "両方"},
         {{"select", "--label", "0", "--ng"}, 2, "--label"},
         {{"select", "--or"}, 2, "抽出条件と一緒"},
+        {{"select", "--text", "　"}, 2, "--text には"},
         {{"select", "--descending"}, 2, "--sort"},
         {{"select", "--file-date", "--ng"}, 2, "--date-from"},
     };

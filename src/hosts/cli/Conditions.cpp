@@ -4,6 +4,7 @@
 #include "hosts/cli/NearWords.h"
 #include "hosts/cli/Records.h"
 #include "photos/LabelSlots.h"
+#include "platform/text/SearchFolding.h"
 
 #include <algorithm>
 #include <cctype>
@@ -84,6 +85,9 @@ CString WhatIsWrong(const ConditionArguments& arguments)
     if (arguments.fileDate && !dated) {
         return "--file-date は --date-from と --date-to と一緒に指定してください。";
     }
+    if (arguments.text && SearchWords(*arguments.text).empty()) {
+        return "--text には探す文字を指定してください。";
+    }
     if (arguments.descending && arguments.sortItem.empty()) {
         return "--descending は --sort と一緒に指定してください。";
     }
@@ -151,6 +155,10 @@ Options ConditionOptions(ConditionArguments& arguments)
           {"--missing-required", "抽出条件: 必須項目未入力写真", &conditions.neceNotwrite},
           {"--item", "抽出条件: 項目の値。3つまで。空の値は 項目名=【未記入】", &arguments.items,
            "TITLE=TEXT ..."},
+          {"--text",
+           "これらの語のすべてが項目、コメント、ファイル名のどこかにある写真に絞る。全角と半角、"
+           "カナとかな、大文字と小文字は区別しない",
+           &arguments.text, "TEXT"},
           {"--date-from", "抽出条件: 撮影年月日がこの日から", &conditions.dateFrom, "D"},
           {"--date-to", "抽出条件: 撮影年月日がこの日まで", &conditions.dateTo, "D"},
           {"--file-date", "撮影年月日の代わりにファイル更新日で見る", &arguments.fileDate},
@@ -171,6 +179,7 @@ int MakeCurrentArray(ToviData& document, const ConditionArguments& arguments)
     if (!LoadRecord(document, arguments.record)) return ExitFailed;
     if (!SelectNode(document, arguments.choice.nodes)) return ExitWrongUsage;
     if (!arguments.sortItem.empty()) SetSort(document, arguments);
+    if (arguments.text) document.SetSearchText(*arguments.text);
     int status = ExitDone;
     if (arguments.label >= 0) {
         document.SetSelected(arguments.label);

@@ -13,6 +13,7 @@ struct ConditionArguments
     int label = -1;
     ExtractionConditions conditions;
     std::vector<std::string> items;
+    std::optional<std::string> text;
     bool all = false;
     bool any = false;
     bool fileDate = false;
