@@ -35,7 +35,7 @@ struct ExtractingFrame : ShownFrame
     {
         Open();
         PasteLabel(Data(), 2, LabelNg1);
-        Press(Qt::Key_F, Qt::ControlModifier);
+        Press(Qt::Key_E, Qt::ControlModifier | Qt::ShiftModifier);
     }
 
     QWidget& Window() const { return *frame->findChild<ToviExtractionWindow*>(); }
@@ -117,6 +117,54 @@ TEST(FrameExtraction, OffersAWayOnWhereNothingIsFound)
     EXPECT_EQ(shown.Data().GetCurrentPhotoCount(), 8);
     ASSERT_TRUE(shown.Open());
     EXPECT_FALSE(Control<QCheckBox>(shown.Window(), ngPhoto).isChecked());
+}
+
+/// Types by an input method where the focus is, which has to stay there.
+void Type(const char* text)
+{
+    QWidget* const focus = QApplication::focusWidget();
+    QInputMethodEvent converted;
+    converted.setCommitString(QString::fromUtf8(text));
+    QApplication::sendEvent(focus, &converted);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(QApplication::focusWidget(), focus) << text;
+}
+
+TEST(FrameSearch, NarrowsWhileTypingAndEndsByOneButton)
+{
+    const ExtractingFrame shown;
+    SetComment(shown.Data(), 2, "要再撮影");
+    SetComment(shown.Data(), 4, "要再撮影 p1");
+    shown.Press(Qt::Key_F, Qt::ControlModifier);
+    Type("再撮影");
+    EXPECT_EQ(shown.Strip(), "8 枚のうち 2 枚を表示");
+    EXPECT_THAT(shown.Status(), Contains("検索中"));
+    shown.Click(ngPhoto);
+    shown.Click(execute);
+    EXPECT_EQ(shown.Strip(), "抽出中： NG写真（8 枚のうち 1 枚を表示）");
+    shown.Trees().setCurrentIndex(1);
+    shown.Data().SetSelected(static_cast<int>(LabelNg1));
+    EXPECT_EQ(shown.Strip(), "1 枚のうち 1 枚を表示（付箋の写真は抽出されません）");
+    shown.Trees().setCurrentIndex(0);
+    shown.frame->findChild<ExtractionStrip*>()->findChild<QPushButton*>()->click();
+    EXPECT_EQ(shown.Strip(), "");
+    EXPECT_EQ(shown.Data().GetCurrentPhotoCount(), 8);
+
+    shown.Press(Qt::Key_F, Qt::ControlModifier);
+    Type("　");
+    Type("再撮影 p1");
+    EXPECT_EQ(shown.Data().GetCurrentPhotoCount(), 1);
+    Type(" ない");
+    EXPECT_TRUE(shown.IsNothingPageShown());
+    shown.Press(Qt::Key_Escape);
+    EXPECT_FALSE(shown.IsNothingPageShown());
+    EXPECT_EQ(shown.Data().GetCurrentPhotoCount(), 8);
+    EXPECT_TRUE(shown.Panel().isAncestorOf(QApplication::focusWidget()));
+
+    shown.Press(Qt::Key_F, Qt::ControlModifier);
+    Type("再撮影");
+    ASSERT_TRUE(shown.Open());
+    EXPECT_EQ(shown.Strip(), "") << "what was looked for in another delivery";
 }
 
 TEST(FrameSetUp, IsSeenAtOnceInEveryWindow)

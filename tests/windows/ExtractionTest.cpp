@@ -144,10 +144,16 @@ TEST(ExtractionRules, TellWhatIsExtracted)
     conditions = {};
     conditions.ngPhoto = conditions.notExifinfo = true;
     conditions.orMode = 1;
-    const ExtractionView view{ExtractionView::Narrowed, 3, 120};
+    ExtractionView view{ExtractionView::Narrowed, true, false, false, 3, 120};
     EXPECT_EQ(StripText(view, conditions),
               "抽出中： NG写真 または Exif情報非保有写真（120 枚のうち 3 枚を表示）");
     EXPECT_EQ(StripText({}, conditions), "");
+    view.searched = true;
+    EXPECT_EQ(EndText(view), "抽出と検索を解除");
+    EXPECT_EQ(NothingText(view, conditions, "舗装"),
+              CString(nothingFound) + "\n\nNG写真 または Exif情報非保有写真\n「舗装」を含む");
+    view.extracted = false;
+    EXPECT_EQ(StripText(view, conditions), "120 枚のうち 3 枚を表示");
 }
 
 TEST(ExtractionWindow, SwitchesExtractionOnAndOff)
@@ -161,7 +167,7 @@ TEST(ExtractionWindow, SwitchesExtractionOnAndOff)
     EXPECT_EQ(shown.Button(execute).text(), QStringLiteral("抽出実行中"));
     EXPECT_TRUE(shown.Button(execute).isChecked());
     EXPECT_EQ(ViewOf(*shown.sample.document, true, false),
-              (ExtractionView{ExtractionView::Narrowed, 1, 4}));
+              (ExtractionView{ExtractionView::Narrowed, true, false, false, 1, 4}));
 
     shown.Click(notchecked);
     EXPECT_THAT(shown.Shown(), IsEmpty()) << "no photograph is both";

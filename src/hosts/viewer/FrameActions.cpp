@@ -75,8 +75,9 @@ const Row rows[] = {
     {ShowInfoList, "写真情報リスト(&I)", "Ctrl+I", {}, CheckedOnDelivery},
     {ShowComments, "コメント(&C)", "Ctrl+M", Picture("comment-show"), CheckedOnDelivery},
     {CheckTampering, "画像加工検知を行う(&D)", "", {}, CheckedOnDelivery},
-    {ShowExtraction, "抽出の条件(&T)...", "Ctrl+F", Picture("extract"), OnDelivery, "抽出"},
-    {EndExtraction, "抽出を解除(&U)", "Ctrl+Shift+F", {}, Plain},
+    {Search, "写真を検索(&F)...", "Ctrl+F", Picture("search"), OnDelivery, "検索"},
+    {ShowExtraction, "抽出の条件(&T)...", "Ctrl+Shift+E", Picture("extract"), OnDelivery, "抽出"},
+    {EndExtraction, "抽出と検索を解除(&U)", "Ctrl+Shift+F", {}, Plain},
     {SetUp, "設定(&S)...", "Ctrl+,", Picture("settings"), OnDelivery, "設定"},
     {ZoomPhoto, "写真拡大[情報](&Z)", "Z", Picture("zoom"), OnDelivery, "拡大"},
     {NextZoom, "次の拡大写真へ移る(&U)", "F6", {}, OnDelivery},
@@ -186,7 +187,7 @@ void FrameActions::FillMenus(QMainWindow* frame, QMenu* recent,
     review->addSeparator();
     fill(review, {RemoveLabels, CorrectLabels});
     review->addSeparator();
-    fill(review, {ShowExtraction, EndExtraction});
+    fill(review, {FrameCommand::Search, ShowExtraction, EndExtraction});
     review->addSeparator();
     fill(review, {CheckTampering, SetUp});
 
@@ -206,5 +207,5 @@ void FrameActions::FillToolBar(QToolBar* toolBar, QWidget* pageLabel) const
     toolBar->addSeparator();
     for (const FrameCommand command : modes) toolBar->addAction(actions.at(command));
     toolBar->addSeparator();
-    fill({ZoomPhoto, NextUnchecked, ShowExtraction});
+    fill({ZoomPhoto, NextUnchecked, FrameCommand::Search, ShowExtraction});
 }

@@ -46,6 +46,7 @@ enum class FrameCommand
     ShowInfoList,
     ShowComments,
     CheckTampering,
+    Search,
     ShowExtraction,
     EndExtraction,
     SetUp,

@@ -1,6 +1,7 @@
 #include "hosts/viewer/FrameExtraction.h"
 
 #include "hosts/viewer/ViewerDocument.h"
+#include "platform/text/SearchFolding.h"
 #include "windows/extraction/ExtractionRules.h"
 #include "windows/extraction/ExtractionStrip.h"
 #include "windows/extraction/NothingExtractedPage.h"
@@ -38,8 +39,17 @@ FrameExtraction::FrameExtraction(QMainWindow* theFrame, ViewerDocument& theDocum
     connect(window, &ToviExtractionWindow::StateChanged, this, &FrameExtraction::Changed);
     connect(strip, &ExtractionStrip::EndRequested, this, &FrameExtraction::EndRequested);
     connect(nothingPage, &NothingExtractedPage::EndRequested, this, &FrameExtraction::EndRequested);
-    connect(nothingPage, &NothingExtractedPage::ChangeRequested, this,
-            &FrameExtraction::ShowConditions);
+    connect(nothingPage, &NothingExtractedPage::ChangeRequested, this, [this] {
+        if (window->IsRunning()) {
+            ShowConditions();
+        } else {
+            BeginSearch();
+        }
+    });
+    connect(strip, &ExtractionStrip::TextChanged, this, &FrameExtraction::SearchRequested);
+    connect(strip, &ExtractionStrip::SearchEndRequested, this,
+            &FrameExtraction::SearchEndRequested);
+    connect(strip, &ExtractionStrip::PhotosRequested, this, &FrameExtraction::PhotosRequested);
     connect(end, &QAction::triggered, this, &FrameExtraction::EndRequested);
 }
 
@@ -60,9 +70,16 @@ void FrameExtraction::Show(bool ofLabel)
         data == nullptr ? ExtractionView() : ViewOf(*data, window->IsRunning(), ofLabel);
     const bool isOn = view.kind != ExtractionView::Off;
     findsNothing = view.kind == ExtractionView::Nothing;
-    strip->Tell(StripText(view, window->GetConditions()));
-    nothingPage->Tell(ConditionsText(window->GetConditions()));
-    status->setText(QStringLiteral("抽出中"));
+    // The field may still hold what was searched for in another delivery.
+    if (data == nullptr || (!view.searched && !SearchWords(strip->SearchText()).empty())) {
+        strip->EndSearch();
+    }
+    strip->Tell(StripText(view, window->GetConditions()), EndText(view));
+    if (findsNothing) {
+        nothingPage->Tell(NothingText(view, window->GetConditions(), data->GetSearchText()),
+                          EndText(view));
+    }
+    status->setText(view.extracted ? QStringLiteral("抽出中") : QStringLiteral("検索中"));
     status->setVisible(isOn);
     end->setEnabled(isOn);
     dock->setEnabled(data != nullptr);
@@ -84,9 +101,39 @@ void FrameExtraction::ShowConditions()
     window->FocusConditions();
 }
 
+void FrameExtraction::BeginSearch()
+{
+    strip->BeginSearch();
+}
+
+void FrameExtraction::SearchFor(const CString& text, bool ofLabel)
+{
+    ToviData& data = *document.Data();
+    if (data.GetSearchText().empty() && SearchWords(text).empty()) return;
+    data.SetSearchText(text);
+    if (ofLabel) {
+        data.SetSelected(data.GetSelectedIndex());
+    } else {
+        data.SetSelected(data.GetSelectedNode(), true);
+    }
+}
+
+void FrameExtraction::Search(bool ofLabel)
+{
+    if (document.Data() != nullptr) SearchFor(strip->SearchText(), ofLabel);
+}
+
+void FrameExtraction::EndSearch(bool ofLabel)
+{
+    strip->EndSearch();
+    Search(ofLabel);
+}
+
 void FrameExtraction::End(bool ofLabel)
 {
-    if (document.Data() == nullptr || !window->IsRunning()) return;
+    if (document.Data() == nullptr) return;
+    EndSearch(ofLabel);
+    if (!window->IsRunning()) return;
     if (ofLabel) {
         document.Data()->CancelExtraction(CancelExtButton);
     } else {

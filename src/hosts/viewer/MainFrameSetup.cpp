@@ -22,6 +22,16 @@ void MainFrame::ConnectExtraction()
     connect(extraction, &FrameExtraction::Changed, &document, &ViewerDocument::Updated);
     connect(extraction, &FrameExtraction::EndRequested, this,
             [this] { extraction->End(ShowsLabel()); });
+    connect(actions[FrameCommand::Search], &QAction::triggered, extraction,
+            &FrameExtraction::BeginSearch);
+    connect(extraction, &FrameExtraction::SearchRequested, this,
+            [this] { extraction->Search(ShowsLabel()); });
+    connect(extraction, &FrameExtraction::SearchEndRequested, this, [this] {
+        extraction->EndSearch(ShowsLabel());
+        photoPanel->setFocus();
+    });
+    connect(extraction, &FrameExtraction::PhotosRequested, this,
+            [this] { photoPanel->setFocus(); });
     connect(actions[FrameCommand::SetUp], &QAction::triggered, this, &MainFrame::SetUp);
 }
 

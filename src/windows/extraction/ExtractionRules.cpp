@@ -58,6 +58,17 @@ CString Joined(const CStringArray& texts, const ExtractionConditions& conditions
     }
     return joined;
 }
+/// The photographs of the selected node or label, those that aren't shown, too.
+int CountUnnarrowed(const ToviData& document, bool ofLabel)
+{
+    if (ofLabel) {
+        const int label = document.GetSelectedIndex();
+        return label < 0 ? 0 : document.CountLabel(static_cast<unsigned long>(label));
+    }
+    CArray<int> inNode;
+    if (document.GetSelectedNode() != nullptr) document.GetSelectedNode()->GetAllUnder(inNode);
+    return inNode.GetSize();
+}
 } // namespace
 
 bool HasCondition(const ExtractionConditions& conditions)
@@ -94,30 +105,48 @@ ConditionsChange ChangeTo(const ExtractionConditions& conditions, bool running)
 
 ExtractionView ViewOf(const ToviData& document, bool running, bool ofLabel)
 {
-    if (!running) return {};
-    CArray<int> inNode;
-    if (document.GetSelectedNode() != nullptr) document.GetSelectedNode()->GetAllUnder(inNode);
-    ExtractionView view{ExtractionView::Narrowed, document.GetCurrentPhotoCount(),
-                        inNode.GetSize()};
-    if (ofLabel) {
+    ExtractionView view{
+        .extracted = running, .searched = !document.GetSearchText().empty(), .ofLabel = ofLabel};
+    if (!view.extracted && !view.searched) return view;
+    view.shown = document.GetCurrentPhotoCount();
+    view.all = CountUnnarrowed(document, ofLabel);
+    if (ofLabel && !view.searched) {
         view.kind = ExtractionView::Label;
-    } else if (view.shown == 0) {
-        view.kind = ExtractionView::Nothing;
+    } else {
+        view.kind = view.shown == 0 ? ExtractionView::Nothing : ExtractionView::Narrowed;
     }
     return view;
 }
 
 CString StripText(const ExtractionView& view, const ExtractionConditions& conditions)
 {
+    const CString counts = Format("%d 枚のうち %d 枚を表示", view.all, view.shown);
     const CString what = "抽出中： " + ConditionsText(conditions);
+    const CString notOfLabel = "（付箋の写真は抽出されません）";
     switch (view.kind) {
     case ExtractionView::Off:
         return {};
     case ExtractionView::Label:
-        return what + "（付箋の写真は抽出されません）";
+        return what + notOfLabel;
     case ExtractionView::Narrowed:
     case ExtractionView::Nothing:
         break;
     }
-    return what + Format("（%d 枚のうち %d 枚を表示）", view.all, view.shown);
+    if (!view.extracted) return counts;
+    return view.ofLabel ? counts + notOfLabel : what + "（" + counts + "）";
+}
+
+CString EndText(const ExtractionView& view)
+{
+    if (!view.extracted) return "検索を終了";
+    return view.searched ? "抽出と検索を解除" : "抽出を解除";
+}
+
+CString NothingText(const ExtractionView& view, const ExtractionConditions& conditions,
+                    const CString& searchText)
+{
+    const CString found = "「" + Shortened(searchText) + "」を含む";
+    if (!view.extracted || view.ofLabel) return found + "写真はありません。";
+    return "この条件で抽出される写真は1枚もありませんでした。\n\n" + ConditionsText(conditions) +
+           (view.searched ? "\n" + found : CString());
 }

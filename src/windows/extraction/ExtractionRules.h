@@ -42,23 +42,27 @@ enum class ConditionsChange
 };
 TOVI_EXPORT ConditionsChange ChangeTo(const ExtractionConditions& conditions, bool running);
 
-/// What extraction makes of the photographs on show.
+/// What extraction and the search make of the photographs on show.
 struct ExtractionView
 {
     enum Kind
     {
-        /// Extraction is off.
+        /// Both are off.
         Off,
-        /// The photographs on show are those that meet the conditions.
+        /// The photographs on show are those that meet the conditions, or were found.
         Narrowed,
         /// The same, but there are none.
         Nothing,
-        /// Extraction is on, but the photographs of a label are on show, which it doesn't narrow.
+        /// Extraction alone is on, but the photographs of a label are on show, which it doesn't
+        /// narrow.
         Label
     };
 
     Kind kind = Off;
-    /// How many are on show, and of how many in the selected node.
+    bool extracted = false;
+    bool searched = false;
+    bool ofLabel = false;
+    /// How many are on show, and of how many in the selected node or with the selected label.
     int shown = 0;
     int all = 0;
 
@@ -68,5 +72,11 @@ struct ExtractionView
 /// \p running: extraction is on; \p ofLabel: the photographs on show are those of a label.
 TOVI_EXPORT ExtractionView ViewOf(const ToviData& document, bool running, bool ofLabel);
 
-/// What the strip over the photographs says of \p view.
+/// What the strip over the photographs says of \p view, which shows the text of the search itself.
 TOVI_EXPORT CString StripText(const ExtractionView& view, const ExtractionConditions& conditions);
+/// What the button says that ends all that \p view tells of.
+TOVI_EXPORT CString EndText(const ExtractionView& view);
+/// What stands in the place of the photographs when there are none; \p searchText is what was
+/// looked for.
+TOVI_EXPORT CString NothingText(const ExtractionView& view, const ExtractionConditions& conditions,
+                                const CString& searchText);

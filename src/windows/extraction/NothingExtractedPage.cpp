@@ -6,13 +6,12 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-NothingExtractedPage::NothingExtractedPage() : text(new QLabel)
+NothingExtractedPage::NothingExtractedPage() : text(new QLabel), end(new QPushButton)
 {
     text->setTextFormat(Qt::PlainText);
     text->setWordWrap(true);
     text->setAlignment(Qt::AlignCenter);
     auto* const change = new QPushButton(QStringLiteral("条件を変更..."));
-    auto* const end = new QPushButton(QStringLiteral("抽出を解除"));
     connect(change, &QPushButton::clicked, this, &NothingExtractedPage::ChangeRequested);
     connect(end, &QPushButton::clicked, this, &NothingExtractedPage::EndRequested);
     auto* const buttons = new QHBoxLayout;
@@ -28,8 +27,8 @@ NothingExtractedPage::NothingExtractedPage() : text(new QLabel)
     column->addStretch(2);
 }
 
-void NothingExtractedPage::Tell(const CString& conditions)
+void NothingExtractedPage::Tell(const CString& sentence, const CString& endText)
 {
-    text->setText(QStringLiteral("この条件で抽出される写真は1枚もありませんでした。\n\n%1")
-                      .arg(QtText(conditions)));
+    text->setText(QtText(sentence));
+    end->setText(QtText(endText));
 }

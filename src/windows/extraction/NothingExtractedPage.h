@@ -6,8 +6,10 @@
 #include <QWidget>
 
 class QLabel;
+class QPushButton;
 
-/// What stands in the place of the photographs when none meets the conditions of the extraction.
+/// What stands in the place of the photographs when none meets the conditions of the extraction, or
+/// none is found.
 class TOVI_EXPORT NothingExtractedPage : public QWidget
 {
     Q_OBJECT
@@ -15,8 +17,8 @@ class TOVI_EXPORT NothingExtractedPage : public QWidget
 public:
     NothingExtractedPage();
 
-    /// \p conditions is their phrase.
-    void Tell(const CString& conditions);
+    /// \p end is what the button says that ends it.
+    void Tell(const CString& sentence, const CString& end);
 
 signals:
     void ChangeRequested();
@@ -24,4 +26,5 @@ signals:
 
 private:
     QLabel* text;
+    QPushButton* end;
 };
