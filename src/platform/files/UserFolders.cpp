@@ -45,13 +45,19 @@ CString HomeFolder()
     return user != nullptr ? FolderOrNothing(user->pw_dir) : CString();
 }
 
-/// Where the user's configuration is; the folder need not exist. A relative setting is void.
-CString ConfigurationFolder()
+/// The folder that \p variable names, or else \p usual in the home folder; it need not exist. A
+/// relative setting is void.
+CString FolderFor(const char* variable, const char* usual)
 {
-    CString named = Variable("XDG_CONFIG_HOME");
+    CString named = Variable(variable);
     if (named.starts_with('/')) return named;
     const CString home = HomeFolder();
-    return home.empty() ? home : home + "/.config";
+    return home.empty() ? home : home + usual;
+}
+
+CString ConfigurationFolder()
+{
+    return FolderFor("XDG_CONFIG_HOME", "/.config");
 }
 
 /// The path that a line of the desktop's settings gives as "/..." or "$HOME...", quoted, with
@@ -126,4 +132,16 @@ CString ConfigurationFile(std::string_view name)
 {
     const CString folder = ConfigurationFolder();
     return folder.empty() ? folder : folder + "/tovi/" + CString(name);
+}
+
+CString StateFolder(std::string_view name)
+{
+    const CString folder = FolderFor("XDG_STATE_HOME", "/.local/state");
+    return folder.empty() ? folder : folder + "/tovi/" + CString(name);
+}
+
+bool MakePrivateFolder(const CString& path)
+{
+    if (MibIsFolderExist(path)) return true;
+    return !path.empty() && MibCreateDirectory(path) && chmod(path.c_str(), 0700) == 0;
 }

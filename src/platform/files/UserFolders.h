@@ -26,3 +26,11 @@ TOVI_EXPORT CString PrivateTemporaryFolder(const CString& temporary);
 /// The full path for our configuration file \p name of this user; empty when the user has no home
 /// folder.
 CString ConfigurationFile(std::string_view name);
+
+/// The full path for our folder \p name with what this user's programs keep from one run to the
+/// next; empty when the user has no home folder. It needs not be there.
+CString StateFolder(std::string_view name);
+
+/// Makes the folder \p path, with those above it, for this user alone. True when it is there
+/// afterwards.
+bool MakePrivateFolder(const CString& path);
