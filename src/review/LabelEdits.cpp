@@ -26,12 +26,14 @@ LabelEdit LabelEdits::Make(LabelEdit::Kind kind, PhotoReviews before, PhotoRevie
     return edit;
 }
 
-void LabelEdits::Apply(LabelEdit edit)
+bool LabelEdits::Apply(LabelEdit edit)
 {
+    if (recorder && !edit.changes.empty() && !recorder(edit)) return false;
     for (const LabelEdit::Change& change : edit.changes) {
         Set(*all[change.photo], change.after);
     }
     if (edit.kind != LabelEdit::RecordLoad) listener(edit);
+    return true;
 }
 
 int LabelEdits::Count(LabelSet labels) const

@@ -54,6 +54,10 @@ public:
     /// Told of each edit that was applied but for RecordLoad, also when it changed nothing.
     using Listener = std::function<void(LabelEdit& edit)>;
 
+    /// Hears of each edit that changes something before it is applied, of whatever kind. False
+    /// refuses it.
+    using Recorder = std::function<bool(const LabelEdit& edit)>;
+
     /// Of \p thePhotos, which have no label yet and outlive this.
     LabelEdits(ToviPhotoArray& thePhotos, Listener theListener)
         : all(thePhotos), listener(std::move(theListener))
@@ -66,8 +70,12 @@ public:
     /// The edit that gives all photographs, whose reviews are \p before now, the reviews \p after.
     static LabelEdit Make(LabelEdit::Kind kind, PhotoReviews before, PhotoReviews after);
 
-    /// Gives each photograph of \p edit what it has afterwards, and tells the listener.
-    void Apply(LabelEdit edit);
+    /// From now on \p theRecorder hears of the edits; an empty one ends that.
+    void SetRecorder(Recorder theRecorder) { recorder = std::move(theRecorder); }
+
+    /// Gives each photograph of \p edit what it has afterwards, and tells the listener. False, with
+    /// nothing done, when the recorder refuses it.
+    bool Apply(LabelEdit edit);
 
     /// How many photographs have any of \p labels.
     int Count(LabelSet labels) const;
@@ -77,6 +85,7 @@ private:
 
     ToviPhotoArray& all;
     Listener listener;
+    Recorder recorder;
     /// How many photographs have just this set of labels; those without any aren't counted.
     std::array<int, 1u << labelCount> counts{};
 };

@@ -54,7 +54,6 @@ void LabelCommands::Change(int photo, const LabelEdits::Rule& rule)
     ToviData* const document = desk.Document();
     LabelEdits& edits = document->GetLabelEdits();
     const LabelEdit edit = edits.Make(LabelEdit::OnePhoto, {&photo, 1}, rule, window);
-    edits.Apply(edit);
     // Whoever heard of it may have closed the document.
-    if (desk.Document() == document) desk.ShowEdit(edit);
+    if (edits.Apply(edit) && desk.Document() == document) desk.ShowEdit(edit);
 }
