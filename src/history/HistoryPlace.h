@@ -1,0 +1,7 @@
+#pragma once
+
+#include "platform/text/Text.h"
+
+/// The path of the history of all deliveries with the same PHOTO.XML as the one in \p photoFolder,
+/// wherever they lie; empty when there is no such file or this user has no folder for it.
+TOVI_EXPORT CString HistoryPathOf(const CString& photoFolder);

@@ -1,0 +1,140 @@
+#include "history/InspectionHistory.h"
+
+#include "delivery/ToviData.h"
+#include "history/EditWords.h"
+#include "items/ToviItemDef.h"
+#include "photos/ToviPhoto.h"
+#include "platform/files/MibFile.h"
+
+#include <ctime>
+#include <random>
+
+namespace
+{
+std::int64_t NewNumber()
+{
+    std::random_device device;
+    const std::uint64_t number = (std::uint64_t{device()} << 32) | device();
+    return static_cast<std::int64_t>(number >> 1);
+}
+
+/// The change that \p step has made, or the one that takes it back.
+LabelEdit EditOf(const HistoryStep& step, int photoCount, bool isBack)
+{
+    LabelEdit edit(step.photos == 1 ? LabelEdit::OnePhoto : LabelEdit::Batch);
+    edit.changes = UnpackChanges(step.changes, photoCount).value_or(LabelChanges());
+    if (!isBack) return edit;
+    for (LabelEdit::Change& change : edit.changes) std::swap(change.before, change.after);
+    return edit;
+}
+} // namespace
+
+PastInspection InspectionHistory::New(int photoCount)
+{
+    PastInspection inspection;
+    inspection.id = NewNumber();
+    inspection.photoCount = photoCount;
+    inspection.worked = std::time(nullptr);
+    return inspection;
+}
+
+InspectionHistory::InspectionHistory(ToviData& theDocument, PastInspection past,
+                                     const CString& path, const CString& owner,
+                                     std::unique_ptr<HistoryFile> opened)
+    : document(theDocument), inspection(std::move(past)), begun(!inspection.steps.empty()),
+      writer(std::make_unique<HistoryWriter>(path, owner, std::move(opened)))
+{
+    if (inspection.record) saved = inspection.record->steps;
+    document.GetLabelEdits().SetRecorder([this](const LabelEdit& edit) { return Record(edit); });
+}
+
+InspectionHistory::~InspectionHistory()
+{
+    document.GetLabelEdits().SetRecorder({});
+}
+
+CString InspectionHistory::UndoWords() const
+{
+    const auto position = static_cast<std::size_t>(inspection.position);
+    return position == 0 ? CString() : inspection.steps[position - 1].words;
+}
+
+CString InspectionHistory::RedoWords() const
+{
+    const auto position = static_cast<std::size_t>(inspection.position);
+    return position == inspection.steps.size() ? CString() : inspection.steps[position].words;
+}
+
+std::vector<int> InspectionHistory::Undo()
+{
+    return MoveTo(inspection.position - 1);
+}
+
+std::vector<int> InspectionHistory::Redo()
+{
+    return MoveTo(inspection.position + 1);
+}
+
+std::vector<int> InspectionHistory::MoveTo(int position)
+{
+    if (position < 0 || position > std::ssize(inspection.steps)) return {};
+    const bool isBack = position < inspection.position;
+    const HistoryStep& step =
+        inspection.steps[static_cast<std::size_t>(isBack ? position : position - 1)];
+    LabelEdit edit = EditOf(step, inspection.photoCount, isBack);
+    std::vector<int> photos;
+    for (const LabelEdit::Change& change : edit.changes) photos.push_back(change.photo);
+    inspection.position = position;
+    inspection.worked = std::time(nullptr);
+    writer->Add([id = inspection.id, position, worked = inspection.worked](HistoryFile& file) {
+        file.SetPosition(id, position, worked);
+    });
+    moving = true;
+    document.GetLabelEdits().Apply(std::move(edit));
+    moving = false;
+    document.SetCheckStatusChanged(!IsAsSaved());
+    return photos;
+}
+
+bool InspectionHistory::Record(const LabelEdit& edit)
+{
+    if (moving) return true;
+    HistoryStep step{EditWords(edit, NameOf(edit)), std::time(nullptr),
+                     static_cast<int>(edit.changes.size()), PackChanges(edit.changes)};
+    const int number = inspection.position;
+    if (saved > number) saved = -1;
+    inspection.steps.resize(static_cast<std::size_t>(number));
+    inspection.steps.push_back(step);
+    inspection.position = number + 1;
+    inspection.worked = step.made;
+    BeginOnce();
+    writer->Add([id = inspection.id, number, step = std::move(step)](HistoryFile& file) {
+        file.AddStep(id, number, step);
+    });
+    return true;
+}
+
+void InspectionHistory::BeginOnce()
+{
+    if (std::exchange(begun, true)) return;
+    writer->Add([id = inspection.id, count = inspection.photoCount,
+                 worked = inspection.worked](HistoryFile& file) { file.Begin(id, count, worked); });
+}
+
+void InspectionHistory::NoteRecord(HistoryRecord record)
+{
+    saved = inspection.position;
+    record.steps = saved;
+    BeginOnce();
+    writer->Add([id = inspection.id, record = std::move(record)](HistoryFile& file) {
+        file.SetRecord(id, record);
+    });
+}
+
+CString InspectionHistory::NameOf(const LabelEdit& edit) const
+{
+    if (edit.changes.size() != 1) return {};
+    const int item = document.GetItemDef()->GetIndexFromTitle("写真ファイル名");
+    const ToviPhoto* const photo = document.GetPhotoActualPhotoArray(edit.changes.front().photo);
+    return MibGetFileName(ReplaceAll(photo->GetTitle(item), "\\", "/"));
+}
