@@ -102,7 +102,7 @@ std::vector<PastInspection> HistoryFile::Inspections(int photoCount, int most)
         past.worked = row.Number(2);
         std::optional<PhotoReviews> reviews = UnpackReviews(row.Text(5), photoCount);
         if (row.Text(3).empty() || !reviews) continue;
-        past.record = {row.Text(3), row.Text(4), std::move(*reviews),
+        past.record = {{row.Text(3), row.Text(4), std::move(*reviews)},
                        static_cast<int>(row.Number(6))};
     }
     for (PastInspection& past : all) ReadSteps(past);
@@ -149,5 +149,6 @@ void HistoryFile::SetRecord(std::int64_t id, const HistoryRecord& record)
 {
     database.Run(
         "UPDATE inspection SET record = ?, version = ?, reviews = ?, saved = ? WHERE id = ?",
-        record.path, record.version, Blob{PackReviews(record.reviews)}, record.steps, id);
+        record.mark.path, record.mark.version, Blob{PackReviews(record.mark.reviews)}, record.steps,
+        id);
 }

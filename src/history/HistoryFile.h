@@ -1,15 +1,13 @@
 #pragma once
 
 #include "history/HistoryStep.h"
+#include "inspection/RecordFile.h"
 #include "platform/store/Database.h"
 
 /// The record that an inspection was saved to or taken up from last.
 struct HistoryRecord
 {
-    CString path;
-    /// Of the file (see FileVersion) and what it says.
-    CString version;
-    PhotoReviews reviews;
+    RecordFile::Mark mark;
     /// How many steps it holds, or -1 when they are no longer among those that are kept.
     int steps = -1;
 };

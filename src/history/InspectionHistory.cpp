@@ -121,14 +121,12 @@ void InspectionHistory::BeginOnce()
                  worked = inspection.worked](HistoryFile& file) { file.Begin(id, count, worked); });
 }
 
-void InspectionHistory::NoteRecord(HistoryRecord record)
+void InspectionHistory::NoteRecord(RecordFile::Mark mark)
 {
     saved = inspection.position;
-    record.steps = saved;
     BeginOnce();
-    writer->Add([id = inspection.id, record = std::move(record)](HistoryFile& file) {
-        file.SetRecord(id, record);
-    });
+    writer->Add([id = inspection.id, record = HistoryRecord{std::move(mark), saved}](
+                    HistoryFile& file) { file.SetRecord(id, record); });
 }
 
 CString InspectionHistory::NameOf(const LabelEdit& edit) const

@@ -31,8 +31,8 @@ public:
     std::vector<int> Undo();
     std::vector<int> Redo();
 
-    /// The document has just been saved to or taken up from \p record, whose steps are set here.
-    void NoteRecord(HistoryRecord record);
+    /// The document has just been saved to or taken up from the record of \p mark.
+    void NoteRecord(RecordFile::Mark mark);
     /// The labels and comments are as they were saved last, or as they were at first.
     bool IsAsSaved() const { return inspection.position == saved; }
 

@@ -105,6 +105,14 @@ RecordFile::SaveUnchanged(ToviData& document, const CString& record, Others& oth
     return SaveResult{};
 }
 
+void RecordFile::Resume(const Mark& mark)
+{
+    path = mark.path;
+    target = RecordHold(path).Target();
+    version = mark.version;
+    base = mark.reviews;
+}
+
 bool RecordFile::IsMine(const CString& record, const CString& file) const
 {
     return !path.empty() && (record == path || file == target);

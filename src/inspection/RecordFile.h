@@ -31,6 +31,18 @@ public:
     const CString& Path() const { return path; }
     void Forget() { *this = {}; }
 
+    /// What a later run needs to go on with the record: its path, and version and content of the
+    /// file as they were when it was last saved or taken up.
+    struct Mark
+    {
+        CString path;
+        CString version;
+        PhotoReviews reviews;
+    };
+    Mark GetMark() const { return {path, version, base}; }
+    /// Goes on with it: what was saved since by others is found as ever.
+    void Resume(const Mark& mark);
+
     /// Takes up the inspection in the file \p record; that of another delivery only if the user
     /// wants it. False when it isn't taken up: \p problem then says what is wrong, unless the user
     /// has given up.

@@ -1,3 +1,5 @@
+#include "support/TempFolder.h"
+
 #include <gtest/gtest.h>
 
 #include <QApplication>
@@ -17,6 +19,9 @@ int main(int argc, char** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
+    // What is opened is kept in mind, but not in the home of whoever runs the tests.
+    const TempFolder state;
+    qputenv("XDG_STATE_HOME", state.Path().c_str());
     qInstallMessageHandler(FailOnWarning);
     testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();

@@ -25,9 +25,14 @@ struct ShownFrame
     {
         // The test goes on behind the last window.
         QApplication::setQuitOnLastWindowClosed(false);
+        qputenv("XDG_STATE_HOME", temp.Path("state").c_str());
         Deliver("delivery");
         Start();
     }
+
+    ~ShownFrame() { qputenv("XDG_STATE_HOME", stateOfOthers); }
+    ShownFrame(const ShownFrame&) = delete;
+    ShownFrame& operator=(const ShownFrame&) = delete;
 
     void Deliver(const CString& name) const
     {
@@ -105,6 +110,7 @@ struct ShownFrame
         });
     }
 
+    const QByteArray stateOfOthers = qgetenv("XDG_STATE_HOME");
     TestHost services;
     TempFolder temp;
     std::unique_ptr<MainFrame> frame;

@@ -54,6 +54,8 @@ const Row rows[] = {
     {ShowIndex, "工事の概要をブラウザで表示(&I)", "", {}, OnDelivery},
     {CloseDelivery, "閉じる(&C)", "Ctrl+W", {}, OnDelivery},
     {Quit, "終了(&X)", "Ctrl+Q", Picture("quit"), Plain},
+    {Undo, "元に戻す(&U)", "Ctrl+Z", {}, OnDelivery},
+    {Redo, "やり直す(&R)", "Ctrl+Shift+Z", {}, OnDelivery},
     {FirstPage, "最初のページ(&F)", "Ctrl+Home", Picture("page-first"), OnDelivery, "最初"},
     {PreviousPage, "前のページ(&P)", "PgUp", Picture("page-previous"), OnDelivery, "前"},
     {NextPage, "次のページ(&N)", "PgDown", Picture("page-next"), OnDelivery, "次"},
@@ -161,6 +163,8 @@ void FrameActions::FillMenus(QMainWindow* frame, QMenu* recent,
     fill(file, {WriteReport, SavePhoto, SaveShownPhotos, ShowIndex});
     file->addSeparator();
     fill(file, {CloseDelivery, Quit});
+
+    fill(add("編集(&D)"), {Undo, Redo});
 
     QMenu* view = add("表示(&V)");
     for (const FrameCommand command : modes) view->addAction(actions.at(command));

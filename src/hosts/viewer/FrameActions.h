@@ -26,6 +26,8 @@ enum class FrameCommand
     ShowIndex,
     CloseDelivery,
     Quit,
+    Undo,
+    Redo,
     FirstPage,
     PreviousPage,
     NextPage,

@@ -77,6 +77,7 @@ MainFrame::MainFrame()
     ConnectOutputs();
     ConnectSettings();
     ConnectExtraction();
+    ConnectHistory();
     FillRecent();
     RestoreState();
     Refresh();
@@ -320,6 +321,7 @@ void MainFrame::Refresh()
     ShowCentre();
     ShowSettings();
     ShowPage();
+    ShowHistory();
     reviewBar->Show(document);
     const QString title = QtText(document.Title());
     setWindowTitle(title.isEmpty() ? QStringLiteral("Tovi") : title + QStringLiteral("[*] - Tovi"));

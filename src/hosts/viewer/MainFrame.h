@@ -85,6 +85,16 @@ private:
     void ChangeSetting(const std::function<void(ToviPhotoCtrlVisualSetting&)>& change);
     /// Shows what other programs have made of the settings, unless the user is amid something.
     void TakeOverSettings();
+    void ConnectHistory();
+    /// Take a change back, or do it again, and bring it into view.
+    void Undo();
+    void Redo();
+    void TellDone(const CString& words, const std::vector<int>& photos);
+    /// Shows and selects one of \p photos (photo indexes). What hides all of them ends: the
+    /// sentences about that, or nothing.
+    CString ShowOneOf(const std::vector<int>& photos);
+    CString ShowHidden(int photo);
+    void ShowHistory();
     void CorrectLabels();
     void GoToNextUnchecked();
     void TellVersion();

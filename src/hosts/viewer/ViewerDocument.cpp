@@ -4,6 +4,7 @@
 #include "delivery/MediaCombine.h"
 #include "delivery/ToviEnouDataFactory.h"
 #include "extraction/ToviSortCondition.h"
+#include "history/HistoryOpening.h"
 #include "hosts/viewer/ItemOrder.h"
 #include "inspection/RecordProblems.h"
 #include "items/ToviItemDef.h"
@@ -53,6 +54,7 @@ CString ViewerDocument::OpenDiscs(const CString& path)
 
 void ViewerDocument::Take(OpenedDelivery opened)
 {
+    history = OpenHistory(*opened.document);
     data = std::move(opened.document);
     folder = opened.folder;
     notice = opened.notice;
@@ -70,6 +72,7 @@ void ViewerDocument::Close()
 {
     if (!data) return;
     UpdateAllViews(nullptr, ToviData::HintDetach, nullptr);
+    history.reset();
     data.reset();
     record.Forget();
     workTitle.clear();
@@ -95,15 +98,18 @@ bool ViewerDocument::SaveRecord(const CString& path, CString& problem)
     }
     const RecordFile::SaveResult result = record.Save(*data, path);
     if (result.outcome == RecordFile::Outcome::Elsewhere) return SaveRecord(result.text, problem);
+    const bool saved = result.outcome == RecordFile::Outcome::Saved;
+    if (saved) history->NoteRecord(record.GetMark());
     problem = result.text;
     emit Updated();
-    return result.outcome == RecordFile::Outcome::Saved;
+    return saved;
 }
 
 bool ViewerDocument::LoadRecord(const CString& path, CString& problem)
 {
     if (!record.Load(*data, path, problem)) return false;
     data->SetCheckStatusChanged(false);
+    history->NoteRecord(record.GetMark());
     UpdateAllViews(nullptr, ToviData::HintLabelsChanged, nullptr);
     return true;
 }

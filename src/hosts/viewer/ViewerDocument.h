@@ -1,6 +1,7 @@
 #pragma once
 
 #include "delivery/ToviData.h"
+#include "history/InspectionHistory.h"
 #include "inspection/RecordFile.h"
 #include "platform/host/CDocument.h"
 
@@ -48,6 +49,8 @@ public:
     bool SaveRecord(const CString& path, CString& problem);
     /// Takes up the inspection in the file \p path. False as in SaveRecord.
     bool LoadRecord(const CString& path, CString& problem);
+    /// What was done to the labels and comments; null while no delivery is open.
+    InspectionHistory* History() const { return history.get(); }
     /// Labels or comments were changed since they were last saved.
     bool HasUnsavedWork() const { return data && data->IsCheckStatusChanged(); }
 
@@ -69,6 +72,7 @@ private:
 
     std::vector<ToviPanel*> panels;
     std::unique_ptr<ToviData> data;
+    std::unique_ptr<InspectionHistory> history;
     CString folder;
     CString notice;
     CString workTitle;

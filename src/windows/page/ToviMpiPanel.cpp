@@ -359,6 +359,12 @@ bool ToviMpiPanel::SelectNextUnchecked()
     return true;
 }
 
+void ToviMpiPanel::ShowPhoto(int photo)
+{
+    const int position = GetData() == nullptr ? -1 : GetData()->GetCurrentArray().Find(photo);
+    if (position >= 0) ShowPosition(position);
+}
+
 void ToviMpiPanel::InvalidateName()
 {
     views.Cells().ForEach([](ToviSpiCtrl& cell) { cell.InvalidateNamePlate(); });

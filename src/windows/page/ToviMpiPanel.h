@@ -56,6 +56,8 @@ public:
     /// Selects the next 未検査 photograph behind the selected one, from the first one on again
     /// behind the last. False when there is none.
     bool SelectNextUnchecked();
+    /// Selects the photograph with the photo index \p photo and turns to it, if it is on show.
+    void ShowPhoto(int photo);
 
     /// Act on the labels of the selected photograph, if it is in the current array. The comment
     /// label stands for the comment: pasting it opens a dialog.

@@ -1,0 +1,110 @@
+// Undo and redo in the main window.
+
+#include "support/Controls.h"
+#include "support/Labels.h"
+#include "viewer/ShownFrame.h"
+#include "windows/extraction/ToviExtractionWindow.h"
+#include "windows/trees/ToviFolderTreePanel.h"
+
+#include <QAbstractButton>
+#include <QMenuBar>
+#include <QTabWidget>
+#include <QTreeWidget>
+
+namespace
+{
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+/// The texts of the menu 編集.
+std::vector<CString> EditMenu(const ShownFrame& shown)
+{
+    QCoreApplication::processEvents();
+    std::vector<CString> texts;
+    for (const QAction* menu : shown.frame->menuBar()->actions()) {
+        if (!menu->text().startsWith(QStringLiteral("編集"))) continue;
+        for (const QAction* action : menu->menu()->actions()) {
+            texts.push_back((action->isEnabled() ? "" : "-") + FromQtText(action->text()));
+        }
+    }
+    return texts;
+}
+
+void Undo(const ShownFrame& shown)
+{
+    shown.Press(Qt::Key_Z, Qt::ControlModifier);
+}
+
+void Redo(const ShownFrame& shown)
+{
+    shown.Press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+}
+
+TEST(FrameHistory, TakesBackWhatAKeyDid)
+{
+    ShownFrame shown;
+    ASSERT_TRUE(shown.Open());
+    EXPECT_THAT(EditMenu(shown), ElementsAre("-元に戻す(&U)", "-やり直す(&R)"));
+    shown.Press(Qt::Key_3);
+    const ToviPhoto& photo = *shown.Data().GetSelectedPhoto();
+    shown.Press(Qt::Key_N);
+    EXPECT_THAT(EditMenu(shown),
+                ElementsAre("元に戻す: NG2 を付ける（P0000001.JPG）(&U)", "-やり直す(&R)"));
+    Undo(shown);
+    EXPECT_FALSE(photo.IsLabelPasted(LabelNg2));
+    EXPECT_TRUE(photo.IsSelected()) << "the photograph concerned";
+    EXPECT_FALSE(shown.frame->isWindowModified());
+    EXPECT_THAT(EditMenu(shown),
+                ElementsAre("-元に戻す(&U)", "やり直す: NG2 を付ける（P0000001.JPG）(&R)"));
+    EXPECT_THAT(FromQtText(shown.frame->statusBar()->currentMessage()),
+                HasSubstr("元に戻しました: NG2"));
+    Redo(shown);
+    EXPECT_TRUE(photo.IsLabelPasted(LabelNg2));
+    EXPECT_TRUE(shown.frame->isWindowModified());
+    // Faster than the window shows what can be taken back.
+    QTest::keyClick(&shown.Panel(), Qt::Key_0);
+    QTest::keyClick(&shown.Panel(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_TRUE(photo.IsLabelPasted(LabelNg2));
+    Undo(shown);
+}
+
+TEST(FrameHistory, ShowsAgainWhatIsHidden)
+{
+    constexpr int execute = 1015;
+    constexpr int ngPhoto = 1017;
+    ShownFrame shown;
+    ASSERT_TRUE(shown.Open());
+    auto* const tree = shown.frame->findChild<ToviFolderTreePanel*>();
+    auto* const tabs = shown.frame->findChild<QTabWidget*>();
+    QWidget& conditions = *shown.frame->findChild<ToviExtractionWindow*>();
+    PasteLabel(shown.Data(), 0, LabelNg1);
+    shown.Panel().ShowPhoto(7);
+    const std::pair<const char*, std::function<void()>> hiders[] = {
+        {"分類の表示に切り替えました", [tabs] { tabs->setCurrentIndex(1); }},
+        {"抽出を解除しました",
+         [&conditions] {
+             Control<QAbstractButton>(conditions, ngPhoto).setChecked(true);
+             Control<QAbstractButton>(conditions, ngPhoto).clicked(true);
+             Control<QAbstractButton>(conditions, execute).click();
+         }},
+        {"この写真のある分類を表示しました", [&shown, tree] {
+             ToviNode* leaf = &shown.Data();
+             while (const int count = leaf->GetChildNodeCount()) leaf = leaf->GetNode(count - 1);
+             shown.Data().SetSelected(leaf, false);
+             tree->ChangeSelCompulsion();
+         }}};
+    for (const auto& [told, hide] : hiders) {
+        SCOPED_TRACE(told);
+        shown.Panel().ShowPhoto(7);
+        shown.Press(Qt::Key_1);
+        hide();
+        QCoreApplication::processEvents();
+        ASSERT_LT(shown.Data().GetCurrentArray().Find(7), 0);
+        Undo(shown);
+        EXPECT_THAT(FromQtText(shown.frame->statusBar()->currentMessage()), HasSubstr(told));
+        EXPECT_EQ(shown.Data().GetIndexPhotoArray(shown.Selected()), 7);
+        EXPECT_FALSE(shown.Data().GetPhotoActualPhotoArray(7)->IsLabelPasted(LabelOk));
+    }
+    while (shown.frame->isWindowModified()) Undo(shown);
+}
+} // namespace
