@@ -36,7 +36,9 @@ CString SaveCorrected(const CorrectedPhoto& corrected, const CString& path)
     if (!picture.LoadWhole(original)) return WhyNotWritten(path, WriteFailure::NoSource);
     picture.Rotate(corrected.rotation, white, false, true);
     for (const int step : BrightnessSteps(corrected.brightness)) picture.SetContrast(step);
-    const std::optional<std::string> bytes = picture.EncodeCopy(original);
+    corrected.photo->LoadExif();
+    const CString withExif = corrected.photo->GetExif().GetPath();
+    const std::optional<std::string> bytes = picture.EncodeCopy(withExif.c_str());
     WriteFailure failure = WriteFailure::Other;
     if (bytes && WriteFileAtomically(path, *bytes, &failure)) return {};
     return WhyNotWritten(path, failure);

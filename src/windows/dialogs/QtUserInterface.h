@@ -31,5 +31,7 @@ private:
     QWidget* Owner() const;
 
     QPointer<QWidget> mainWindow;
+    /// The window that the last question was asked over.
+    mutable QPointer<QWidget> lastOwner;
     std::function<void(const CString&)> progressDisplay;
 };

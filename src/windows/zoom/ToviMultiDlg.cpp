@@ -232,8 +232,11 @@ void ToviMultiDlg::ConnectKeys()
     };
     addKey("PgUp", [this] { emit StepRequested(-1); });
     addKey("PgDown", [this] { emit StepRequested(1); });
-    addKey("Ctrl+Up", [this] { slider->setValue(slider->value() - sliderTick); });
-    addKey("Ctrl+Down", [this] { slider->setValue(slider->value() + sliderTick); });
+    const auto brighten = [this](int steps) {
+        if (slider->isEnabled()) slider->setValue(slider->value() + steps);
+    };
+    addKey("Ctrl+Up", [brighten] { brighten(-sliderTick); });
+    addKey("Ctrl+Down", [brighten] { brighten(sliderTick); });
 }
 
 void ToviMultiDlg::keyPressEvent(QKeyEvent* event)

@@ -137,9 +137,13 @@ void ZoomWindows::Connect(ToviMultiDlg& window)
 
 void ZoomWindows::Place(ToviMultiDlg& window, std::size_t index)
 {
-    const QRect place = ZoomRules::NewPlace(index, panel.mapToGlobal(QPoint(0, 0)).y(),
-                                            window.size(), panel.screen()->availableGeometry());
-    window.resize(place.size());
+    // The window manager's frame isn't known before the window is up; others have the same.
+    const QWidget& framed = *panel.window();
+    const QSize frame = framed.frameGeometry().size() - framed.size();
+    const QRect place =
+        ZoomRules::NewPlace(index, panel.mapToGlobal(QPoint(0, 0)).y(), window.size() + frame,
+                            panel.screen()->availableGeometry());
+    window.resize(place.size() - frame);
     window.move(place.topLeft());
 }
 
