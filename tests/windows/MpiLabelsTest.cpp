@@ -145,7 +145,7 @@ TEST(MpiLabels, OffersTheLabelsInAMenu)
     // 付箋の貼り付け, and there the second.
     QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_S);
     QWidget* const paste = QApplication::activePopupWidget();
-    EXPECT_EQ(paste->actions()[1]->text(), QStringLiteral("A&&B"));
+    EXPECT_EQ(paste->actions()[1]->text(), QStringLiteral("NG1 A&&B"));
     if (paste->actions()[0] == qobject_cast<QMenu*>(paste)->activeAction())
         QTest::keyClick(paste, Qt::Key_Down);
     QTest::keyClick(paste, Qt::Key_Return);

@@ -274,23 +274,23 @@ struct LabelPanel : ShownPanel<ToviLabelTreePanel>
 TEST(LabelTreePanel, CountsPhotographs)
 {
     LabelPanel shown;
-    const CString counted = "付箋(OK 追記 <3> 誤記 不鮮明 コメント 印刷)";
+    const CString counted = "付箋(OK NG1 追記 <3> NG2 誤記 NG3 不鮮明 コメント 任意 印刷)";
     EXPECT_EQ(shown.All(), counted);
     PasteLabel(shown.document, 0, 0);
     shown.Send(10);
     EXPECT_EQ(shown.All(), counted);
     shown.Send(5);
-    EXPECT_EQ(shown.All(), "付箋(OK <1> 追記 <3> 誤記 不鮮明 コメント 印刷)");
+    EXPECT_EQ(shown.All(), "付箋(OK <1> NG1 追記 <3> NG2 誤記 NG3 不鮮明 コメント 任意 印刷)");
     shown.document.GetLabelManager()->GetLabelAttribute(1).SetName("要確認");
     shown.Send(7);
-    EXPECT_EQ(shown.All(), "付箋(OK <1> 要確認 <3> 誤記 不鮮明 コメント 印刷)");
+    EXPECT_EQ(shown.All(), "付箋(OK <1> NG1 要確認 <3> NG2 誤記 NG3 不鮮明 コメント 任意 印刷)");
 }
 
 TEST(LabelTreePanel, SelectsLabelsAndFollowsABatchWhileItIsInView)
 {
     LabelPanel shown;
     EXPECT_FALSE(shown.panel->IsSelectTreeRoot());
-    shown.Click("追記 <3>");
+    shown.Click("NG1 追記 <3>");
     EXPECT_EQ(shown.document.GetCurrentPhotoCount(), 3);
     shown.Key(Qt::Key_Down);
     EXPECT_EQ(shown.document.GetSelectedIndex(), 2);
@@ -299,15 +299,15 @@ TEST(LabelTreePanel, SelectsLabelsAndFollowsABatchWhileItIsInView)
     EXPECT_EQ(shown.document.GetSelectedIndex(), -1);
     EXPECT_THAT(shown.hints, ElementsAre(2, 2, 2));
 
-    shown.Click("追記 <3>");
+    shown.Click("NG1 追記 <3>");
     RemoveLabel(shown.document, 1, 1);
     shown.Send(6);
-    EXPECT_EQ(shown.Selected(), "追記 <2>");
+    EXPECT_EQ(shown.Selected(), "NG1 追記 <2>");
     EXPECT_EQ(shown.document.GetCurrentPhotoCount(), 2);
     RemoveLabel(shown.document, 2, 1);
     shown.panel->hide();
     shown.Send(6);
-    EXPECT_EQ(shown.Selected(), "追記 <1>");
+    EXPECT_EQ(shown.Selected(), "NG1 追記 <1>");
     EXPECT_EQ(shown.document.GetCurrentPhotoCount(), 2);
     shown.panel->OnPostVisible();
     EXPECT_EQ(shown.document.GetCurrentPhotoCount(), 1);

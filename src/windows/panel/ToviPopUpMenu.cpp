@@ -1,6 +1,7 @@
 #include "windows/panel/ToviPopUpMenu.h"
 
 #include "platform/text/QtText.h"
+#include "review/LabelCaption.h"
 #include "windows/pictures/Pictures.h"
 
 namespace
@@ -10,7 +11,7 @@ constexpr int labelPictures = 805;
 QString NameOf(const ToviLabelManager& labels, unsigned int label)
 {
     // An ampersand of the user's own marks no key.
-    return QtText(labels.GetLabelAttribute(label).GetName()).replace(u'&', QStringLiteral("&&"));
+    return QtText(LabelCaption(labels, label)).replace(u'&', QStringLiteral("&&"));
 }
 } // namespace
 

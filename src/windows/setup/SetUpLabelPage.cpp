@@ -2,7 +2,7 @@
 
 #include "platform/controls/WindowId.h"
 #include "platform/text/QtText.h"
-#include "review/ToviLabelManager.h"
+#include "review/LabelCaption.h"
 #include "windows/pictures/Pictures.h"
 #include "windows/setup/ToviColorButton.h"
 
@@ -19,14 +19,13 @@ struct Place
 {
     int buttonId;
     int editId;
-    const char* title;
     bool isFixed;
 };
 
 /// By slot.
-constexpr Place places[labelCount] = {{1058, 1063, "OK", true},       {1059, 1064, "NG1", false},
-                                      {1060, 1065, "NG2", false},     {1061, 1066, "NG3", false},
-                                      {1062, 1067, "コメント", true}, {1068, 1083, "任意", false}};
+constexpr Place places[labelCount] = {{1058, 1063, true},  {1059, 1064, false},
+                                      {1060, 1065, false}, {1061, 1066, false},
+                                      {1062, 1067, true},  {1068, 1083, false}};
 } // namespace
 
 SetUpLabelPage::SetUpLabelPage() : buttons(), names()
@@ -48,7 +47,7 @@ SetUpLabelPage::SetUpLabelPage() : buttons(), names()
 void SetUpLabelPage::AddLabel(QGridLayout* grid, unsigned int slot)
 {
     const Place& place = places[slot];
-    const QString title = QString::fromUtf8(place.title);
+    const QString title = QString::fromUtf8(LabelBadge(slot));
     buttons[slot] =
         new ToviColorButton(PictureIcon(PicturesOf(firstPicture + static_cast<int>(slot))[0]));
     SetWindowId(buttons[slot], place.buttonId);
@@ -66,7 +65,7 @@ void SetUpLabelPage::AddLabel(QGridLayout* grid, unsigned int slot)
     grid->addWidget(buttons[slot], row, 0);
     auto* const label = new QLabel(title);
     label->setMinimumWidth(
-        fontMetrics().horizontalAdvance(QString::fromUtf8(places[LabelComment].title)));
+        fontMetrics().horizontalAdvance(QString::fromUtf8(LabelBadge(LabelComment))));
     grid->addWidget(label, row, 1);
     grid->addWidget(names[slot], row, 2);
 }

@@ -2,7 +2,7 @@
 
 #include "photos/LabelSlots.h"
 #include "platform/text/QtText.h"
-#include "review/ToviLabelManager.h"
+#include "review/LabelCaption.h"
 #include "windows/pictures/Pictures.h"
 #include "windows/trees/TreePanelRules.h"
 
@@ -30,7 +30,7 @@ int LabelOf(const QTreeWidgetItem* item)
 
 CString NameOf(ToviData& data, int label)
 {
-    return data.GetLabelManager()->GetLabelAttribute(static_cast<unsigned long>(label)).GetName();
+    return LabelCaption(*data.GetLabelManager(), static_cast<unsigned int>(label));
 }
 } // namespace
 
