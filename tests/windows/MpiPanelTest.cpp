@@ -143,6 +143,7 @@ TEST(MpiPanel, SelectsByWhateverIsClickedOrHasTheFocus)
             EXPECT_EQ(shown.Selected(), cell) << child;
         }
     }
+    list(2)->setFocus(Qt::TabFocusReason);
     QTest::keyClick(list(2), Qt::Key_Down);
     EXPECT_EQ(shown.Selected(), 2) << "the key moves in the list";
     QTest::keyClick(list(2), Qt::Key_Down, Qt::ControlModifier);

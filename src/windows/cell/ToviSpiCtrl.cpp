@@ -49,6 +49,21 @@ void ShowInPlaceOf(QWidget* hidden, QWidget* shown)
     hidden->hide();
 }
 
+/// The user has last given the focus to a part of a cell with the mouse: the keys that move are
+/// then meant for the photographs. Who came by Tab wants to move within that part.
+bool cameByMouse = false;
+
+bool IsArrow(int key)
+{
+    return key == Qt::Key_Left || key == Qt::Key_Right || key == Qt::Key_Up || key == Qt::Key_Down;
+}
+
+void NoteWayOfFocus(Qt::FocusReason reason)
+{
+    if (reason == Qt::MouseFocusReason) cameByMouse = true;
+    if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason) cameByMouse = false;
+}
+
 /// A menu or window that closes gives the focus back, by which nobody turns to a photograph.
 bool IsGivenBack(Qt::FocusReason reason)
 {
@@ -471,8 +486,11 @@ bool ToviSpiCtrl::eventFilter(QObject* watched, QEvent* event)
 {
     switch (event->type()) {
     case QEvent::KeyPress:
-        return ForwardPageKey(*static_cast<QKeyEvent*>(event));
+        return ForwardMoveKey(*static_cast<QKeyEvent*>(event), cameByMouse);
+    case QEvent::ShortcutOverride:
+        return KeepKey(watched, *static_cast<QKeyEvent*>(event));
     case QEvent::FocusIn:
+        NoteWayOfFocus(static_cast<QFocusEvent*>(event)->reason());
         if (!IsGivenBack(static_cast<QFocusEvent*>(event)->reason())) OnChildFocused(watched);
         return false;
     default:
@@ -482,25 +500,33 @@ bool ToviSpiCtrl::eventFilter(QObject* watched, QEvent* event)
 
 void ToviSpiCtrl::keyPressEvent(QKeyEvent* event)
 {
-    if (!ForwardPageKey(*event)) QWidget::keyPressEvent(event);
+    if (!ForwardMoveKey(*event, true)) QWidget::keyPressEvent(event);
 }
 
-/// Ctrl with a key that moves through the pages is the panel's, wherever in the cell the focus is.
-bool ToviSpiCtrl::ForwardPageKey(const QKeyEvent& event)
+/// Ctrl with a key that moves through the pages is the panel's, wherever in the cell the focus is;
+/// so are the arrows alone where \p plainToo.
+bool ToviSpiCtrl::ForwardMoveKey(const QKeyEvent& event, bool plainToo)
 {
-    if (!(event.modifiers() & Qt::ControlModifier)) return false;
-    switch (event.key()) {
-    case Qt::Key_PageUp:
-    case Qt::Key_PageDown:
-    case Qt::Key_Left:
-    case Qt::Key_Right:
-    case Qt::Key_Up:
-    case Qt::Key_Down:
-        emit KeyPressed(event.key());
-        return true;
-    default:
+    const int key = event.key();
+    const Qt::KeyboardModifiers held = event.modifiers() & ~Qt::KeypadModifier;
+    const bool isPageKey = key == Qt::Key_PageUp || key == Qt::Key_PageDown;
+    const bool withCtrl = held & Qt::ControlModifier && (isPageKey || IsArrow(key));
+    const bool plain = plainToo && held == Qt::NoModifier && IsArrow(key);
+    if (withCtrl || plain) emit KeyPressed(key);
+    return withCtrl || plain;
+}
+
+/// A part that was reached by Tab keeps the keys that it uses itself from being shortcuts.
+bool ToviSpiCtrl::KeepKey(const QObject* child, QKeyEvent& event) const
+{
+    const QObject* const withoutUse[] = {this, imageWnd, failPlate, namePlate};
+    const bool isUsed =
+        event.key() == Qt::Key_Space || event.key() == Qt::Key_Home || event.key() == Qt::Key_End;
+    if (cameByMouse || !isUsed || event.modifiers() != Qt::NoModifier ||
+        std::ranges::find(withoutUse, child) != std::end(withoutUse))
         return false;
-    }
+    event.accept();
+    return true;
 }
 
 void ToviSpiCtrl::resizeEvent(QResizeEvent*)

@@ -104,7 +104,8 @@ private:
     void OnDoubleClicked() { emit DoubleClicked(windowId); }
     void OnRightClicked();
     void OnChildFocused(const QObject* child);
-    bool ForwardPageKey(const QKeyEvent& event);
+    bool ForwardMoveKey(const QKeyEvent& event, bool plainToo);
+    bool KeepKey(const QObject* child, QKeyEvent& event) const;
 
     ToviData* data;
     const ToviPhotoCtrlVisualSetting* visualSetting;
