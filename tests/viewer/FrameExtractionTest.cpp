@@ -181,7 +181,7 @@ TEST(FrameSetUp, IsSeenAtOnceInEveryWindow)
     shown.Press(Qt::Key_Comma, Qt::ControlModifier);
     const auto* labels =
         static_cast<QTreeWidget*>(shown.Trees().widget(1)->findChild<QTreeWidget*>());
-    EXPECT_EQ(labels->topLevelItem(0)->child(1)->text(0), QStringLiteral("日付なし <1>"));
+    EXPECT_EQ(labels->topLevelItem(0)->child(1)->text(0), QStringLiteral("NG1 日付なし <1>"));
     EXPECT_EQ(shown.Panel().GetVisualSetting().GetDivType(), ToviPhotoCtrlVisualSetting::DivideOne);
     shown.Trees().setCurrentIndex(0);
     EXPECT_EQ(shown.Data().GetPhotoIndex(0), 7) << "sorted downwards";
@@ -193,7 +193,7 @@ TEST(FrameSetUp, IsSeenAtOnceInEveryWindow)
     }});
     shown.Press(Qt::Key_Comma, Qt::ControlModifier);
     EXPECT_EQ(shown.Panel().findChildren<ToviLabelButton*>()[LabelNg1]->accessibleName(),
-              QStringLiteral("再撮影"));
+              QStringLiteral("NG1 再撮影"));
     shown.Start();
     ASSERT_TRUE(shown.Open());
     EXPECT_EQ(shown.Data().GetPhotoIndex(0), 7) << "and so after a restart";

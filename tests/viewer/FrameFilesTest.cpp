@@ -197,7 +197,7 @@ TEST(FrameFiles, AskBeforeWorkIsLost)
             {"saved", {Choose("保存する"), NameFile(record)}, true},
             {"given up", {Choose("保存しない")}, true}};
         ASSERT_TRUE(shown.Open());
-        shown.Press(Qt::Key_2);
+        shown.Press(Qt::Key_1);
         EXPECT_THAT(shown.Status(), Contains("未保存の検査があります"));
         for (const auto& [answer, acts, isLost] : answers) {
             SCOPED_TRACE(answer);
@@ -213,7 +213,7 @@ TEST(FrameFiles, AskBeforeWorkIsLost)
             EXPECT_TRUE(shown.frame->OpenRecord(record));
             EXPECT_THAT(shown.Status(),
                         testing::IsSupersetOf({"NG 1", "未検査 7", "検査状況は保存済み"}));
-            shown.Press(Qt::Key_0);
+            shown.Press(Qt::Key_Delete);
         }
     }
 }
@@ -222,21 +222,21 @@ TEST(FrameFiles, BringTogetherWhatOthersHaveSavedMeanwhile)
 {
     ShownFrame shown;
     ASSERT_TRUE(shown.Open());
-    shown.Press(Qt::Key_2);
+    shown.Press(Qt::Key_1);
     shown.OnDialogs({NameFile(shown.temp.Path("record.xml"))});
     shown.Press(Qt::Key_S, Qt::ControlModifier);
     std::string theirs = shown.temp.Read("record.xml");
     const std::string notOk = *Cp932::Encode("<付箋1-OK>0");
     theirs.replace(theirs.rfind(notOk) + notOk.size() - 1, 1, "1");
     shown.temp.Write("record.xml", theirs);
-    shown.Press(Qt::Key_3);
+    shown.Press(Qt::Key_2);
     shown.Press(Qt::Key_S, Qt::ControlModifier);
     EXPECT_THAT(shown.Status(), testing::IsSupersetOf({"OK 0", "未保存の検査があります"}));
     EXPECT_EQ(shown.temp.Read("record.xml"), theirs) << "the user gave up";
     shown.services.user.options = {0};
     shown.Press(Qt::Key_S, Qt::ControlModifier);
     EXPECT_THAT(shown.Status(), testing::IsSupersetOf({"OK 1", "NG 1", "検査状況は保存済み"}));
-    shown.Press(Qt::Key_0);
+    shown.Press(Qt::Key_Delete);
     EXPECT_TRUE(shown.frame->OpenRecord(shown.temp.Path("record.xml")));
     ASSERT_THAT(shown.Status(), testing::IsSupersetOf({"OK 1", "NG 1", "検査状況は保存済み"}));
     ASSERT_TRUE(shown.Open());
@@ -248,7 +248,7 @@ TEST(FrameFiles, SaveTheInspectionOfADeliveryThatHasVanished)
     ShownFrame shown;
     ASSERT_TRUE(shown.Open());
     std::filesystem::remove_all(shown.temp.Path("delivery"));
-    for (const int key : {Qt::Key_PageDown, Qt::Key_1, Qt::Key_N, Qt::Key_PageUp}) shown.Press(key);
+    for (const int key : {Qt::Key_PageDown, Qt::Key_O, Qt::Key_N, Qt::Key_PageUp}) shown.Press(key);
     for (const int mode : {Qt::Key_6, Qt::Key_7, Qt::Key_5}) {
         shown.Press(mode, Qt::ControlModifier);
         shown.frame->grab();
@@ -261,7 +261,7 @@ TEST(FrameFiles, SaveTheInspectionOfADeliveryThatHasVanished)
     EXPECT_EQ(shown.Data().CountLabel(LabelOk), 1);
 
     shown.services.user.calls.clear();
-    shown.Press(Qt::Key_0);
+    shown.Press(Qt::Key_Delete);
     const CString other = shown.temp.Write("other.xml", "<検査状況/>");
     for (const CString& wrong : {other, shown.temp.Path("none.xml")})
         EXPECT_FALSE(shown.frame->OpenRecord(wrong));

@@ -1,15 +1,24 @@
 // The main window's keys, slide mode, and what it remembers.
 
 #include "hosts/viewer/SlideShow.h"
+#include "platform/controls/LumImgWnd.h"
 #include "platform/store/FileProfileStore.h"
 #include "review/SlideMode.h"
 #include "support/Texts.h"
 #include "viewer/ShownFrame.h"
+#include "windows/cell/ToviLabelButton.h"
+#include "windows/cell/ToviNamePlate.h"
+#include "windows/cell/ToviSpiCtrl.h"
+#include "windows/cell/ToviSpiListCtrl.h"
+#include "windows/list/ToviPhotoListCtrl.h"
+#include "windows/panel/ToviPopUpMenu.h"
 
+#include <QAbstractItemView>
 #include <QDockWidget>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QPlainTextEdit>
+#include <QPushButton>
 
 namespace
 {
@@ -36,18 +45,141 @@ TEST(FrameKeys, LabelTheSelectedPhotographInEveryMode)
         shown.Panel().setFocus();
         const ToviPhoto& photo = *shown.Data().GetPhoto(shown.Selected());
         const std::pair<int, const char*> steps[] = {
-            {Qt::Key_1, "0"},    {Qt::Key_2, "1"},   {Qt::Key_3, "12"}, {Qt::Key_4, "123"},
-            {Qt::Key_5, "1235"}, {Qt::Key_5, "123"}, {Qt::Key_0, ""}};
+            {Qt::Key_O, "0"},    {Qt::Key_1, "1"},   {Qt::Key_2, "12"},   {Qt::Key_3, "123"},
+            {Qt::Key_F, "1235"}, {Qt::Key_F, "123"}, {Qt::Key_Delete, ""}};
         for (const auto& [key, labels] : steps) {
             shown.Press(key);
-            EXPECT_EQ(LabelsOf(photo), labels) << key - Qt::Key_0;
+            EXPECT_EQ(LabelsOf(photo), labels) << key;
         }
-        shown.Press(Qt::Key_1);
+        shown.Press(Qt::Key_O);
         const int selected = shown.Selected();
         shown.Press(Qt::Key_N);
         EXPECT_EQ(shown.Selected(), selected + 1);
     }
     shown.Panel().AllPhotoAllLabelRemove();
+}
+
+TEST(FrameKeys, MoveFromTheFirstPhotographOnWhereverTheUserHasClicked)
+{
+    ShownFrame shown;
+    ASSERT_TRUE(shown.frame->OpenDelivery(shown.temp.Path("delivery"), std::nullopt));
+    shown.Press(Qt::Key_PageDown);
+    EXPECT_GT(shown.Selected(), 0) << "right after opening";
+    const auto cell = [&shown] {
+        return shown.Panel().findChildren<ToviSpiCtrl*>()[shown.Panel().GetSelectIndexInPage()];
+    };
+    const auto view = [&](QAbstractItemView* list) { return list->viewport(); };
+    const std::pair<const char*, std::function<QWidget*()>> places[] = {
+        {"picture", [&] { return cell()->findChild<LumImgWnd*>(); }},
+        {"plate", [&] { return cell()->findChild<ToviNamePlate*>(); }},
+        {"items", [&] { return view(cell()->findChild<ToviSpiListCtrl*>()->View()); }},
+        {"a label", [&] { return cell()->findChild<ToviNamePlate*>()->Button(LabelFree); }},
+        {"list", [&] { return view(shown.Panel().findChild<ToviPhotoListCtrl*>()->View()); }}};
+    for (int mode = Qt::Key_1; mode <= Qt::Key_7; ++mode) {
+        shown.Press(mode, Qt::ControlModifier);
+        for (const auto& [name, place] : places) {
+            const bool isOfList = CString(name) == "list";
+            if (isOfList != (mode >= Qt::Key_6)) continue;
+            SCOPED_TRACE(testing::Message() << name << " in mode " << mode - Qt::Key_0);
+            shown.Press(Qt::Key_Home);
+            QTest::mouseClick(place(), Qt::LeftButton, {}, {6, 6});
+            std::vector<int> way;
+            for (const int key : {Qt::Key_End, Qt::Key_Home, Qt::Key_Space, Qt::Key_Down,
+                                  Qt::Key_Up, Qt::Key_Backspace}) {
+                shown.Press(key);
+                way.push_back(shown.Selected());
+            }
+            const int below = mode == Qt::Key_6 ? way[3] : 2;
+            EXPECT_THAT(way, ElementsAre(7, 0, 1, below, 1, 0));
+        }
+    }
+    shown.Data().SetCheckStatusChanged(false);
+}
+
+TEST(FrameKeys, ScrollTheItemsForWhoCameByTab)
+{
+    ShownFrame shown;
+    ASSERT_TRUE(shown.Open());
+    shown.Press(Qt::Key_1, Qt::ControlModifier);
+    shown.Panel().findChild<ToviSpiListCtrl*>()->View()->setFocus(Qt::TabFocusReason);
+    for (const int key : {Qt::Key_Down, Qt::Key_End, Qt::Key_Home}) shown.Press(key);
+    EXPECT_EQ(shown.Selected(), 0);
+    shown.Press(Qt::Key_Down, Qt::ControlModifier);
+    EXPECT_EQ(shown.Selected(), 1);
+}
+
+TEST(FrameKeys, GoOnToTheNextPhotographByChoice)
+{
+    ShownFrame shown;
+    ASSERT_TRUE(shown.Open());
+    shown.Command("付けたら次へ")->trigger();
+    struct Step
+    {
+        const char* what;
+        int key;
+        Qt::KeyboardModifiers held;
+        int selected;
+    };
+    const Step steps[] = {{"pasted", Qt::Key_O, {}, 1},
+                          {"pasted with Shift", Qt::Key_1, Qt::ShiftModifier, 1},
+                          {"removed", Qt::Key_1, {}, 1},
+                          {"on the keypad", Qt::Key_2, Qt::KeypadModifier, 2},
+                          {"all removed", Qt::Key_Delete, {}, 2}};
+    for (const Step& step : steps) {
+        shown.Press(step.key, step.held);
+        EXPECT_EQ(shown.Selected(), step.selected) << step.what;
+    }
+    EXPECT_EQ(shown.Data().CountLabel(LabelOk) + shown.Data().CountLabel(LabelNg2), 2);
+    shown.Data().SetCheckStatusChanged(false);
+    shown.Start();
+    EXPECT_TRUE(shown.Command("付けたら次へ")->isChecked()) << "remembered";
+}
+
+TEST(FrameKeys, TellOfThemselvesOnceAndOfferThoseOfBefore)
+{
+    ShownFrame shown;
+    auto* notice = shown.frame->findChild<QWidget*>(QStringLiteral("keyNotice"));
+    shown.frame->TellKeys();
+    ASSERT_TRUE(notice->isVisible());
+    notice->findChildren<QPushButton*>().front()->click();
+    EXPECT_FALSE(notice->isVisible());
+    for (int start = 0; start < 2; ++start) {
+        ASSERT_TRUE(shown.Open());
+        shown.Press(Qt::Key_4);
+        EXPECT_EQ(LabelsOf(*shown.Data().GetPhoto(0)), "3");
+        EXPECT_TRUE(shown.Command("NG3 不鮮明")->toolTip().contains(u'4'));
+        shown.Press(Qt::Key_0);
+        EXPECT_EQ(LabelsOf(*shown.Data().GetPhoto(0)), "");
+        shown.Data().SetCheckStatusChanged(false);
+        shown.Start();
+        shown.frame->TellKeys();
+        notice = shown.frame->findChild<QWidget*>(QStringLiteral("keyNotice"));
+        EXPECT_FALSE(notice->isVisible());
+    }
+}
+
+/// The mnemonics that two entries of \p menu, or of one below it, share.
+QStringList SharedMnemonics(const QList<QAction*>& entries)
+{
+    QStringList shared;
+    QString known;
+    for (const QAction* entry : entries) {
+        const QString key = QKeySequence::mnemonic(entry->text()).toString();
+        if (!key.isEmpty() && known.contains(key)) shared << entry->text();
+        known += key + QLatin1Char(' ');
+        if (entry->menu() != nullptr) shared << SharedMnemonics(entry->menu()->actions());
+    }
+    return shared;
+}
+
+TEST(FrameKeys, OpenEachEntryOfAMenuByItsOwn)
+{
+    ShownFrame shown;
+    ASSERT_TRUE(shown.Open());
+    EXPECT_THAT(SharedMnemonics(shown.frame->menuBar()->actions()), testing::IsEmpty());
+    shown.Panel().ShowPopUpMenu();
+    const auto* const menu = shown.Panel().findChild<ToviPopUpMenu*>();
+    EXPECT_THAT(SharedMnemonics(menu->actions()), testing::IsEmpty());
 }
 
 TEST(FrameKeys, BelongToWhoeverTypes)
@@ -57,8 +189,8 @@ TEST(FrameKeys, BelongToWhoeverTypes)
     QLineEdit edit(shown.frame.get());
     edit.show();
     edit.setFocus();
-    QTest::keyClicks(&edit, QStringLiteral("12345c0n"));
-    EXPECT_EQ(edit.text(), QStringLiteral("12345c0n"));
+    QTest::keyClicks(&edit, QStringLiteral("12345c0nof? Z"));
+    EXPECT_EQ(edit.text(), QStringLiteral("12345c0nof? Z"));
     EXPECT_EQ(LabelsOf(*shown.Data().GetPhoto(0)), "");
     shown.Panel().setFocus();
     shown.OnDialogs({[](QWidget& dialog) {
@@ -126,9 +258,9 @@ TEST(SlideMode, ShowsOnePhotographAtATime)
         for (int step = 0; step < 8; ++step) shown.Press(Qt::Key_Space);
         EXPECT_EQ(shown.Selected(), 7) << "there is nothing behind the last one";
 
-        shown.Press(Qt::Key_1);
+        shown.Press(Qt::Key_O);
         EXPECT_EQ(LabelsOf(*shown.Data().GetPhoto(7)), "0");
-        shown.Press(Qt::Key_0);
+        shown.Press(Qt::Key_Delete);
         shown.services.user.calls.clear();
         shown.Press(Qt::Key_C);
         EXPECT_THAT(Texts(shown.services.user.Messages()), testing::SizeIs(1));

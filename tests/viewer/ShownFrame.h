@@ -82,6 +82,16 @@ struct ShownFrame
         return label->isVisible() ? FromQtText(label->text()) : CString();
     }
 
+    /// The command of the main window whose words begin so.
+    QAction* Command(const char* words) const
+    {
+        for (QAction* action : frame->findChildren<QAction*>()) {
+            if (action->text().startsWith(QString::fromUtf8(words))) return action;
+        }
+        ADD_FAILURE() << words;
+        return nullptr;
+    }
+
     /// Presses a key where the focus is.
     void Press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const
     {

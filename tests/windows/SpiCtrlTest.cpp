@@ -169,7 +169,7 @@ TEST(SpiCtrl, TellsItemsControlValuesAndTitle)
     EXPECT_FALSE(isColoured("撮影日時", 0)) << "until the next photograph";
     shown.document.GetLabelManager()->GetLabelAttribute(LabelNg2).SetName("再撮影");
     shown.cell->ApplyLabelNames();
-    EXPECT_EQ(FromQtText(shown.Button(LabelNg2)->accessibleName()), "再撮影");
+    EXPECT_EQ(FromQtText(shown.Button(LabelNg2)->accessibleName()), "NG2 再撮影");
 }
 
 TEST(SpiCtrl, GivesItsPartsTheirRoom)

@@ -50,10 +50,6 @@ DetailDock::DetailDock(QMainWindow* mainWindow, ViewerDocument& shown)
     dock->hide();
     document.AddPanel(panel.get());
 
-    ToggleAction()->setText(QStringLiteral("詳細(&D)"));
-    ToggleAction()->setToolTip(QStringLiteral("選んだ写真を大きく、情報や参考図とともに表示"));
-    ToggleAction()->setShortcut(QKeySequence(QStringLiteral("Ctrl+D")));
-    mainWindow->addAction(ToggleAction());
     connect(dock, &QDockWidget::visibilityChanged, this, &DetailDock::OnVisibilityChanged);
     connect(&document, &ViewerDocument::Updated, this, &DetailDock::Follow);
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "windows/pictures/PictureNames.h"
+#include "windows/keys/FrameCommand.h"
 
 #include <QAction>
 
@@ -10,65 +10,7 @@ class QMainWindow;
 class QMenu;
 class QToolBar;
 class QWidget;
-
-/// The commands of the main window, by the number that each has.
-enum class FrameCommand
-{
-    Open,
-    OpenWithFamily,
-    OpenDiscs,
-    OpenRecord,
-    Save,
-    SaveAs,
-    WriteReport,
-    SavePhoto,
-    SaveShownPhotos,
-    ShowIndex,
-    CloseDelivery,
-    Quit,
-    Undo,
-    Redo,
-    FirstPage,
-    PreviousPage,
-    NextPage,
-    LastPage,
-    Mode1,
-    Mode2,
-    Mode3,
-    Mode4,
-    Mode6,
-    ModeThumbnails,
-    ModeList,
-    TreeWorkTypeFull,
-    TreePlace,
-    TreeWorkType,
-    TitleFileName,
-    TitleJapaneseFileName,
-    TitlePhotoTitle,
-    ShowInfoList,
-    ShowComments,
-    CheckTampering,
-    Search,
-    ShowExtraction,
-    EndExtraction,
-    SetUp,
-    ZoomPhoto,
-    NextZoom,
-    ArrangeZooms,
-    CloseZooms,
-    SlideMode,
-    LabelOk,
-    LabelNg1,
-    LabelNg2,
-    LabelNg3,
-    LabelFree,
-    LabelComment,
-    RemoveLabels,
-    CorrectLabels,
-    NextUnchecked,
-    ShowPosition,
-    About
-};
+class ToviLabelManager;
 
 /// The actions of the main window with their texts, shortcuts and pictures.
 class FrameActions
@@ -78,6 +20,14 @@ public:
     explicit FrameActions(QMainWindow* frame);
 
     QAction* operator[](FrameCommand command) const { return actions.at(command); }
+    /// What the keys of a label's command do with Shift.
+    QAction* WithShift(FrameCommand command) const { return withShift.at(command); }
+    /// \p action, which another window owns, is what \p command does.
+    void Adopt(FrameCommand command, QAction* action);
+    /// Gives all the present keys (see CurrentKeys).
+    void ApplyKeys();
+    /// Calls the labels' commands by the names in \p labels.
+    void ShowLabelNames(const ToviLabelManager& labels);
     /// Enables or disables what makes no sense without a delivery.
     void EnableForDelivery(bool isOpen);
 
@@ -88,4 +38,5 @@ public:
 
 private:
     std::map<FrameCommand, QAction*> actions;
+    std::map<FrameCommand, QAction*> withShift;
 };

@@ -2,6 +2,8 @@
 
 #include "hosts/viewer/DetailDock.h"
 #include "hosts/viewer/FrameExtraction.h"
+#include "hosts/viewer/FrameKeys.h"
+#include "hosts/viewer/FrameLabels.h"
 #include "hosts/viewer/FrameState.h"
 #include "hosts/viewer/NoticeStrip.h"
 #include "hosts/viewer/ReviewBar.h"
@@ -68,12 +70,13 @@ MainFrame::MainFrame()
     setWindowIcon(PictureIcon("tovi-viewer"));
     setAcceptDrops(true);
     extraction = new FrameExtraction(this, document, actions[FrameCommand::EndExtraction]);
+    keys = new FrameKeys(this, actions, photoPanel.get());
+    labels = new FrameLabels(this, actions, photoPanel.get());
     CreatePanels();
     CreateDock();
     CreateBars();
     slideShow = std::make_unique<SlideShow>(this, photoPanel.get());
     ConnectCommands();
-    ConnectLabelCommands();
     ConnectOutputs();
     ConnectSettings();
     ConnectExtraction();
@@ -99,6 +102,7 @@ void MainFrame::CreatePanels()
     column->setContentsMargins({});
     column->setSpacing(0);
     column->addWidget(notice);
+    column->addWidget(keys->Notice());
     column->addWidget(extraction->Strip());
     column->addWidget(centre, 1);
     centre->addWidget(extraction->NothingPage());
@@ -142,6 +146,8 @@ void MainFrame::CreateBars()
     toolBar->setIconSize({24, 24});
     actions.FillToolBar(toolBar, pageLabel);
     addToolBar(toolBar);
+    actions.Adopt(FrameCommand::ShowDetail, detailDock->ToggleAction());
+    addAction(detailDock->ToggleAction());
     actions.FillMenus(this, recentMenu,
                       {treeDock->toggleViewAction(), extraction->Dock()->toggleViewAction(),
                        detailDock->ToggleAction(), actions[FrameCommand::ShowPosition],
@@ -162,6 +168,10 @@ void MainFrame::ConnectCommands()
     on(SaveAs, [this] { MainFrame::SaveAs(); });
     on(FrameCommand::CloseDelivery, [this] { MainFrame::CloseDelivery(); });
     on(Quit, [this] { close(); });
+    on(FirstPhoto, [this] { photoPanel->OperateFirstPhoto(); });
+    on(PreviousPhoto, [this] { photoPanel->OperatePrevPhoto(); });
+    on(NextPhoto, [this] { photoPanel->OperateNextPhoto(); });
+    on(LastPhoto, [this] { photoPanel->OperateLastPhoto(); });
     on(FirstPage, [this] { photoPanel->OperateTopPage(); });
     on(PreviousPage, [this] { photoPanel->OperatePrevPage(); });
     on(NextPage, [this] { photoPanel->OperateNextPage(); });
@@ -174,9 +184,11 @@ void MainFrame::ConnectCommands()
     on(CloseZooms, [this] { photoPanel->DeleteAllDialog(); });
     actions[NextZoom]->setShortcutContext(Qt::ApplicationShortcut);
     on(NextUnchecked, [this] { GoToNextUnchecked(); });
+    on(FrameCommand::CorrectLabels, [this] { MainFrame::CorrectLabels(); });
     on(About, [this] { TellVersion(); });
     // The keys belong to the photographs: in a tree or a list they move there.
-    for (const FrameCommand command : {PreviousPage, NextPage}) {
+    for (const FrameCommand command :
+         {FirstPhoto, PreviousPhoto, NextPhoto, LastPhoto, PreviousPage, NextPage}) {
         removeAction(actions[command]);
         actions[command]->setShortcutContext(Qt::WidgetWithChildrenShortcut);
         photoPanel->addAction(actions[command]);
@@ -193,22 +205,6 @@ void MainFrame::ConnectCommands()
             Refresh();
         });
     });
-}
-
-void MainFrame::ConnectLabelCommands()
-{
-    using enum FrameCommand;
-    const std::pair<FrameCommand, LabelSlot> labels[] = {
-        {LabelOk, ::LabelOk},   {LabelNg1, ::LabelNg1},   {LabelNg2, ::LabelNg2},
-        {LabelNg3, ::LabelNg3}, {LabelFree, ::LabelFree}, {LabelComment, ::LabelComment}};
-    for (const auto& [command, slot] : labels) {
-        connect(actions[command], &QAction::triggered, this,
-                [this, label = slot] { photoPanel->ToggleLabel(label); });
-    }
-    connect(actions[RemoveLabels], &QAction::triggered, this,
-            [this] { photoPanel->OnRemoveAllLabel(); });
-    connect(actions[FrameCommand::CorrectLabels], &QAction::triggered, this,
-            &MainFrame::CorrectLabels);
 }
 
 void MainFrame::ConnectSettings()
@@ -332,6 +328,7 @@ void MainFrame::ShowCentre()
 {
     const bool isOpen = document.Data() != nullptr;
     actions.EnableForDelivery(isOpen);
+    if (isOpen) actions.ShowLabelNames(*document.Data()->GetLabelManager());
     treeDock->setEnabled(isOpen);
     treePages->setCurrentIndex(isOpen ? 0 : 1);
     QWidget* const photos =
@@ -390,6 +387,11 @@ void MainFrame::FillRecent()
         recentMenu->addAction(text.replace(QLatin1Char('&'), QStringLiteral("&&")), this,
                               [this, folder] { OpenDelivery(folder, std::nullopt); });
     }
+}
+
+void MainFrame::TellKeys()
+{
+    keys->TellOnce();
 }
 
 void MainFrame::TellLacks(const CStringArray& sentences)

@@ -6,6 +6,8 @@
 #include <QMainWindow>
 
 class FrameExtraction;
+class FrameKeys;
+class FrameLabels;
 class DetailDock;
 class NoticeStrip;
 class QDockWidget;
@@ -40,6 +42,8 @@ public:
     bool OpenRecord(const CString& path);
     /// Shows what the machine lacks (see WhatMachineLacks) in a strip.
     void TellLacks(const CStringArray& sentences);
+    /// Tells which keys paste labels, the first time.
+    void TellKeys();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -51,7 +55,6 @@ private:
     void CreateDock();
     void CreateBars();
     void ConnectCommands();
-    void ConnectLabelCommands();
     void ConnectSettings();
     void RestoreState();
     void SaveState();
@@ -121,6 +124,8 @@ private:
     std::unique_ptr<ToviFolderTreePanel> folderTree;
     std::unique_ptr<ToviLabelTreePanel> labelTree;
     FrameExtraction* extraction = nullptr;
+    FrameKeys* keys = nullptr;
+    FrameLabels* labels = nullptr;
     std::unique_ptr<DetailDock> detailDock;
     std::unique_ptr<ReviewBar> reviewBar;
     std::unique_ptr<SlideShow> slideShow;

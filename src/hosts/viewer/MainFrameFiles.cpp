@@ -12,6 +12,7 @@
 #include "platform/text/QtText.h"
 #include "review/RecordName.h"
 #include "windows/dialogs/FileDialog.h"
+#include "windows/page/ToviMpiPanel.h"
 #include "windows/trees/ToviFolderTreePanel.h"
 
 #include <QMessageBox>
@@ -50,6 +51,7 @@ bool MainFrame::ShowOpened(const CString& problem)
     // While another delivery stays open, the page that would tell is out of sight.
     if (!problem.empty() && document.Data() != nullptr) Tell(problem);
     Refresh();
+    if (problem.empty()) photoPanel->setFocus();
     if (problem.empty() && !document.Notice().empty()) Tell(document.Notice());
     return problem.empty();
 }

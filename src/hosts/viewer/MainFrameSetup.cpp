@@ -1,6 +1,7 @@
 // The main window's commands on which photographs are shown, and on the settings.
 
 #include "hosts/viewer/FrameExtraction.h"
+#include "hosts/viewer/FrameKeys.h"
 #include "hosts/viewer/ItemOrder.h"
 #include "hosts/viewer/MainFrame.h"
 #include "hosts/viewer/SlideShow.h"
@@ -49,6 +50,7 @@ void MainFrame::SetUp()
     document.ApplySettings(dialog.GetVisualSetting());
     // Several settings at once are more than the panel would tell apart.
     photoPanel->SetVisualSetting(open.GetVisualSetting(), true);
+    keys->Apply();
     // The photographs on show come in the order of the tree in view, or sorted.
     if (otherOrder) SwitchTree(trees->currentIndex());
 }

@@ -51,6 +51,7 @@ int Run(const ViewerOptions& options)
     const CStringArray lacks = WhatMachineLacks();
     for (const CString& sentence : lacks) std::cerr << sentence << std::endl;
     frame.TellLacks(lacks);
+    frame.TellKeys();
     frame.show();
     if (!options.delivery.empty() && frame.OpenDelivery(options.delivery, options.family) &&
         !options.record.empty()) {

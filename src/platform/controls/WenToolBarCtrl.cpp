@@ -53,6 +53,14 @@ void WenToolBarCtrl::SetButtonImage(int id, int image)
     if (QAction* const action = Find(id)) action->setIcon(Image(image));
 }
 
+void WenToolBarCtrl::SetButtonText(int id, const QString& text, const QString& tip)
+{
+    QAction* const action = Find(id);
+    if (action == nullptr) return;
+    action->setText(text);
+    action->setToolTip(tip);
+}
+
 QAction* WenToolBarCtrl::Find(int id) const
 {
     for (QAction* const action : actions()) {

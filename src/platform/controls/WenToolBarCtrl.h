@@ -43,6 +43,7 @@ public:
     void CheckButton(int id, bool check);
     bool IsButtonChecked(int id) const;
     void SetButtonImage(int id, int image);
+    void SetButtonText(int id, const QString& text, const QString& tip);
 
 signals:
     /// The user pressed the button \p id; one that can be checked has changed already.

@@ -5,6 +5,7 @@
 #include "platform/controls/WindowId.h"
 #include "review/SlideMode.h"
 #include "windows/cell/CellChild.h"
+#include "windows/keys/KeySet.h"
 #include "windows/pictures/Pictures.h"
 
 static constexpr int firstIcon = 501;
@@ -19,6 +20,8 @@ ToviLabelButton::ToviLabelButton(unsigned int slot, QWidget* parent)
     SetWindowId(this, idFirstLabel + static_cast<int>(label));
     setCheckable(true);
     setAutoDefault(false);
+    // A click leaves the focus to the photograph, where the space bar goes on to the next one.
+    setFocusPolicy(Qt::TabFocus);
     setIconSize({iconSide, iconSide});
     SetPressed(false);
     connect(this, &QPushButton::clicked, this, &ToviLabelButton::OnPressed);
@@ -27,7 +30,7 @@ ToviLabelButton::ToviLabelButton(unsigned int slot, QWidget* parent)
 void ToviLabelButton::SetLabelName(const CString& name)
 {
     setAccessibleName(QtText(name));
-    setToolTip(ToolTipText(name));
+    setToolTip(ToolTipText(FromQtText(WithKey(QtText(name), LabelCommandOf(label)))));
 }
 
 void ToviLabelButton::SetPressed(bool pressed)

@@ -3,9 +3,11 @@
 #include "platform/controls/GaluMultiStatusButton.h"
 #include "platform/controls/ToolTipText.h"
 #include "platform/controls/WindowId.h"
+#include "review/LabelCaption.h"
 #include "windows/cell/CellChild.h"
 #include "windows/cell/CellRect.h"
 #include "windows/cell/ToviLabelButton.h"
+#include "windows/keys/KeySet.h"
 #include "windows/pictures/Pictures.h"
 
 #include <QContextMenuEvent>
@@ -97,7 +99,7 @@ void ToviNamePlate::SetEditCheckResult(ToviPhoto::EditJPEGCheckResult result)
 void ToviNamePlate::SetLabelNames(const ToviLabelManager& names)
 {
     for (unsigned int label = 0; label < labelCount; ++label) {
-        buttons[label]->SetLabelName(names.GetLabelAttribute(label).GetName());
+        buttons[label]->SetLabelName(LabelCaption(names, label));
     }
 }
 
@@ -107,7 +109,9 @@ void ToviNamePlate::ShowLabels(const ToviPhoto& photo)
         buttons[label]->SetPressed(photo.IsLabelPasted(label));
     }
     const CString& comment = photo.GetComment();
-    buttons[LabelComment]->setToolTip(ToolTipText(comment.empty() ? "コメント未記入" : comment));
+    const QString tip =
+        WithKey(QtText(comment.empty() ? "コメント未記入" : comment), FrameCommand::LabelComment);
+    buttons[LabelComment]->setToolTip(ToolTipText(FromQtText(tip)));
 }
 
 /// A disabled button keeps clicks to itself; those on a mark are meant for the plate.

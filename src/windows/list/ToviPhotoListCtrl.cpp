@@ -2,9 +2,12 @@
 
 #include "photos/LabelSlots.h"
 #include "platform/controls/GaluWaitMovieDlg.h"
+#include "platform/controls/ToolTipText.h"
 #include "platform/controls/WenToolBarCtrl.h"
 #include "platform/controls/WindowId.h"
+#include "review/LabelCaption.h"
 #include "windows/cell/ToviCommentWindow.h"
+#include "windows/keys/KeySet.h"
 #include "windows/list/FloatyPlace.h"
 #include "windows/list/PhotoListTable.h"
 #include "windows/pictures/Pictures.h"
@@ -84,7 +87,10 @@ void ToviPhotoListCtrl::CreateFloaty()
         const Kind kind = label == LabelComment ? Kind::Push : Kind::Check;
         buttons.push_back({kind, ButtonId(label), label + int(labelCount)});
     }
-    floaty->AddButtons(buttons, "OK|NG1|NG2|NG3|コメント|ユーザー||");
+    CString badges;
+    for (unsigned int label = 0; label < labelCount; ++label)
+        badges += CString(LabelBadge(label)) + "|";
+    floaty->AddButtons(buttons, badges);
     floaty->installEventFilter(this);
     connect(floaty, &WenToolBarCtrl::Command, this,
             [this](int id) { emit FloatyPressed(static_cast<unsigned int>(id - idFirstButton)); });
@@ -188,6 +194,16 @@ void ToviPhotoListCtrl::SetButtonState(int label, bool pasted)
 {
     floaty->SetButtonImage(ButtonId(label), pasted ? label : label + int(labelCount));
     floaty->CheckButton(ButtonId(label), pasted && label != LabelComment);
+}
+
+void ToviPhotoListCtrl::ShowLabelNames(const ToviLabelManager& labels)
+{
+    for (unsigned int label = 0; label < labelCount; ++label) {
+        const CString name = LabelCaption(labels, label);
+        const QString tip = WithKey(QtText(name), LabelCommandOf(label));
+        floaty->SetButtonText(ButtonId(static_cast<int>(label)), QtText(name),
+                              ToolTipText(FromQtText(tip)));
+    }
 }
 
 void ToviPhotoListCtrl::OnCommentWindowClicked(const ToviCommentWindow* strip)

@@ -8,6 +8,7 @@
 
 class PhotoListTable;
 class ToviCommentWindow;
+class ToviLabelManager;
 class WenToolBarCtrl;
 
 /// All photographs of the current array in one scrolling list: thumbnails (Look::Icon) or lines
@@ -45,6 +46,9 @@ public:
     /// Lets the floaty's button of \p label (0 to 5) show whether the label is pasted. The
     /// comment's never looks pressed.
     void SetButtonState(int label, bool pasted);
+
+    /// Calls the floaty's buttons by the names in \p labels and tells their keys.
+    void ShowLabelNames(const ToviLabelManager& labels);
 
     /// The comment strip \p strip, a child of View()->viewport(), was clicked: selects its
     /// photograph.

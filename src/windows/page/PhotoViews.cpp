@@ -88,6 +88,7 @@ void PhotoViews::CreateList()
     connect(list.get(), &List::SelectionCleared, this, [this] { ShowFloaty(false); });
     connect(list.get(), &List::ItemDoubleClicked, this, &PhotoViews::ItemDoubleClicked);
     connect(list.get(), &List::ItemRightClicked, this, &PhotoViews::ItemRightClicked);
+    ShowLabelNames();
     list->show();
 }
 
@@ -158,6 +159,12 @@ void PhotoViews::ShowAllLabels()
 void PhotoViews::UpdateNamePlate()
 {
     cells.ForEach([](ToviSpiCtrl& cell) { cell.UpdateLabelButtons(); });
+}
+
+void PhotoViews::ShowLabelNames()
+{
+    if (list) list->ShowLabelNames(*data->GetLabelManager());
+    cells.ForEach([](ToviSpiCtrl& cell) { cell.ApplyLabelNames(); });
 }
 
 void PhotoViews::EnableFloaty()

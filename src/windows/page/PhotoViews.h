@@ -47,6 +47,8 @@ public:
     void ShowAllLabels();
     /// The same on the name plates alone.
     void UpdateNamePlate();
+    /// Calls the labels by their names and keys of now.
+    void ShowLabelNames();
     /// Lets the floating tool bar, if there is one, show the labels of the selected photograph.
     void EnableFloaty();
     /// The same, and shows the tool bar after a while, or hides it.

@@ -350,6 +350,16 @@ void ToviMpiPanel::SelectNeighbour(int step)
     }
 }
 
+void ToviMpiPanel::OperateFirstPhoto()
+{
+    if (PhotoCount() > 0) ShowPosition(0);
+}
+
+void ToviMpiPanel::OperateLastPhoto()
+{
+    if (PhotoCount() > 0) ShowPosition(PhotoCount() - 1);
+}
+
 bool ToviMpiPanel::SelectNextUnchecked()
 {
     if (GetData() == nullptr) return false;
@@ -363,6 +373,12 @@ void ToviMpiPanel::ShowPhoto(int photo)
 {
     const int position = GetData() == nullptr ? -1 : GetData()->GetCurrentArray().Find(photo);
     if (position >= 0) ShowPosition(position);
+}
+
+void ToviMpiPanel::ApplyKeys()
+{
+    if (GetData() != nullptr) views.ShowLabelNames();
+    zooms.ApplyKeys();
 }
 
 void ToviMpiPanel::InvalidateName()
@@ -546,9 +562,9 @@ void ToviMpiPanel::RemoveLabel(int label)
     labels.Remove(SelectedPhoto(), static_cast<unsigned int>(label));
 }
 
-void ToviMpiPanel::ToggleLabel(int label)
+bool ToviMpiPanel::ToggleLabel(int label)
 {
-    labels.Toggle(SelectedPhoto(), static_cast<unsigned int>(label));
+    return labels.Toggle(SelectedPhoto(), static_cast<unsigned int>(label));
 }
 
 void ToviMpiPanel::OnRemoveAllLabel()

@@ -53,18 +53,23 @@ public:
     /// Select the neighbour of the selected photograph, over the end of a page too.
     void OperateNextPhoto() { SelectNeighbour(1); }
     void OperatePrevPhoto() { SelectNeighbour(-1); }
+    void OperateFirstPhoto();
+    void OperateLastPhoto();
     /// Selects the next 未検査 photograph behind the selected one, from the first one on again
     /// behind the last. False when there is none.
     bool SelectNextUnchecked();
     /// Selects the photograph with the photo index \p photo and turns to it, if it is on show.
     void ShowPhoto(int photo);
 
+    /// Lets the keys of now count (see CurrentKeys), and tells them in tips.
+    void ApplyKeys();
+
     /// Act on the labels of the selected photograph, if it is in the current array. The comment
     /// label stands for the comment: pasting it opens a dialog.
     void PasteLabel(int label);
     void RemoveLabel(int label);
-    /// Pastes \p label, or removes it where it is pasted.
-    void ToggleLabel(int label);
+    /// Pastes \p label, or removes it where it is pasted. True when it is pasted by that.
+    bool ToggleLabel(int label);
     void OnRemoveAllLabel();
     /// The same by the menu's numbers (see LabelMenuId).
     void OnPasteLabel(unsigned int id);

@@ -37,16 +37,19 @@ void LabelCommands::RemoveAll(int photo)
     if (photo >= 0) Change(photo, LabelRules::RemoveAllLabel);
 }
 
-void LabelCommands::Toggle(int photo, unsigned int label)
+bool LabelCommands::Toggle(int photo, unsigned int label)
 {
-    if (photo < 0) return;
+    if (photo < 0) return false;
     if (label == LabelComment) {
         if (!RefuseInSlideMode(SlideModeRefusal::EditComment)) Paste(photo, label);
-    } else if (desk.Document()->GetPhotoActualPhotoArray(photo)->IsLabelPasted(label)) {
-        Remove(photo, label);
-    } else {
-        Paste(photo, label);
+        return false;
     }
+    if (desk.Document()->GetPhotoActualPhotoArray(photo)->IsLabelPasted(label)) {
+        Remove(photo, label);
+        return false;
+    }
+    Paste(photo, label);
+    return true;
 }
 
 void LabelCommands::Change(int photo, const LabelEdits::Rule& rule)

@@ -35,8 +35,8 @@ public:
     void Remove(int photo, unsigned int label);
     void RemoveAll(int photo);
     /// Removes \p label where it is pasted, else pastes it; edits the comment in either case, but
-    /// not in slide mode.
-    void Toggle(int photo, unsigned int label);
+    /// not in slide mode. True when \p label is pasted by that.
+    bool Toggle(int photo, unsigned int label);
 
 private:
     void EditComment(int photo);

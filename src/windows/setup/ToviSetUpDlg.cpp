@@ -6,6 +6,7 @@
 #include "windows/setup/SetUpCheckPage.h"
 #include "windows/setup/SetUpDisplayPage.h"
 #include "windows/setup/SetUpItemPage.h"
+#include "windows/setup/SetUpKeyPage.h"
 #include "windows/setup/SetUpLabelPage.h"
 #include "windows/setup/ToviItemSetUpDlg.h"
 
@@ -19,12 +20,14 @@ ToviSetUpDlg::ToviSetUpDlg(const ToviLabelManager& theLabels,
                            QWidget* parent)
     : WenDialog(parent), labels(theLabels), setting(theSetting), sort(theSort), items(theItems),
       pages(new QTabWidget), labelTab(nullptr), displayPage(new SetUpDisplayPage),
-      itemPage(new SetUpItemPage), labelPage(new SetUpLabelPage), checkPage(new SetUpCheckPage)
+      itemPage(new SetUpItemPage), labelPage(new SetUpLabelPage), keyPage(new SetUpKeyPage),
+      checkPage(new SetUpCheckPage)
 {
     setWindowTitle(QStringLiteral("設定"));
     AddPage(displayPage, QStringLiteral("写真の表示"));
     AddPage(itemPage, QStringLiteral("表示項目と表示順"));
     labelTab = AddPage(labelPage, QStringLiteral("付箋名称"));
+    AddPage(keyPage, QStringLiteral("キー"));
     AddPage(checkPage, QStringLiteral("画像加工検知"));
     connect(itemPage, &SetUpItemPage::ItemsRequested, this,
             &ToviSetUpDlg::OnBnClickedItemChangeButton);
@@ -63,6 +66,7 @@ void ToviSetUpDlg::OnOK()
     UpdateVisualSetting();
     sort = Sorted(sort, itemPage->GetSort());
     items.Save();
+    keyPage->Take();
     WenDialog::OnOK();
 }
 

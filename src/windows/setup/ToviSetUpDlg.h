@@ -11,6 +11,7 @@ class ScrolledPage;
 class SetUpCheckPage;
 class SetUpDisplayPage;
 class SetUpItemPage;
+class SetUpKeyPage;
 class SetUpLabelPage;
 
 /// Lets the user edit the settings (設定). It works on copies, which the host takes over after OK.
@@ -48,5 +49,6 @@ private:
     SetUpDisplayPage* displayPage;
     SetUpItemPage* itemPage;
     SetUpLabelPage* labelPage;
+    SetUpKeyPage* keyPage;
     SetUpCheckPage* checkPage;
 };

@@ -13,6 +13,7 @@
 #include "reports/CorrectionSave.h"
 #include "review/ToviLabelManager.h"
 #include "windows/cell/ToviNamePlate.h"
+#include "windows/keys/KeySet.h"
 #include "windows/pictures/Pictures.h"
 #include "windows/zoom/ZoomBar.h"
 #include "windows/zoom/ZoomInfo.h"
@@ -67,27 +68,21 @@ constexpr int smallestHeight = 200;
 
 constexpr const char* noPhoto = "< 写真を選択してください >";
 
-struct Shortcut
+struct ButtonCommand
 {
-    int command;
-    const char* keys;
+    int button;
+    FrameCommand command;
 };
 
-constexpr Shortcut shortcuts[] = {
-    {RotateLeft, "Ctrl+L"},  {RotateRight, "Ctrl+R"},    {TakeBack, "Ctrl+Z"},
-    {Information, "Ctrl+I"}, {SavePhoto, "Ctrl+S"},      {Arrange, "Ctrl+T"},
-    {Close, "Ctrl+W"},       {CloseAll, "Ctrl+Shift+W"}, {Fix, "Ctrl+F"}};
-
-/// The labels by their keys, which are those of the main window.
-struct LabelKey
-{
-    int key;
-    unsigned int label;
-};
-
-constexpr LabelKey labelKeys[] = {{Qt::Key_1, LabelOk},   {Qt::Key_2, LabelNg1},
-                                  {Qt::Key_3, LabelNg2},  {Qt::Key_4, LabelNg3},
-                                  {Qt::Key_5, LabelFree}, {Qt::Key_C, LabelComment}};
+constexpr ButtonCommand buttonCommands[] = {{RotateLeft, FrameCommand::ZoomRotateLeft},
+                                            {RotateRight, FrameCommand::ZoomRotateRight},
+                                            {TakeBack, FrameCommand::ZoomRevert},
+                                            {Information, FrameCommand::ZoomInformation},
+                                            {SavePhoto, FrameCommand::ZoomSave},
+                                            {Arrange, FrameCommand::ZoomArrange},
+                                            {Close, FrameCommand::ZoomClose},
+                                            {CloseAll, FrameCommand::ZoomCloseAll},
+                                            {Fix, FrameCommand::ZoomFix}};
 
 std::vector<WenToolBarButton> ImageButtons()
 {
@@ -110,14 +105,6 @@ WenToolBarCtrl* MakeBar(int pictures, const std::vector<WenToolBarButton>& butto
     auto* const bar = new WenToolBarCtrl(parent);
     bar->SetImages(PictureIcons(pictures));
     bar->AddButtons(buttons, labels);
-    for (QAction* const action : bar->actions()) {
-        for (const Shortcut& shortcut : shortcuts) {
-            if (action->isSeparator() || action->data().toInt() != shortcut.command) continue;
-            const QString keys = QString::fromUtf8(shortcut.keys);
-            action->setShortcut(QKeySequence(keys));
-            action->setToolTip(QStringLiteral("%1（%2）").arg(action->text(), keys));
-        }
-    }
     return bar;
 }
 } // namespace
@@ -178,7 +165,6 @@ QWidget* ToviMultiDlg::CreateBrightness()
     slider->setInvertedAppearance(true);
     slider->setInvertedControls(true);
     slider->setAccessibleName(QStringLiteral("明るさ"));
-    slider->setToolTip(QStringLiteral("明るさ（Ctrl+↑ / Ctrl+↓）"));
     auto* const box = new QGroupBox;
     auto* const grid = new QGridLayout(box);
     grid->setContentsMargins(margin, margin, 3, margin);
@@ -218,43 +204,58 @@ void ToviMultiDlg::ConnectKeys()
         if (photoIndex >= 0) emit LabelRequested(photoIndex, static_cast<unsigned int>(label));
     });
     connect(plate, &ToviNamePlate::KeyPressed, this, [this](int key) {
-        if (key == Qt::Key_Escape) {
-            reject();
-        } else {
-            OnLabelKey(key);
-        }
+        if (key == Qt::Key_Escape) reject();
     });
-    const auto addKey = [this](const char* keys, auto operation) {
-        auto* const action = new QAction(this);
-        action->setShortcut(QKeySequence(QString::fromUtf8(keys)));
-        connect(action, &QAction::triggered, this, operation);
-        addAction(action);
-    };
-    addKey("PgUp", [this] { emit StepRequested(-1); });
-    addKey("PgDown", [this] { emit StepRequested(1); });
+    AddCommand(FrameCommand::ZoomPrevious, [this] { emit StepRequested(-1); });
+    AddCommand(FrameCommand::ZoomNext, [this] { emit StepRequested(1); });
     const auto brighten = [this](int steps) {
         if (slider->isEnabled()) slider->setValue(slider->value() + steps);
     };
-    addKey("Ctrl+Up", [brighten] { brighten(-sliderTick); });
-    addKey("Ctrl+Down", [brighten] { brighten(sliderTick); });
+    AddCommand(FrameCommand::ZoomBrighter, [brighten] { brighten(-sliderTick); });
+    AddCommand(FrameCommand::ZoomDarker, [brighten] { brighten(sliderTick); });
+    for (unsigned int label = 0; label < labelCount; ++label) {
+        AddCommand(LabelCommandOf(label), [this, label] {
+            if (photoIndex >= 0) emit LabelRequested(photoIndex, label);
+        });
+    }
+    AddCommand(FrameCommand::RemoveLabels, [this] {
+        if (photoIndex >= 0) emit LabelsRemovalRequested(photoIndex);
+    });
+    for (QAction* const action : imageToolBar->actions() + windowToolBar->actions()) {
+        if (action->isSeparator()) continue;
+        const auto* const known =
+            std::ranges::find(buttonCommands, action->data().toInt(), &ButtonCommand::button);
+        commands.emplace_back(known->command, action);
+    }
+    ApplyKeys();
+}
+
+void ToviMultiDlg::AddCommand(FrameCommand command, const std::function<void()>& operation)
+{
+    auto* const action = new QAction(this);
+    connect(action, &QAction::triggered, this, operation);
+    addAction(action);
+    commands.emplace_back(command, action);
+}
+
+void ToviMultiDlg::ApplyKeys()
+{
+    const KeySet& keys = CurrentKeys();
+    for (const auto& [command, action] : commands) {
+        action->setShortcuts(keys.Of(command) + keys.WithShift(command));
+        action->setToolTip(WithKey(action->text(), command));
+    }
+    slider->setToolTip(
+        QStringLiteral("明るさ（%1 / %2）")
+            .arg(KeyText(FrameCommand::ZoomBrighter), KeyText(FrameCommand::ZoomDarker)));
+    RefreshLabels();
 }
 
 void ToviMultiDlg::keyPressEvent(QKeyEvent* event)
 {
     // Enter would press a button.
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return;
-    if (event->modifiers() == Qt::NoModifier || event->modifiers() == Qt::KeypadModifier) {
-        OnLabelKey(event->key());
-    }
     WenDialog::keyPressEvent(event);
-}
-
-void ToviMultiDlg::OnLabelKey(int key)
-{
-    if (photoIndex < 0) return;
-    if (key == Qt::Key_0) emit LabelsRemovalRequested(photoIndex);
-    const auto* const known = std::ranges::find(labelKeys, key, &LabelKey::key);
-    if (known != std::end(labelKeys)) emit LabelRequested(photoIndex, known->label);
 }
 
 void ToviMultiDlg::resizeEvent(QResizeEvent* event)

@@ -2,6 +2,10 @@
 
 #include "platform/controls/WenDialog.h"
 #include "platform/text/Text.h"
+#include "windows/keys/FrameCommand.h"
+
+#include <functional>
+#include <vector>
 
 class GaluDSplitter;
 class QBoxLayout;
@@ -52,6 +56,9 @@ public:
     /// Shows the labels, their names and the selection anew.
     void RefreshLabels();
 
+    /// Lets the keys of now count (see CurrentKeys).
+    void ApplyKeys();
+
     ZoomView& View() const { return *view; }
 
 signals:
@@ -78,11 +85,11 @@ private:
     QWidget* CreateBrightness();
     QWidget* CreatePhoto();
     void ConnectKeys();
+    void AddCommand(FrameCommand command, const std::function<void()>& operation);
     void LayOut();
 
     ToviPhoto* Photo() const;
     void OnCommand(int id);
-    void OnLabelKey(int key);
     void OnBrightness(int position);
     void Revert();
     void Save();
@@ -98,6 +105,8 @@ private:
     int splitterPos = 0;
     /// Something was turned, made lighter or taken back since the photograph was loaded.
     bool canRevert = false;
+    /// What has a key.
+    std::vector<std::pair<FrameCommand, QAction*>> commands;
     WenToolBarCtrl* imageToolBar;
     WenToolBarCtrl* windowToolBar;
     QBoxLayout* barRow;

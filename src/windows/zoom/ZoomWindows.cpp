@@ -160,6 +160,11 @@ void ZoomWindows::RefreshInfo()
     for (ToviMultiDlg* window : windows) window->RefreshInfo();
 }
 
+void ZoomWindows::ApplyKeys()
+{
+    for (ToviMultiDlg* window : windows) window->ApplyKeys();
+}
+
 void ZoomWindows::RefreshLabels()
 {
     for (ToviMultiDlg* window : windows) window->RefreshLabels();

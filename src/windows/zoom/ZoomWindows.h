@@ -30,6 +30,8 @@ public:
     void RefreshInfo();
     /// Shows their labels anew, and which one is selected.
     void RefreshLabels();
+    /// Lets the keys of now count in all.
+    void ApplyKeys();
     /// Places all windows side by side.
     void Arrange();
     void CloseAll();

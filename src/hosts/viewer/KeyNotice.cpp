@@ -1,0 +1,51 @@
+#include "hosts/viewer/KeyNotice.h"
+
+#include "photos/LabelSlots.h"
+#include "platform/text/QtText.h"
+#include "review/LabelCaption.h"
+#include "windows/keys/KeySet.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+
+KeyNotice::KeyNotice() : text(new QLabel)
+{
+    setObjectName(QStringLiteral("keyNotice"));
+    setAutoFillBackground(true);
+    setBackgroundRole(QPalette::ToolTipBase);
+    text->setForegroundRole(QPalette::ToolTipText);
+    text->setTextFormat(Qt::PlainText);
+    text->setWordWrap(true);
+    auto* const old = new QPushButton(QStringLiteral("以前の版のキーを使う"));
+    auto* const all = new QPushButton(QStringLiteral("キーの一覧"));
+    auto* const close = new QPushButton(QStringLiteral("閉じる"));
+    connect(old, &QPushButton::clicked, this, [this] {
+        emit OldKeysWanted();
+        hide();
+    });
+    connect(all, &QPushButton::clicked, this, &KeyNotice::SheetWanted);
+    connect(close, &QPushButton::clicked, this, &QWidget::hide);
+    auto* const row = new QHBoxLayout(this);
+    row->setContentsMargins(10, 4, 6, 4);
+    row->addWidget(text, 1);
+    for (QPushButton* const button : {old, all, close}) {
+        button->setAutoDefault(false);
+        row->addWidget(button);
+    }
+    hide();
+}
+
+void KeyNotice::Tell()
+{
+    QStringList keys;
+    for (const unsigned int label : {LabelOk, LabelNg1, LabelNg2, LabelNg3, LabelFree}) {
+        keys << QStringLiteral("%1：%2").arg(QtText(LabelBadge(label)),
+                                             KeyText(LabelCommandOf(label)));
+    }
+    keys << QStringLiteral("すべて外す：%1").arg(KeyText(FrameCommand::RemoveLabels));
+    text->setText(QStringLiteral("付箋のキー　%1\n以前の版では OK：1、NG1～NG3：2～4、任意：5、"
+                                 "すべて外す：0 でした。")
+                      .arg(keys.join(QStringLiteral("、"))));
+    show();
+}
