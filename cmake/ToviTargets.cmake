@@ -1,5 +1,9 @@
 # What every target of ours has in common, and the layers that they are made of.
 
+# The libraries that the platform stands on, beside Qt.
+set(platform_libraries pugixml::pugixml PkgConfig::EXIF PkgConfig::ICU PkgConfig::XSLT PNG::PNG JPEG::JPEG
+    TBB::tbb SQLite::SQLite3)
+
 # The strict compiler switches, and the sanitizers where they are wanted.
 add_library(tovi_switches INTERFACE)
 target_compile_options(tovi_switches INTERFACE
