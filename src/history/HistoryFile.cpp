@@ -16,6 +16,7 @@ CREATE TABLE IF NOT EXISTS inspection (
     photos INTEGER NOT NULL,
     position INTEGER NOT NULL,
     worked INTEGER NOT NULL,
+    turn INTEGER NOT NULL DEFAULT 0,
     record TEXT NOT NULL DEFAULT '',
     version TEXT NOT NULL DEFAULT '',
     reviews BLOB NOT NULL DEFAULT '',
@@ -29,7 +30,7 @@ CREATE TABLE IF NOT EXISTS step (
     changes BLOB NOT NULL,
     UNIQUE (inspection, number));
 CREATE TABLE IF NOT EXISTS session (name TEXT PRIMARY KEY, value TEXT NOT NULL);
-CREATE TABLE IF NOT EXISTS file (name TEXT PRIMARY KEY, size INTEGER NOT NULL);
+CREATE TABLE IF NOT EXISTS files (sizes TEXT NOT NULL);
 PRAGMA user_version = 1;
 )";
 
@@ -91,10 +92,11 @@ std::vector<PastInspection> HistoryFile::Inspections(int photoCount, int most)
     std::vector<PastInspection> all;
     Database::Statement row = database.Ask(
         "SELECT id, position, worked, record, version, reviews, saved FROM inspection WHERE photos "
-        "= ? AND EXISTS (SELECT 1 FROM step WHERE inspection = id) ORDER BY worked DESC, id DESC "
-        "LIMIT ?",
-        photoCount, most);
-    while (row.Next()) {
+        "= ? AND EXISTS (SELECT 1 FROM step WHERE inspection = id) ORDER BY turn DESC",
+        photoCount);
+    while (std::ssize(all) < most && row.Next()) {
+        const bool isSaved = row.Number(1) == row.Number(6);
+        if (isSaved && !all.empty()) continue;
         PastInspection& past = all.emplace_back();
         past.id = row.Number(0);
         past.photoCount = photoCount;
@@ -127,6 +129,13 @@ void HistoryFile::Begin(std::int64_t id, int photoCount, std::int64_t worked)
 {
     database.Run("INSERT INTO inspection (id, photos, position, worked) VALUES (?, ?, 0, ?)", id,
                  photoCount, worked);
+    MakeLatest(id);
+}
+
+void HistoryFile::MakeLatest(std::int64_t id)
+{
+    database.Run("UPDATE inspection SET turn = 1 + (SELECT max(turn) FROM inspection) WHERE id = ?",
+                 id);
 }
 
 void HistoryFile::AddStep(std::int64_t id, int number, const HistoryStep& step)
@@ -151,4 +160,16 @@ void HistoryFile::SetRecord(std::int64_t id, const HistoryRecord& record)
         "UPDATE inspection SET record = ?, version = ?, reviews = ?, saved = ? WHERE id = ?",
         record.mark.path, record.mark.version, Blob{PackReviews(record.mark.reviews)}, record.steps,
         id);
+}
+
+FileSizes HistoryFile::Files()
+{
+    Database::Statement row = database.Ask("SELECT sizes FROM files");
+    return row.Next() ? UnpackSizes(row.Text(0)) : FileSizes();
+}
+
+void HistoryFile::SetFiles(const FileSizes& files)
+{
+    database.Run("DELETE FROM files");
+    database.Run("INSERT INTO files VALUES (?)", PackSizes(files));
 }

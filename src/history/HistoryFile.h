@@ -1,5 +1,6 @@
 #pragma once
 
+#include "history/DeliveredFiles.h"
 #include "history/HistoryStep.h"
 #include "inspection/RecordFile.h"
 #include "platform/store/Database.h"
@@ -46,18 +47,25 @@ public:
     CString Owner();
     void Claim(const CString& owner);
 
-    /// Those with steps, of \p photoCount photographs, the latest first and at most \p most. A step
-    /// that can't be read ends its inspection in front of it.
+    /// Those with steps, of \p photoCount photographs, the latest first and at most \p most; behind
+    /// that one only those of which a record doesn't hold all. A step that can't be read ends its
+    /// inspection in front of it.
     std::vector<PastInspection> Inspections(int photoCount, int most);
 
-    /// A new inspection without steps.
+    /// A new inspection without steps, which is the latest.
     void Begin(std::int64_t id, int photoCount, std::int64_t worked);
+    /// The inspection \p id goes on.
+    void MakeLatest(std::int64_t id);
     /// Puts \p step in the place \p number, counted from 0, of the inspection \p id and drops
     /// those behind it.
     void AddStep(std::int64_t id, int number, const HistoryStep& step);
     /// Of the steps the first \p position hold, since the time \p worked.
     void SetPosition(std::int64_t id, int position, std::int64_t worked);
     void SetRecord(std::int64_t id, const HistoryRecord& record);
+
+    /// The delivered files as they were when they were first seen.
+    FileSizes Files();
+    void SetFiles(const FileSizes& files);
 
 private:
     void MakeTables();

@@ -1,30 +1,104 @@
 #include "history/HistoryOpening.h"
 
 #include "delivery/ToviData.h"
-#include "history/HistoryPlace.h"
+#include "history/HistoryPath.h"
+#include "history/HistoryQuestions.h"
+#include "platform/files/FileVersion.h"
+#include "platform/files/MibFile.h"
+#include "platform/files/UserFolders.h"
+
+#include <filesystem>
+#include <random>
 
 namespace
 {
-/// The file \p path, claimed by \p owner; null when it can't be opened now.
-std::unique_ptr<HistoryFile> OpenFile(const CString& path, const CString& owner)
+/// How many earlier inspections are offered.
+constexpr int mostOffered = 4;
+
+CString NewOwner()
 {
-    try {
-        auto file = std::make_unique<HistoryFile>(path);
-        file->Claim(owner);
-        return file;
-    } catch (const DatabaseError&) {
-        // The writer tries again, and tells why.
-        return nullptr;
+    std::random_device device;
+    return Format("%08x%08x", device(), device());
+}
+
+/// Gives the damaged file \p path, and what belongs to it, other names. The sentence about that.
+CString PutAside(const CString& path)
+{
+    CString aside;
+    for (int number = 1; aside.empty() || MibIsFileExist(aside); ++number) {
+        aside = path + Format(".damaged-%d", number);
     }
+    for (const char* part : {"", "-wal", "-shm", "-journal"}) {
+        std::error_code ignored;
+        std::filesystem::rename(path + part, aside + part, ignored);
+    }
+    return "前回までの検査の記録が壊れていて読めません。" + aside +
+           " に移し、新しく記録します。保存した検査状況があれば開いてください。";
+}
+
+/// The earlier inspections in a history that was opened as \p place says.
+std::vector<PastInspection> ReadPast(HistoryPlace& place, int photoCount, CString& notice)
+{
+    if (!MibIsFileExist(place.path)) return {};
+    try {
+        place.file = std::make_unique<HistoryFile>(place.path);
+        if (!place.owner.empty()) place.file->Claim(place.owner);
+        return place.file->Inspections(photoCount, mostOffered);
+    } catch (const DatabaseError& error) {
+        // Else the writer tries again, and tells why.
+        place.file.reset();
+        if (error.IsDamaged() && !place.owner.empty()) notice = PutAside(place.path);
+        return {};
+    }
+}
+
+/// Nothing is to be asked: the user names the very record that holds all of \p last.
+bool IsNamed(const PastInspection& last, const CString& named)
+{
+    return last.record && last.record->mark.path == MibAbsolutePath(named) &&
+           last.record->steps == last.position && last.record->mark.version == FileVersion(named);
+}
+
+InspectionStart StartWith(const std::vector<PastInspection>& past, const CString& named,
+                          bool isLooking)
+{
+    if (past.empty()) return {-1, named};
+    if (isLooking || IsNamed(past.front(), named)) return {0, {}};
+    const bool isSaved = past.front().record && past.front().record->steps == past.front().position;
+    return isSaved && !named.empty() ? InspectionStart{-1, named} : AskAboutPast(past, named);
 }
 } // namespace
 
-std::unique_ptr<InspectionHistory> OpenHistory(ToviData& document)
+OpenedHistory OpenHistory(ToviData& document, const CString& named)
 {
-    const CString path = HistoryPathOf(document.RootPath());
-    PastInspection inspection = InspectionHistory::New(document.GetTotalCountPhoto());
-    const CString owner = std::to_string(inspection.id);
-    std::unique_ptr<HistoryFile> file = OpenFile(path, owner);
-    return std::make_unique<InspectionHistory>(document, std::move(inspection), path, owner,
-                                               std::move(file));
+    const int photoCount = document.GetTotalCountPhoto();
+    HistoryPlace place;
+    place.path = HistoryPathOf(document.RootPath());
+    place.owner = NewOwner();
+    MakePrivateFolder(FolderOfHistories());
+    place.lock = std::make_unique<FileLock>(place.path);
+    if (!place.lock->Take() && AskAboutOthers(place.lock->Holder()) == OthersInspection::Look) {
+        place.owner.clear();
+    }
+    const bool isLooking = place.owner.empty();
+    OpenedHistory opened;
+    std::vector<PastInspection> past = ReadPast(place, photoCount, opened.notice);
+    const InspectionStart start = StartWith(past, named, isLooking);
+    opened.isContinued = start.past >= 0;
+    opened.record = start.record;
+    PastInspection inspection = InspectionHistory::New(photoCount);
+    if (opened.isContinued) {
+        inspection = std::move(past[static_cast<std::size_t>(start.past)]);
+        document.GetLabelEdits().Apply(LabelEdits::Make(
+            LabelEdit::RecordLoad, PhotoReviews(static_cast<std::size_t>(photoCount)),
+            ReviewsAfter(inspection)));
+        if (inspection.record) opened.mark = inspection.record->mark;
+    }
+    if (isLooking) {
+        place.file.reset();
+        opened.record.clear();
+    }
+    opened.history =
+        std::make_unique<InspectionHistory>(document, std::move(inspection), std::move(place));
+    return opened;
 }

@@ -2,6 +2,22 @@
 
 #include "history/InspectionHistory.h"
 
-/// Opens the history of the delivery \p document, in which nothing was said yet, and begins an
-/// inspection there.
-TOVI_EXPORT std::unique_ptr<InspectionHistory> OpenHistory(ToviData& document);
+/// A history that was opened, and what the user wants to go on with.
+struct OpenedHistory
+{
+    std::unique_ptr<InspectionHistory> history;
+    /// The record that the inspection goes on with; nothing when it has none.
+    std::optional<RecordFile::Mark> mark;
+    /// The record that is to be taken up now; empty for none.
+    CString record;
+    /// An earlier inspection goes on.
+    bool isContinued = false;
+    /// What has to be known of it, in a sentence; empty when there is nothing.
+    CString notice;
+};
+
+/// Opens the history of the delivery \p document, in which nothing was said yet. Where there are
+/// earlier inspections of it the user chooses one, which the document has then, or a new one; where
+/// another program inspects it, whether to look or to take over. \p named is the record that the
+/// user wants to take up; empty for none.
+TOVI_EXPORT OpenedHistory OpenHistory(ToviData& document, const CString& named);

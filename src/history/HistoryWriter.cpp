@@ -1,5 +1,7 @@
 #include "history/HistoryWriter.h"
 
+#include "platform/files/MibFile.h"
+
 #include <iterator>
 
 namespace
@@ -17,7 +19,7 @@ CString WhyNotKept(const CString& path, const DatabaseError& error)
 
 HistoryWriter::HistoryWriter(CString thePath, CString theOwner, std::unique_ptr<HistoryFile> opened)
     : path(std::move(thePath)), owner(std::move(theOwner)), file(std::move(opened)),
-      thread([this] { Run(); })
+      mayClaim(!file && MibIsFileExist(path)), thread([this] { Run(); })
 {}
 
 HistoryWriter::~HistoryWriter()
@@ -84,10 +86,9 @@ void HistoryWriter::Run()
 CString HistoryWriter::WriteBatch()
 {
     try {
-        if (!file) {
-            file = std::make_unique<HistoryFile>(path);
-            file->Claim(owner);
-        }
+        // It is made for something to write alone.
+        if (!file && batch.empty() && !MibIsFileExist(path)) return {};
+        if (!file) OpenFile();
         if (batch.empty()) return {};
         Transaction transaction(file->Store());
         if (file->Owner() != owner) return {};
@@ -100,10 +101,19 @@ CString HistoryWriter::WriteBatch()
     }
 }
 
+void HistoryWriter::OpenFile()
+{
+    auto now = std::make_unique<HistoryFile>(path);
+    // Whoever has claimed a file that wasn't there at first came later.
+    if (mayClaim || now->Owner().empty()) now->Claim(owner);
+    mayClaim = false;
+    file = std::move(now);
+}
+
 bool HistoryWriter::IsOwner()
 {
     try {
-        return file->Owner() == owner;
+        return !file || file->Owner() == owner;
     } catch (const DatabaseError&) {
         return true;
     }

@@ -30,8 +30,8 @@ public:
         bool takenOver = false;
     };
 
-    /// Writes to \p thePath as \p theOwner. \p opened is that file, or null where it couldn't be
-    /// opened yet.
+    /// Writes to \p thePath as \p theOwner. \p opened is that file as claimed, or null where
+    /// it isn't there yet or couldn't be opened.
     HistoryWriter(CString thePath, CString theOwner, std::unique_ptr<HistoryFile> opened);
     HistoryWriter(const HistoryWriter&) = delete;
     HistoryWriter& operator=(const HistoryWriter&) = delete;
@@ -53,6 +53,7 @@ private:
     void Run();
     /// Why the batch couldn't be written; empty when it is, or somebody else owns the file.
     CString WriteBatch();
+    void OpenFile();
     bool IsOwner();
 
     const CString path;
@@ -60,6 +61,8 @@ private:
     /// The thread's own, as is the batch that it is about to write.
     std::unique_ptr<HistoryFile> file;
     std::deque<Waiting> batch;
+    /// The file is there and couldn't be opened: it is claimed when it can be.
+    bool mayClaim;
 
     mutable std::mutex mutex;
     mutable std::condition_variable changed;

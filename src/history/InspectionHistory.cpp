@@ -4,10 +4,17 @@
 #include "history/EditWords.h"
 #include "items/ToviItemDef.h"
 #include "photos/ToviPhoto.h"
+#include "platform/files/FileLock.h"
 #include "platform/files/MibFile.h"
 
 #include <ctime>
 #include <random>
+
+struct InspectionHistory::Comparison
+{
+    std::mutex mutex;
+    std::optional<CString> notice;
+};
 
 namespace
 {
@@ -38,31 +45,102 @@ PastInspection InspectionHistory::New(int photoCount)
     return inspection;
 }
 
-InspectionHistory::InspectionHistory(ToviData& theDocument, PastInspection past,
-                                     const CString& path, const CString& owner,
-                                     std::unique_ptr<HistoryFile> opened)
+InspectionHistory::InspectionHistory(ToviData& theDocument, PastInspection past, HistoryPlace place)
     : document(theDocument), inspection(std::move(past)), begun(!inspection.steps.empty()),
-      writer(std::make_unique<HistoryWriter>(path, owner, std::move(opened)))
+      lock(std::move(place.lock)), comparison(std::make_shared<Comparison>())
 {
+    if (!place.owner.empty()) {
+        access = Access::Change;
+        writer = std::make_unique<HistoryWriter>(place.path, place.owner, std::move(place.file));
+    }
+    if (writer && begun) {
+        writer->Add([id = inspection.id](HistoryFile& file) { file.MakeLatest(id); });
+    }
     if (inspection.record) saved = inspection.record->steps;
-    document.GetLabelEdits().SetRecorder([this](const LabelEdit& edit) { return Record(edit); });
+    document.GetLabelEdits().SetRecorder(this);
+    document.SetCheckStatusChanged(!IsAsSaved());
 }
 
 InspectionHistory::~InspectionHistory()
 {
-    document.GetLabelEdits().SetRecorder({});
+    document.GetLabelEdits().SetRecorder(nullptr);
+    // The lock is given back when all is written.
+    writer.reset();
+}
+
+HistoryWriter::State InspectionHistory::Writing() const
+{
+    return writer ? writer->Now() : HistoryWriter::State();
+}
+
+void InspectionHistory::Tend()
+{
+    if (!writer) return;
+    if (writer->Now().takenOver) {
+        access = Access::TakenOver;
+        writer.reset();
+        lock.reset();
+        return;
+    }
+    // Whoever was taken over from gives it back when he sees that.
+    if (lock) lock->Take();
+    // Where nothing was said, there is nothing that could have been said of other files.
+    if (look && begun) NoteFiles();
+}
+
+void InspectionHistory::CompareFiles()
+{
+    if (writer) look = std::make_unique<FileLook>(document);
+}
+
+void InspectionHistory::NoteFiles()
+{
+    std::optional<FileSizes> found = look->Found();
+    if (!found) return;
+    look.reset();
+    writer->Add([now = std::move(*found), outcome = comparison](HistoryFile& file) {
+        FileSizes known = file.Files();
+        const bool isFirst = known.empty();
+        const FileDifference difference = DifferenceOf(known, now);
+        // What is gone or became another stays so until it is again as it was.
+        const std::size_t before = known.size();
+        known.insert(now.begin(), now.end());
+        if (known.size() != before) file.SetFiles(known);
+        const std::lock_guard guard(outcome->mutex);
+        outcome->notice = isFirst ? CString() : TellDifference(difference);
+    });
+}
+
+CString InspectionHistory::FileNotice() const
+{
+    const std::lock_guard guard(comparison->mutex);
+    return comparison->notice.value_or("");
+}
+
+bool InspectionHistory::HasCompared() const
+{
+    const std::lock_guard guard(comparison->mutex);
+    return comparison->notice.has_value();
+}
+
+bool InspectionHistory::MayChange()
+{
+    if (writer) return true;
+    if (onRefusal) onRefusal();
+    return false;
 }
 
 CString InspectionHistory::UndoWords() const
 {
     const auto position = static_cast<std::size_t>(inspection.position);
-    return position == 0 ? CString() : inspection.steps[position - 1].words;
+    return !writer || position == 0 ? CString() : inspection.steps[position - 1].words;
 }
 
 CString InspectionHistory::RedoWords() const
 {
     const auto position = static_cast<std::size_t>(inspection.position);
-    return position == inspection.steps.size() ? CString() : inspection.steps[position].words;
+    const bool isLast = position == inspection.steps.size();
+    return !writer || isLast ? CString() : inspection.steps[position].words;
 }
 
 std::vector<int> InspectionHistory::Undo()
@@ -77,7 +155,7 @@ std::vector<int> InspectionHistory::Redo()
 
 std::vector<int> InspectionHistory::MoveTo(int position)
 {
-    if (position < 0 || position > std::ssize(inspection.steps)) return {};
+    if (!writer || position < 0 || position > std::ssize(inspection.steps)) return {};
     const bool isBack = position < inspection.position;
     const HistoryStep& step =
         inspection.steps[static_cast<std::size_t>(isBack ? position : position - 1)];
@@ -96,9 +174,9 @@ std::vector<int> InspectionHistory::MoveTo(int position)
     return photos;
 }
 
-bool InspectionHistory::Record(const LabelEdit& edit)
+void InspectionHistory::Record(const LabelEdit& edit)
 {
-    if (moving) return true;
+    if (moving) return;
     HistoryStep step{EditWords(edit, NameOf(edit)), std::time(nullptr),
                      static_cast<int>(edit.changes.size()), PackChanges(edit.changes)};
     const int number = inspection.position;
@@ -111,7 +189,6 @@ bool InspectionHistory::Record(const LabelEdit& edit)
     writer->Add([id = inspection.id, number, step = std::move(step)](HistoryFile& file) {
         file.AddStep(id, number, step);
     });
-    return true;
 }
 
 void InspectionHistory::BeginOnce()
@@ -123,7 +200,9 @@ void InspectionHistory::BeginOnce()
 
 void InspectionHistory::NoteRecord(RecordFile::Mark mark)
 {
+    if (!writer) return;
     saved = inspection.position;
+    mark.path = MibAbsolutePath(mark.path);
     BeginOnce();
     writer->Add([id = inspection.id, record = HistoryRecord{std::move(mark), saved}](
                     HistoryFile& file) { file.SetRecord(id, record); });

@@ -2,23 +2,35 @@
 
 #include "history/HistoryWriter.h"
 
+class FileLock;
 class ToviData;
+
+/// Where a history is written.
+struct HistoryPlace
+{
+    CString path;
+    /// The name under which it is written; none when it is only looked at.
+    CString owner;
+    /// Null where it isn't there yet, or can't be opened now.
+    std::unique_ptr<HistoryFile> file;
+    /// Keeps other programs out; perhaps not held yet by who has taken over.
+    std::unique_ptr<FileLock> lock;
+};
 
 /// The history of the inspection of the open delivery: it keeps every change of labels and comments
 /// from the moment it is made, and takes changes back and does them again, without limit.
 ///
-/// As long as it lives all edits of the document pass it.
-class TOVI_EXPORT InspectionHistory
+/// As long as it lives all edits of the document pass it. Where another program inspects the
+/// delivery it refuses them.
+class TOVI_EXPORT InspectionHistory : private LabelRecorder
 {
 public:
-    /// The inspection \p begun of \p theDocument, whose reviews are those of its position, or a new
-    /// one. It is written to \p path by \p owner; \p opened is that file as owned, or null where
-    /// it can't be opened yet.
-    InspectionHistory(ToviData& theDocument, PastInspection begun, const CString& path,
-                      const CString& owner, std::unique_ptr<HistoryFile> opened);
+    /// The inspection \p past of \p theDocument, whose reviews are those of its position, or a new
+    /// one.
+    InspectionHistory(ToviData& theDocument, PastInspection past, HistoryPlace place);
     InspectionHistory(const InspectionHistory&) = delete;
     InspectionHistory& operator=(const InspectionHistory&) = delete;
-    ~InspectionHistory();
+    virtual ~InspectionHistory();
 
     /// A new inspection of \p photoCount photographs.
     static PastInspection New(int photoCount);
@@ -36,13 +48,37 @@ public:
     /// The labels and comments are as they were saved last, or as they were at first.
     bool IsAsSaved() const { return inspection.position == saved; }
 
-    const HistoryWriter& Writer() const { return *writer; }
+    enum class Access
+    {
+        Change,
+        /// Another program inspects the delivery.
+        Look,
+        /// The same, and it has taken over from here.
+        TakenOver
+    };
+    Access GetAccess() const { return access; }
+    /// To be called now and then: finds out whether another program has taken over, and goes on
+    /// with what is done in the background.
+    void Tend();
+    /// Begins to compare the delivered files with those of the last inspection.
+    void CompareFiles();
+    bool HasCompared() const;
+    /// What has become of them, in a sentence; empty when nothing has, or as long as nothing is
+    /// known.
+    CString FileNotice() const;
+    /// Called when an edit is refused for that.
+    void SetOnRefusal(std::function<void()> told) { onRefusal = std::move(told); }
+    /// How writing goes on.
+    HistoryWriter::State Writing() const;
 
 private:
-    bool Record(const LabelEdit& edit);
+    bool MayChange() override;
+    void Record(const LabelEdit& edit) override;
     std::vector<int> MoveTo(int position);
     /// Has the inspection written that nothing was written of yet.
     void BeginOnce();
+    /// Compares what the look has found, once it is over.
+    void NoteFiles();
     CString NameOf(const LabelEdit& edit) const;
 
     ToviData& document;
@@ -52,5 +88,13 @@ private:
     /// The inspection stands in the file, or waits to be written there.
     bool begun = false;
     bool moving = false;
+    Access access = Access::Look;
+    std::function<void()> onRefusal;
+    std::unique_ptr<FileLock> lock;
+    std::unique_ptr<FileLook> look;
+    /// What the writer has found, from its thread.
+    struct Comparison;
+    std::shared_ptr<Comparison> comparison;
+    /// Null where nothing may be changed.
     std::unique_ptr<HistoryWriter> writer;
 };

@@ -28,7 +28,10 @@ LabelEdit LabelEdits::Make(LabelEdit::Kind kind, PhotoReviews before, PhotoRevie
 
 bool LabelEdits::Apply(LabelEdit edit)
 {
-    if (recorder && !edit.changes.empty() && !recorder(edit)) return false;
+    if (!edit.changes.empty()) {
+        if (!MayChange()) return false;
+        if (recorder != nullptr) recorder->Record(edit);
+    }
     for (const LabelEdit::Change& change : edit.changes) {
         Set(*all[change.photo], change.after);
     }

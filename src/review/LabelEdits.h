@@ -43,6 +43,19 @@ struct TOVI_EXPORT LabelEdit : CObject
     std::vector<Change> changes;
 };
 
+/// Who keeps what is done to labels and comments.
+class LabelRecorder
+{
+public:
+    /// False where nothing may be changed, which the user is told then.
+    virtual bool MayChange() = 0;
+    /// Hears of each edit that changes something before it is applied, of whatever kind.
+    virtual void Record(const LabelEdit& edit) = 0;
+
+protected:
+    ~LabelRecorder() = default;
+};
+
 /// The one door through which labels and comments of a document change. It has the document tell
 /// its views, and knows at any time how many photographs have a label.
 class TOVI_EXPORT LabelEdits
@@ -53,10 +66,6 @@ public:
 
     /// Told of each edit that was applied but for RecordLoad, also when it changed nothing.
     using Listener = std::function<void(LabelEdit& edit)>;
-
-    /// Hears of each edit that changes something before it is applied, of whatever kind. False
-    /// refuses it.
-    using Recorder = std::function<bool(const LabelEdit& edit)>;
 
     /// Of \p thePhotos, which have no label yet and outlive this.
     LabelEdits(ToviPhotoArray& thePhotos, Listener theListener)
@@ -70,8 +79,10 @@ public:
     /// The edit that gives all photographs, whose reviews are \p before now, the reviews \p after.
     static LabelEdit Make(LabelEdit::Kind kind, PhotoReviews before, PhotoReviews after);
 
-    /// From now on \p theRecorder hears of the edits; an empty one ends that.
-    void SetRecorder(Recorder theRecorder) { recorder = std::move(theRecorder); }
+    /// From now on \p theRecorder hears of the edits; null ends that.
+    void SetRecorder(LabelRecorder* theRecorder) { recorder = theRecorder; }
+    /// False where every edit is refused, which the user is told then.
+    bool MayChange() const { return recorder == nullptr || recorder->MayChange(); }
 
     /// Gives each photograph of \p edit what it has afterwards, and tells the listener. False, with
     /// nothing done, when the recorder refuses it.
@@ -85,7 +96,7 @@ private:
 
     ToviPhotoArray& all;
     Listener listener;
-    Recorder recorder;
+    LabelRecorder* recorder = nullptr;
     /// How many photographs have just this set of labels; those without any aren't counted.
     std::array<int, 1u << labelCount> counts{};
 };

@@ -2,6 +2,7 @@
 
 #include "history/EditWords.h"
 #include "history/InspectionHistory.h"
+#include "platform/files/FileLock.h"
 #include "review/LabelRules.h"
 #include "support/OpenedSample.h"
 
@@ -27,8 +28,8 @@ protected:
     {
         auto file = std::make_unique<HistoryFile>(path);
         file->Claim("test");
-        history = std::make_unique<InspectionHistory>(Data(), std::move(past), path, "test",
-                                                      std::move(file));
+        history = std::make_unique<InspectionHistory>(
+            Data(), std::move(past), HistoryPlace{path, "test", std::move(file), nullptr});
     }
     /// As a program that ends, and one that starts and goes on with the last inspection.
     void Restart()

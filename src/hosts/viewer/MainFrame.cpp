@@ -5,6 +5,7 @@
 #include "hosts/viewer/FrameKeys.h"
 #include "hosts/viewer/FrameLabels.h"
 #include "hosts/viewer/FrameState.h"
+#include "hosts/viewer/HistoryWatch.h"
 #include "hosts/viewer/NoticeStrip.h"
 #include "hosts/viewer/ReviewBar.h"
 #include "hosts/viewer/SlideShow.h"
@@ -72,6 +73,7 @@ MainFrame::MainFrame()
     extraction = new FrameExtraction(this, document, actions[FrameCommand::EndExtraction]);
     keys = new FrameKeys(this, actions, photoPanel.get());
     labels = new FrameLabels(this, actions, photoPanel.get());
+    historyWatch = new HistoryWatch(this, document);
     CreatePanels();
     CreateDock();
     CreateBars();
@@ -103,6 +105,7 @@ void MainFrame::CreatePanels()
     column->setSpacing(0);
     column->addWidget(notice);
     column->addWidget(keys->Notice());
+    column->addWidget(historyWatch->Strip());
     column->addWidget(extraction->Strip());
     column->addWidget(centre, 1);
     centre->addWidget(extraction->NothingPage());
@@ -318,6 +321,7 @@ void MainFrame::Refresh()
     ShowSettings();
     ShowPage();
     ShowHistory();
+    ShowAccess();
     reviewBar->Show(document);
     const QString title = QtText(document.Title());
     setWindowTitle(title.isEmpty() ? QStringLiteral("Tovi") : title + QStringLiteral("[*] - Tovi"));

@@ -9,6 +9,7 @@ class FrameExtraction;
 class FrameKeys;
 class FrameLabels;
 class DetailDock;
+class HistoryWatch;
 class NoticeStrip;
 class QDockWidget;
 class QLabel;
@@ -33,8 +34,10 @@ public:
 
     /// Opens the delivery that \p path leads to (see FindPhotoFolders), asking first about unsaved
     /// work, and which one it is where there are several.
-    /// What is wrong with it is shown in the window. False when it isn't open.
-    bool OpenDelivery(const CString& path, std::optional<PhotoXMLType> family);
+    /// What is wrong with it is shown in the window. False when it isn't open. \p record is the
+    /// record to take up with it; empty for none.
+    bool OpenDelivery(const CString& path, std::optional<PhotoXMLType> family,
+                      const CString& record = {});
     /// Opens the delivery whose first disc or folder is \p path, and asks for the others until no
     /// file is missing or the user gives up. As above otherwise.
     bool OpenDiscs(const CString& path);
@@ -98,6 +101,8 @@ private:
     CString ShowOneOf(const std::vector<int>& photos);
     CString ShowHidden(int photo);
     void ShowHistory();
+    /// Takes away the commands that change what may only be looked at.
+    void ShowAccess();
     void CorrectLabels();
     void GoToNextUnchecked();
     void TellVersion();
@@ -126,6 +131,7 @@ private:
     FrameExtraction* extraction = nullptr;
     FrameKeys* keys = nullptr;
     FrameLabels* labels = nullptr;
+    HistoryWatch* historyWatch = nullptr;
     std::unique_ptr<DetailDock> detailDock;
     std::unique_ptr<ReviewBar> reviewBar;
     std::unique_ptr<SlideShow> slideShow;

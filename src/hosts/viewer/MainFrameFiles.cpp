@@ -29,12 +29,13 @@ QStringList RecordFilters()
 }
 } // namespace
 
-bool MainFrame::OpenDelivery(const CString& path, std::optional<PhotoXMLType> family)
+bool MainFrame::OpenDelivery(const CString& path, std::optional<PhotoXMLType> family,
+                             const CString& record)
 {
     CString chosen = path;
     if (!AskToSave() || !ChooseAmongDeliveries(chosen)) return false;
     slideShow->End();
-    if (!ShowOpened(document.Open(chosen, family))) return false;
+    if (!ShowOpened(document.Open(chosen, family, record))) return false;
     CString folder = MibAbsolutePath(document.Folder());
     while (folder.size() > 1 && folder.ends_with('/')) folder.pop_back();
     FrameState::AddRecentDelivery(folder);

@@ -53,6 +53,18 @@ void MainFrame::ShowHistory()
         CommandText(QStringLiteral("やり直す"), QStringLiteral("(&R)"), redo));
 }
 
+void MainFrame::ShowAccess()
+{
+    using enum FrameCommand;
+    const InspectionHistory* const history = document.History();
+    if (history == nullptr || history->GetAccess() == InspectionHistory::Access::Change) return;
+    for (const FrameCommand command :
+         {OpenRecord, LabelOk, LabelNg1, LabelNg2, LabelNg3, LabelFree, LabelComment, RemoveLabels,
+          FrameCommand::CorrectLabels}) {
+        actions[command]->setEnabled(false);
+    }
+}
+
 void MainFrame::Undo()
 {
     const CString words = document.History()->UndoWords();

@@ -27,12 +27,13 @@ void ViewerDocument::AddPanel(ToviPanel* panel)
     panels.push_back(panel);
 }
 
-CString ViewerDocument::Open(const CString& path, std::optional<PhotoXMLType> family)
+CString ViewerDocument::Open(const CString& path, std::optional<PhotoXMLType> family,
+                             const CString& named)
 {
     OpenedDelivery opened = OpenDelivery(*this, path, family, familyHint);
     if (!opened.IsLoaded()) return opened.problem;
     Close();
-    Take(std::move(opened));
+    Take(std::move(opened), named);
     return {};
 }
 
@@ -52,12 +53,15 @@ CString ViewerDocument::OpenDiscs(const CString& path)
     return {};
 }
 
-void ViewerDocument::Take(OpenedDelivery opened)
+void ViewerDocument::Take(OpenedDelivery opened, const CString& named)
 {
-    history = OpenHistory(*opened.document);
+    OpenedHistory begun = OpenHistory(*opened.document, named);
+    history = std::move(begun.history);
+    history->SetOnRefusal([this] { emit EditRefused(); });
+    if (begun.mark) record.Resume(*begun.mark);
     data = std::move(opened.document);
     folder = opened.folder;
-    notice = opened.notice;
+    notice = opened.notice + begun.notice;
     workTitle = ReadWorkTitle(data->GetItemDef()->GetParentPath());
     data->Load();
     ItemOrder::Restore(data->GetItemManager()->GetItemShowSettings());
@@ -66,6 +70,10 @@ void ViewerDocument::Take(OpenedDelivery opened)
     data->BuildTreeNode(data->GetVisualSetting().GetTreeType());
     for (ToviPanel* panel : panels) panel->Attach(data.get());
     UpdateAllViews(nullptr, ToviData::HintInitialize, nullptr);
+    CString problem;
+    if (!begun.record.empty()) LoadRecord(begun.record, problem);
+    notice += problem;
+    emit Opened();
 }
 
 void ViewerDocument::Close()

@@ -25,8 +25,11 @@ public:
     void AddPanel(ToviPanel* panel);
 
     /// Opens the delivery that \p path leads to (see OpenDelivery) in place of the one before,
-    /// which stays when this fails. Returns what is wrong in a sentence, empty when nothing is.
-    CString Open(const CString& path, std::optional<PhotoXMLType> family);
+    /// which stays when this fails. The user is asked what to go on with (see OpenHistory), where
+    /// he hasn't named the record \p named. Returns what is wrong in a sentence, empty when nothing
+    /// is.
+    CString Open(const CString& path, std::optional<PhotoXMLType> family,
+                 const CString& named = {});
     /// What has to be known of the delivery that was opened last; empty when there is nothing.
     const CString& Notice() const { return notice; }
     /// Opens the delivery whose first disc \p path leads to and gathers it from all of them
@@ -63,12 +66,16 @@ public:
     void UpdateAllViews(CWnd* sender, int hint, CObject* object) override;
 
 signals:
+    /// Another delivery is open.
+    void Opened();
     /// Any update of the document.
     void Updated();
+    /// Labels and comments were to be changed where they may only be looked at.
+    void EditRefused();
 
 private:
     /// Shows \p opened, which is loaded.
-    void Take(OpenedDelivery opened);
+    void Take(OpenedDelivery opened, const CString& named = {});
 
     std::vector<ToviPanel*> panels;
     std::unique_ptr<ToviData> data;

@@ -53,9 +53,8 @@ int Run(const ViewerOptions& options)
     frame.TellLacks(lacks);
     frame.TellKeys();
     frame.show();
-    if (!options.delivery.empty() && frame.OpenDelivery(options.delivery, options.family) &&
-        !options.record.empty()) {
-        frame.OpenRecord(options.record);
+    if (!options.delivery.empty()) {
+        frame.OpenDelivery(options.delivery, options.family, options.record);
     }
     return QApplication::exec();
 }

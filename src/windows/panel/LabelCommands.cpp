@@ -17,7 +17,8 @@ void LabelCommands::Paste(int photo, unsigned int label)
 
 void LabelCommands::EditComment(int photo)
 {
-    const ToviData* const document = desk.Document();
+    ToviData* const document = desk.Document();
+    if (!document->GetLabelEdits().MayChange()) return;
     const std::optional<CString> answer =
         desk.AskComment(document->GetPhotoActualPhotoArray(photo)->GetComment());
     // Closed meanwhile, and the photograph is gone with it.
