@@ -60,10 +60,10 @@ bool IsNamed(const PastInspection& last, const CString& named)
 }
 
 InspectionStart StartWith(const std::vector<PastInspection>& past, const CString& named,
-                          bool isLooking)
+                          bool isOthers)
 {
     if (past.empty()) return {-1, named};
-    if (isLooking || IsNamed(past.front(), named)) return {0, {}};
+    if (isOthers || IsNamed(past.front(), named)) return {0, {}};
     const bool isSaved = past.front().record && past.front().record->steps == past.front().position;
     return isSaved && !named.empty() ? InspectionStart{-1, named} : AskAboutPast(past, named);
 }
@@ -77,13 +77,13 @@ OpenedHistory OpenHistory(ToviData& document, const CString& named)
     place.owner = NewOwner();
     MakePrivateFolder(FolderOfHistories());
     place.lock = std::make_unique<FileLock>(place.path);
-    if (!place.lock->Take() && AskAboutOthers(place.lock->Holder()) == OthersInspection::Look) {
-        place.owner.clear();
-    }
-    const bool isLooking = place.owner.empty();
+    const bool isOthers = !place.lock->Take();
+    const bool isLooking =
+        isOthers && AskAboutOthers(place.lock->Holder()) == OthersInspection::Look;
+    if (isLooking) place.owner.clear();
     OpenedHistory opened;
     std::vector<PastInspection> past = ReadPast(place, photoCount, opened.notice);
-    const InspectionStart start = StartWith(past, named, isLooking);
+    const InspectionStart start = StartWith(past, named, isOthers);
     opened.isContinued = start.past >= 0;
     opened.record = start.record;
     PastInspection inspection = InspectionHistory::New(photoCount);

@@ -25,10 +25,10 @@ CString TimeText(std::int64_t time)
                   std::atoi(text.substr(8, 2).c_str()), text.substr(11, 5).c_str());
 }
 
-/// How the record of \p past stands to it, in a sentence; empty without one.
+/// How the record of \p past stands to it, in a sentence.
 CString RecordWords(const PastInspection& past)
 {
-    if (!past.record) return {};
+    if (!past.record) return "検査状況はまだ保存していません。";
     const CString name = MibGetFileName(past.record->mark.path);
     if (past.position == past.record->steps) return "検査状況 " + name + " に保存済みです。";
     return "検査状況 " + name + " に保存した後の変更を含みます。";
@@ -53,9 +53,11 @@ std::vector<Way> WaysOn(const std::vector<PastInspection>& past, const CString& 
     std::vector<Way> ways;
     for (std::size_t at = 0; at < past.size(); ++at) {
         const PastInspection& one = past[at];
-        CString facts = FactsOf(ReviewsAfter(one), one.worked) + "。" + RecordWords(one);
-        ways.push_back({{at == 0 ? "前回の続きを開く" : "その前の検査の続きを開く", facts},
-                        {static_cast<int>(at), {}}});
+        // Those of the last one stand above all ways.
+        const CString facts = at == 0 ? "" : FactsOf(ReviewsAfter(one), one.worked) + "。";
+        ways.push_back(
+            {{at == 0 ? "前回の続きを開く" : "その前の検査の続きを開く", facts + RecordWords(one)},
+             {static_cast<int>(at), {}}});
         if (at > 0 || !named.empty()) continue;
         if (std::optional<Way> way = WayOfRecord(one)) ways.push_back(std::move(*way));
     }

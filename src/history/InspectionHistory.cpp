@@ -58,7 +58,8 @@ InspectionHistory::InspectionHistory(ToviData& theDocument, PastInspection past,
     }
     if (inspection.record) saved = inspection.record->steps;
     document.GetLabelEdits().SetRecorder(this);
-    document.SetCheckStatusChanged(!IsAsSaved());
+    // What another program has done is that one's to save.
+    document.SetCheckStatusChanged(writer && !IsAsSaved());
 }
 
 InspectionHistory::~InspectionHistory()

@@ -188,7 +188,7 @@ TEST_F(OpeningAgain, LetsOneProgramAloneChangeIt)
         EXPECT_TRUE(told && looking.history->Undo().empty());
         EXPECT_EQ(looking.Labels(), "0,,,");
     }
-    user.options = {1, 0};
+    user.options = {1};
     Program taking(sample);
     EXPECT_EQ(taking.history->GetAccess(), Access::Change);
     EXPECT_TRUE(first.Await([&] { return first.history->GetAccess() == Access::TakenOver; }));

@@ -145,6 +145,10 @@ bool MainFrame::AskToSave()
     QMessageBox box(QMessageBox::Question, QtText(GetHostServices().applicationName),
                     QStringLiteral("検査状況が保存されていません。保存しますか？"),
                     QMessageBox::NoButton, this);
+    if (document.History()->Writing().problem.empty()) {
+        box.setInformativeText(
+            QStringLiteral("保存しなくても、次に開くときに続きから始められます。"));
+    }
     const auto* save = box.addButton(QStringLiteral("保存する(&S)"), QMessageBox::AcceptRole);
     const auto* discard =
         box.addButton(QStringLiteral("保存しない(&N)"), QMessageBox::DestructiveRole);
