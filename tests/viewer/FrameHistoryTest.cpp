@@ -3,6 +3,7 @@
 #include "support/Controls.h"
 #include "support/Labels.h"
 #include "viewer/ShownFrame.h"
+#include "windows/extraction/SearchField.h"
 #include "windows/extraction/ToviExtractionWindow.h"
 #include "windows/trees/ToviFolderTreePanel.h"
 
@@ -87,6 +88,8 @@ TEST(FrameHistory, ShowsAgainWhatIsHidden)
              Control<QAbstractButton>(conditions, ngPhoto).clicked(true);
              Control<QAbstractButton>(conditions, execute).click();
          }},
+        {"検索を終えました",
+         [&shown] { shown.frame->findChild<SearchField*>()->setText(QStringLiteral("nowhere")); }},
         {"この写真のある分類を表示しました", [&shown, tree] {
              ToviNode* leaf = &shown.Data();
              while (const int count = leaf->GetChildNodeCount()) leaf = leaf->GetNode(count - 1);

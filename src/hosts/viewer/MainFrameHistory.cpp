@@ -58,9 +58,8 @@ void MainFrame::ShowAccess()
     using enum FrameCommand;
     const InspectionHistory* const history = document.History();
     if (history == nullptr || history->GetAccess() == InspectionHistory::Access::Change) return;
-    for (const FrameCommand command :
-         {OpenRecord, LabelOk, LabelNg1, LabelNg2, LabelNg3, LabelFree, LabelComment, RemoveLabels,
-          FrameCommand::CorrectLabels}) {
+    for (const FrameCommand command : {OpenRecord, LabelOk, LabelNg1, LabelNg2, LabelNg3, LabelFree,
+                                       LabelComment, RemoveLabels, FrameCommand::CorrectLabels}) {
         actions[command]->setEnabled(false);
     }
 }
@@ -117,6 +116,10 @@ CString MainFrame::ShowHidden(int photo)
         open.SetSelected(node, false);
         folderTree->ChangeSelCompulsion();
         told += "この写真のある分類を表示しました。";
+    }
+    if (isHidden() && !open.GetSearchText().empty()) {
+        extraction->EndSearch(false);
+        told += "この写真は検索に合わないため、検索を終えました。";
     }
     if (isHidden()) {
         extraction->End(false);
