@@ -85,7 +85,8 @@ void ToviData::TellOf(LabelEdit& edit)
 {
     // First, so that whoever hears of the change finds the document changed.
     SetCheckStatusChanged(true);
-    if (edit.kind == LabelEdit::OnePhoto) {
+    // What the user does to the photographs that he sees leaves them on show.
+    if (edit.kind == LabelEdit::OnePhoto || edit.sender != nullptr) {
         UpdatePhotoInf(edit.sender, &edit);
     } else {
         Broadcast(HintLabelsChanged, edit.sender);

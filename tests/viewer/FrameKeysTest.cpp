@@ -193,22 +193,72 @@ TEST(FrameKeys, BelongToWhoeverTypes)
     EXPECT_EQ(edit.text(), QStringLiteral("12345c0nof? Z"));
     EXPECT_EQ(LabelsOf(*shown.Data().GetPhoto(0)), "");
     shown.Panel().setFocus();
-    shown.OnDialogs({[](QWidget& dialog) {
-        auto* const comment = dialog.findChild<QPlainTextEdit*>();
-        QTest::keyClicks(comment, QStringLiteral("1N0c"));
-        // An input method shows what it has not decided yet, and then gives it.
-        QInputMethodEvent composing(QStringLiteral("ほそう"), {});
-        QApplication::sendEvent(comment, &composing);
-        QInputMethodEvent decided;
-        decided.setCommitString(QStringLiteral("舗装2"));
-        QApplication::sendEvent(comment, &decided);
-        QTest::keyClick(comment, Qt::Key_Return);
-    }});
     shown.Press(Qt::Key_C);
+    auto* const comment = shown.Comment();
+    ASSERT_TRUE(comment->hasFocus());
+    QTest::keyClicks(comment, QStringLiteral("1N0c"));
+    // An input method shows what it has not decided yet, and then gives it.
+    QInputMethodEvent composing(QStringLiteral("ほそう"), {});
+    QApplication::sendEvent(comment, &composing);
+    shown.Press(Qt::Key_Return);
+    QInputMethodEvent decided;
+    decided.setCommitString(QStringLiteral("舗装2"));
+    QApplication::sendEvent(comment, &decided);
+    shown.Press(Qt::Key_Return);
+    ASSERT_TRUE(comment->isVisible()) << "the key has ended the conversion alone";
+    QTest::qWait(100);
+    shown.Press(Qt::Key_Return);
+    EXPECT_FALSE(comment->isVisible());
     EXPECT_EQ(shown.Data().GetPhoto(0)->GetComment(), "1N0c舗装2");
     EXPECT_EQ(LabelsOf(*shown.Data().GetPhoto(0)), "4");
     EXPECT_EQ(shown.Selected(), 0);
+    shown.Press(Qt::Key_N);
+    EXPECT_EQ(shown.Selected(), 1) << "the keys are the photographs' again";
     shown.Panel().AllPhotoAllLabelRemove();
+}
+
+TEST(FrameComments, AreTakenFromTheTextsUsedBefore)
+{
+    ShownFrame shown;
+    ASSERT_TRUE(shown.Open());
+    const auto comment = [&shown](int photo) { return shown.Data().GetPhoto(photo)->GetComment(); };
+    const auto select = [&shown](int photo) {
+        shown.Panel().OperateFirstPhoto();
+        while (shown.Selected() < photo) shown.Panel().OperateNextPhoto();
+    };
+    const auto write = [&](int photo, const char* text) {
+        select(photo);
+        shown.Press(Qt::Key_C);
+        QTest::keyClicks(shown.Comment(), QString::fromUtf8(text));
+    };
+    for (const char* text : {"one", "two", "one", "   "}) {
+        write(0, text);
+        shown.Press(Qt::Key_Return);
+        shown.Press(Qt::Key_Delete);
+    }
+    write(1, "1");
+    shown.Press(Qt::Key_2, Qt::AltModifier);
+    shown.Press(Qt::Key_9, Qt::AltModifier);
+    shown.Press(Qt::Key_Return);
+    EXPECT_EQ(comment(1), "1two") << "the latest is the first";
+    write(2, "given up");
+    shown.Press(Qt::Key_Escape);
+    EXPECT_EQ(comment(2), "");
+    EXPECT_EQ(LabelsOf(*shown.Data().GetPhoto(2)), "");
+
+    write(2, "");
+    select(3);
+    QTest::keyClicks(shown.Comment(), QStringLiteral("three"));
+    select(4);
+    shown.Panel().setFocus();
+    shown.Press(Qt::Key_C);
+    EXPECT_EQ(comment(3), "three") << "what was begun isn't lost";
+    QTest::keyClicks(shown.Comment(), QStringLiteral("four"));
+    shown.OnDialogs({[](QWidget& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); }});
+    shown.Press(Qt::Key_W, Qt::ControlModifier);
+    EXPECT_EQ(comment(4), "four") << "asked about with the rest";
+    EXPECT_FALSE(shown.Comment()->isVisible());
+    shown.Data().SetCheckStatusChanged(false);
 }
 
 TEST(FrameKeys, ReachTheCommandsThoughAnInputMethodIsOn)

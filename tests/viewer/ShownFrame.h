@@ -11,6 +11,7 @@
 
 #include <QApplication>
 #include <QLabel>
+#include <QPlainTextEdit>
 #include <QStatusBar>
 #include <QTest>
 #include <QTimer>
@@ -90,6 +91,13 @@ struct ShownFrame
         }
         ADD_FAILURE() << words;
         return nullptr;
+    }
+
+    /// The field of the strip in which comments are written.
+    QWidget* Comment() const
+    {
+        return frame->findChild<QWidget*>(QStringLiteral("commentEntry"))
+            ->findChild<QPlainTextEdit*>();
     }
 
     /// Presses a key where the focus is.

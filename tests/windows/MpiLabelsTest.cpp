@@ -198,4 +198,46 @@ TEST(MpiLabels, LabelsAndCommentsInTheLists)
     shown.panel.RemoveLabel(LabelComment);
     EXPECT_EQ(shown.Photo(1).GetComment(), "");
 }
+
+TEST(MpiLabels, ActOnAllThatAreSelectedAsOneEdit)
+{
+    for (const auto mode : {Setting::DivideThumbnails, Setting::DivideList}) {
+        SCOPED_TRACE(mode);
+        ShownDelivery shown(12, mode);
+        const auto with = [&shown](unsigned int label) { return shown.data->CountLabel(label); };
+        auto* const list = shown.panel.findChild<ToviPhotoListCtrl*>();
+        const auto click = [&](int row, Qt::KeyboardModifiers held) {
+            QTest::mouseClick(list->View()->viewport(), Qt::LeftButton, held,
+                              list->GetItemRect(row).topLeft() + QPoint(30, 10));
+        };
+        click(2, {});
+        click(4, Qt::ShiftModifier);
+        click(7, Qt::ControlModifier);
+        EXPECT_EQ(shown.panel.CountSelected(), 4);
+        shown.host.hints.clear();
+        EXPECT_TRUE(shown.panel.ToggleLabel(LabelNg2));
+        EXPECT_EQ(shown.host.hints.size(), 1u) << "one edit";
+        EXPECT_EQ(with(LabelNg2), 4);
+        EXPECT_FALSE(shown.Photo(5).IsLabelPasted(LabelNg2));
+        EXPECT_EQ(shown.panel.CountSelected(), 4) << "they stay selected";
+        click(8, Qt::ControlModifier);
+        EXPECT_TRUE(shown.panel.ToggleLabel(LabelNg2)) << "one hasn't got it yet";
+        EXPECT_EQ(with(LabelNg2), 5);
+        EXPECT_FALSE(shown.panel.ToggleLabel(LabelNg2));
+        EXPECT_EQ(with(LabelNg2), 0);
+        shown.AnswerComment("再撮影");
+        shown.panel.ToggleLabel(LabelComment);
+        EXPECT_EQ(with(LabelComment), 5);
+        shown.Press(Qt::Key_A, Qt::ControlModifier);
+        EXPECT_EQ(shown.panel.CountSelected(), 12);
+        shown.panel.OnRemoveAllLabel();
+        EXPECT_EQ(with(LabelComment), 0);
+        QTest::mouseClick(list->View()->viewport(), Qt::LeftButton, {},
+                          QPoint(list->View()->viewport()->rect().bottomRight() - QPoint(3, 3)));
+        EXPECT_EQ(shown.panel.CountSelected(), 12) << "beside the photographs";
+        shown.panel.OperateLastPhoto();
+        EXPECT_EQ(shown.panel.CountSelected(), 1);
+        EXPECT_EQ(shown.Selected(), 11);
+    }
+}
 } // namespace

@@ -354,7 +354,7 @@ TEST(PhotoList, TellsOfKeysBehindTheMoveAndOfClicks)
                     Contains("selected 1"));
         EXPECT_THAT(click(Qt::RightButton, shown.list->GetItemRect(2).center()),
                     testing::IsSupersetOf({"selected 2", "right 2"}));
-        EXPECT_THAT(click(Qt::LeftButton, {700, 450}), Contains("cleared 0"));
+        EXPECT_THAT(click(Qt::LeftButton, {700, 450}), IsEmpty()) << "beside the items";
         EXPECT_THAT(click(Qt::RightButton, {700, 450}), Not(Contains("right -1")));
     }
     ShownList shown(Look::Icon, 40, 2);

@@ -98,6 +98,7 @@ const Row rows[] = {
     {LabelNg3, Picture("label-ng3-on"), OnDelivery},
     {LabelFree, Picture("label-free-on"), OnDelivery},
     {LabelComment, Picture("label-comment-on"), OnDelivery},
+    {CommentDialog, {}, OnDelivery},
     {RemoveLabels, Picture("labels-clear"), OnDelivery},
     {CorrectLabels, Picture("labels-correct"), OnDelivery},
     {StepAfterLabel, {}, Checked},
@@ -236,7 +237,7 @@ void FrameActions::FillMenus(QMainWindow* frame, QMenu* recent,
     fill(move, {NextUnchecked});
 
     QMenu* review = add("検査(&E)");
-    fill(review, {LabelOk, LabelNg1, LabelNg2, LabelNg3, LabelFree, LabelComment});
+    fill(review, {LabelOk, LabelNg1, LabelNg2, LabelNg3, LabelFree, LabelComment, CommentDialog});
     review->addSeparator();
     fill(review, {RemoveLabels, CorrectLabels, StepAfterLabel});
     review->addSeparator();

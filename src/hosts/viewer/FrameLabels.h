@@ -1,9 +1,13 @@
 #pragma once
 
 #include "hosts/viewer/FrameActions.h"
+#include "platform/text/Text.h"
 
 #include <QObject>
 
+#include <vector>
+
+class CommentEntry;
 class QMainWindow;
 class ToviMpiPanel;
 
@@ -16,9 +20,20 @@ class FrameLabels : public QObject
 public:
     FrameLabels(QMainWindow* frame, FrameActions& theActions, ToviMpiPanel* thePanel);
 
+    /// The strip in which comments are written.
+    QWidget* CommentStrip() const;
+    /// Takes what is being written there as the comment.
+    void FinishComment();
+
 private:
+    void ConnectComment();
     void Label(unsigned int label, bool mayStep);
+    void BeginComment();
+    void FollowSelection();
 
     FrameActions& actions;
     ToviMpiPanel* panel;
+    CommentEntry* entry;
+    /// Those whose comment is being written, by their photo indexes.
+    std::vector<int> commented;
 };

@@ -108,6 +108,7 @@ void MainFrame::CreatePanels()
     column->addWidget(historyWatch->Strip());
     column->addWidget(extraction->Strip());
     column->addWidget(centre, 1);
+    column->addWidget(labels->CommentStrip());
     centre->addWidget(extraction->NothingPage());
     setCentralWidget(middle);
     for (ToviPanel* panel :
@@ -179,7 +180,10 @@ void MainFrame::ConnectCommands()
     on(PreviousPage, [this] { photoPanel->OperatePrevPage(); });
     on(NextPage, [this] { photoPanel->OperateNextPage(); });
     on(LastPage, [this] { photoPanel->OperateLastPage(); });
-    on(FrameCommand::SlideMode, [this] { slideShow->Begin(); });
+    on(FrameCommand::SlideMode, [this] {
+        labels->FinishComment();
+        slideShow->Begin();
+    });
     on(ShowPosition, [this] { photoPanel->ShowConfirmDlg(); });
     on(ZoomPhoto, [this] { photoPanel->OnShowProperty(); });
     on(NextZoom, [this] { photoPanel->Zooms().ActivateNext(); });
@@ -198,6 +202,8 @@ void MainFrame::ConnectCommands()
     }
     connect(photoPanel.get(), &ToviMpiPanel::PageChanged, this, &MainFrame::ShowPage);
     connect(photoPanel.get(), &ToviMpiPanel::ModeChanged, this, &MainFrame::ShowPage);
+    connect(photoPanel.get(), &ToviMpiPanel::SelectionChanged, this,
+            [this] { reviewBar->ShowSelected(photoPanel->CountSelected()); });
     connect(startPage, &StartPage::DeliveryChosen, this, [this](const QString& folder) {
         MainFrame::OpenDelivery(FromQtText(folder), std::nullopt);
     });
@@ -323,6 +329,7 @@ void MainFrame::Refresh()
     ShowHistory();
     ShowAccess();
     reviewBar->Show(document);
+    reviewBar->ShowSelected(photoPanel->CountSelected());
     const QString title = QtText(document.Title());
     setWindowTitle(title.isEmpty() ? QStringLiteral("Tovi") : title + QStringLiteral("[*] - Tovi"));
     setWindowModified(document.HasUnsavedWork());

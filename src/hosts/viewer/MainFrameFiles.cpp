@@ -1,6 +1,7 @@
 // The main window's commands on files: opening deliveries and records, saving, closing.
 
 #include "hosts/viewer/DeliveryChoice.h"
+#include "hosts/viewer/FrameLabels.h"
 #include "hosts/viewer/FrameState.h"
 #include "hosts/viewer/MainFrame.h"
 #include "hosts/viewer/SlideShow.h"
@@ -124,6 +125,7 @@ bool MainFrame::SaveAs()
 
 bool MainFrame::SaveTo(const CString& path)
 {
+    labels->FinishComment();
     CString problem;
     const bool saved = document.SaveRecord(path, problem);
     if (!problem.empty()) Tell(problem);
@@ -141,6 +143,7 @@ void MainFrame::CloseDelivery()
 
 bool MainFrame::AskToSave()
 {
+    labels->FinishComment();
     if (!document.HasUnsavedWork()) return true;
     QMessageBox box(QMessageBox::Question, QtText(GetHostServices().applicationName),
                     QStringLiteral("検査状況が保存されていません。保存しますか？"),

@@ -24,8 +24,8 @@ QString SavedText(const ViewerDocument& document)
 } // namespace
 
 ReviewBar::ReviewBar(QStatusBar* bar)
-    : shown(AddLabel(bar)), ok(AddLabel(bar)), ng(AddLabel(bar)), unchecked(AddLabel(bar)),
-      saved(AddLabel(bar))
+    : selected(AddLabel(bar)), shown(AddLabel(bar)), ok(AddLabel(bar)), ng(AddLabel(bar)),
+      unchecked(AddLabel(bar)), saved(AddLabel(bar))
 {}
 
 void ReviewBar::Show(const ViewerDocument& document)
@@ -39,4 +39,10 @@ void ReviewBar::Show(const ViewerDocument& document)
     ng->setText(QStringLiteral("NG %1").arg(counts.ng));
     unchecked->setText(QStringLiteral("未検査 %1").arg(counts.unchecked));
     saved->setText(SavedText(document));
+}
+
+void ReviewBar::ShowSelected(int count)
+{
+    selected->setText(QStringLiteral("選択 %1 枚").arg(count));
+    selected->setVisible(count > 1);
 }

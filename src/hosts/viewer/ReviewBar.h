@@ -13,8 +13,11 @@ public:
     explicit ReviewBar(QStatusBar* bar);
 
     void Show(const ViewerDocument& document);
+    /// Tells how many photographs are selected, where they are several.
+    void ShowSelected(int count);
 
 private:
+    QLabel* selected;
     QLabel* shown;
     QLabel* ok;
     QLabel* ng;

@@ -42,7 +42,10 @@ protected:
     void mousePressEvent(QMouseEvent* event) override
     {
         const int row = Base::indexAt(event->pos()).row();
-        Base::mousePressEvent(event);
+        // A click beside the items would take the selection off them, several at once.
+        const bool keepsSelection =
+            row < 0 && Base::selectionMode() == QAbstractItemView::ExtendedSelection;
+        if (!keepsSelection) Base::mousePressEvent(event);
         if (event->button() == Qt::LeftButton) emit list->Clicked(row);
         if (event->button() == Qt::RightButton) emit list->RightClicked(row);
     }
@@ -202,9 +205,36 @@ int GaluListCtrl::GetItemCount() const
 
 int GaluListCtrl::GetSelected() const
 {
-    if (view->selectionModel() == nullptr) return -1;
-    const QModelIndexList selected = view->selectionModel()->selectedIndexes();
-    return selected.isEmpty() ? -1 : selected.front().row();
+    const QItemSelectionModel* const model = view->selectionModel();
+    if (model == nullptr || !model->hasSelection()) return -1;
+    if (model->isSelected(view->currentIndex())) return view->currentIndex().row();
+    int first = GetItemCount();
+    for (const QItemSelectionRange& range : model->selection())
+        first = std::min(first, range.top());
+    return first;
+}
+
+void GaluListCtrl::SelectSeveral()
+{
+    view->setSelectionMode(QAbstractItemView::ExtendedSelection);
+}
+
+std::vector<int> GaluListCtrl::GetSelectedRows() const
+{
+    std::vector<int> rows;
+    if (view->selectionModel() == nullptr) return rows;
+    for (const QItemSelectionRange& range : view->selectionModel()->selection()) {
+        for (int row = range.top(); row <= range.bottom(); ++row) rows.push_back(row);
+    }
+    // A row of several columns may be in several ranges.
+    std::ranges::sort(rows);
+    rows.erase(std::ranges::unique(rows).begin(), rows.end());
+    return rows;
+}
+
+int GaluListCtrl::GetSelectedCount() const
+{
+    return static_cast<int>(GetSelectedRows().size());
 }
 
 int GaluListCtrl::GetSelectionMark() const

@@ -5,14 +5,16 @@
 #include <QModelIndex>
 #include <QWidget>
 
+#include <vector>
+
 class QAbstractItemModel;
 class QAbstractItemView;
 class QListView;
 class QTreeView;
 
-/// The base of the list windows: one selected item at most, shown as selected without the focus
-/// too. Its model is asked for what is in sight alone, however many rows it has; a model may read
-/// files for an answer.
+/// The base of the list windows: one selected item at most, or several by choice, shown as selected
+/// without the focus too. Its model is asked for what is in sight alone, however many rows it has;
+/// a model may read files for an answer.
 class TOVI_EXPORT GaluListCtrl : public QWidget
 {
     Q_OBJECT
@@ -36,8 +38,14 @@ public:
     QAbstractItemView* View() const { return view; }
 
     int GetItemCount() const;
-    /// The selected row, or -1.
+    /// Lets the user select several rows, by Ctrl, Shift and Ctrl+A.
+    void SelectSeveral();
+    /// The selected row, or -1; of several the one from which the keyboard moves, or else the
+    /// first.
     int GetSelected() const;
+    /// All selected rows in order, and how many there are.
+    std::vector<int> GetSelectedRows() const;
+    int GetSelectedCount() const;
     /// The row from which the keyboard moves, or -1.
     int GetSelectionMark() const;
     /// Selects \p row and moves the mark there; one that doesn't exist (-1) leaves none selected.
@@ -65,6 +73,7 @@ signals:
     void DoubleClicked(int row);
     /// As Clicked, with the right button or, at the selected item, the menu key.
     void RightClicked(int row);
+    /// \p row is GetSelected.
     void SelectionChanged(int row);
     /// The list has handled the key \p key (a Qt::Key); \p markBefore is the mark until then.
     void KeyPressed(int key, int markBefore);

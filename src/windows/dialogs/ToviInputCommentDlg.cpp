@@ -2,17 +2,18 @@
 
 #include "platform/controls/WindowId.h"
 #include "platform/text/QtText.h"
+#include "windows/dialogs/CommentEdit.h"
+#include "windows/dialogs/PlaceBeside.h"
 
 #include <QDialogButtonBox>
-#include <QKeyEvent>
 #include <QLabel>
-#include <QPlainTextEdit>
+#include <QScreen>
 #include <QVBoxLayout>
 
 static constexpr int idEdit = 1037;
 
 ToviInputCommentDlg::ToviInputCommentDlg(QWidget* parent)
-    : WenDialog(parent), edit(new QPlainTextEdit(this))
+    : WenDialog(parent), subject(new QLabel(this)), edit(new CommentEdit(this))
 {
     setWindowTitle(QStringLiteral("コメントの記入"));
     auto* const hint = new QLabel(
@@ -23,21 +24,33 @@ ToviInputCommentDlg::ToviInputCommentDlg(QWidget* parent)
             "長すぎるコメントは、全てを表示・印刷することはできません。"),
         this);
     hint->setWordWrap(true);
+    subject->setTextFormat(Qt::PlainText);
+    subject->setWordWrap(true);
+    subject->hide();
     SetWindowId(edit, idEdit);
-    edit->setTabChangesFocus(true);
-    edit->setAccessibleName(QStringLiteral("コメント"));
     edit->setMinimumHeight(edit->fontMetrics().lineSpacing() * 5);
-    edit->viewport()->setAcceptDrops(false);
-    edit->installEventFilter(this);
+    connect(edit, &CommentEdit::Ended, this, &ToviInputCommentDlg::accept);
     auto* const layout = new QVBoxLayout(this);
+    layout->addWidget(subject);
     layout->addWidget(hint);
     layout->addWidget(edit, 1);
     layout->addWidget(MakeOkCancel());
     setMinimumWidth(460);
 }
 
+void ToviInputCommentDlg::SetSubject(const QString& words, const QRect& place)
+{
+    subject->setText(QStringLiteral("写真：%1").arg(words));
+    subject->show();
+    seen = place;
+}
+
 void ToviInputCommentDlg::OnInitDialog()
 {
+    if (!seen.isEmpty()) {
+        adjustSize();
+        move(PlaceBeside(seen, frameGeometry().size(), screen()->availableGeometry()));
+    }
     edit->setPlainText(QtText(comment));
     edit->moveCursor(QTextCursor::End);
     edit->setFocus();
@@ -48,18 +61,4 @@ void ToviInputCommentDlg::OnOK()
     const CString text = FromQtText(edit->toPlainText());
     comment = ReplaceAll(text, " ", "").empty() ? CString() : text;
     WenDialog::OnOK();
-}
-
-bool ToviInputCommentDlg::eventFilter(QObject* watched, QEvent* event)
-{
-    if (watched == edit && event->type() == QEvent::KeyPress) {
-        const auto& pressed = *static_cast<QKeyEvent*>(event);
-        const bool isEnter = pressed.key() == Qt::Key_Return || pressed.key() == Qt::Key_Enter;
-        // With Shift it makes a line, which reports print.
-        if (isEnter && !(pressed.modifiers() & Qt::ShiftModifier)) {
-            accept();
-            return true;
-        }
-    }
-    return WenDialog::eventFilter(watched, event);
 }

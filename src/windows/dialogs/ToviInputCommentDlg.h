@@ -3,7 +3,10 @@
 #include "platform/controls/WenDialog.h"
 #include "platform/text/Text.h"
 
-class QPlainTextEdit;
+#include <QRect>
+
+class CommentEdit;
+class QLabel;
 
 /// Takes a comment on a photograph (コメントの記入). Enter is OK here, too.
 class TOVI_EXPORT ToviInputCommentDlg : public WenDialog
@@ -15,6 +18,8 @@ public:
 
     /// To be called before the dialog is shown.
     void SetComment(const CString& text) { comment = text; }
+    /// Likewise: the dialog is about \p words, and keeps off \p place on the screen, where it is.
+    void SetSubject(const QString& words, const QRect& place);
     /// The comment as it was set or, after OK, entered: empty when it was nothing but half-width
     /// blanks.
     const CString& GetComment() const { return comment; }
@@ -22,9 +27,10 @@ public:
 protected:
     void OnInitDialog() override;
     void OnOK() override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    QLabel* subject;
+    QRect seen;
     CString comment;
-    QPlainTextEdit* edit;
+    CommentEdit* edit;
 };

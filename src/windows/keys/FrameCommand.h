@@ -58,6 +58,7 @@ enum class FrameCommand
     LabelNg3,
     LabelFree,
     LabelComment,
+    CommentDialog,
     RemoveLabels,
     CorrectLabels,
     StepAfterLabel,

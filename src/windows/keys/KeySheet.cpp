@@ -18,6 +18,8 @@ constexpr KeyGroup allGroups[] = {KeyGroup::Review, KeyGroup::Move, KeyGroup::Vi
                                   KeyGroup::Zoom,   KeyGroup::File, KeyGroup::Help};
 constexpr int mostColumns = 3;
 constexpr int gap = 12;
+/// A row of more keys is told by the first and the last.
+constexpr int mostKeysNamed = 4;
 
 /// The keys of a row of the table, changed by the user or fixed.
 QString KeysOf(const KeyRow& row)
@@ -26,6 +28,8 @@ QString KeysOf(const KeyRow& row)
     QStringList texts;
     for (const QKeySequence& key : QKeySequence::listFromString(QString::fromUtf8(row.keys)))
         texts << KeyText(key);
+    if (texts.size() > mostKeysNamed)
+        return QStringLiteral("%1～%2").arg(texts.front(), texts.back());
     return texts.join(QStringLiteral("、"));
 }
 } // namespace

@@ -52,6 +52,7 @@ ToviPhotoListCtrl::ToviPhotoListCtrl(Look listLook, PhotoListSource& theSource, 
 {
     SetWindowId(this, idList);
     SetModel(table);
+    SelectSeveral();
     if (listLook == Look::Icon) {
         SetIconSpacing(ThumbnailTile::Size(), ThumbnailTile::Size() + tileGap);
         View()->setAccessibleName(QStringLiteral("サムネイル一覧"));

@@ -85,7 +85,10 @@ void PhotoViews::CreateList()
     connect(list.get(), &List::Scrolled, this, &PhotoViews::ReCalcCommentWindow);
     connect(list.get(), &List::FloatyPressed, this, &PhotoViews::FloatyPressed);
     connect(list.get(), &List::ItemSelected, this, &PhotoViews::ItemSelected);
-    connect(list.get(), &List::SelectionCleared, this, [this] { ShowFloaty(false); });
+    connect(list.get(), &List::SelectionCleared, this, [this] {
+        ShowFloaty(false);
+        emit ItemSelected(-1);
+    });
     connect(list.get(), &List::ItemDoubleClicked, this, &PhotoViews::ItemDoubleClicked);
     connect(list.get(), &List::ItemRightClicked, this, &PhotoViews::ItemRightClicked);
     ShowLabelNames();
@@ -130,12 +133,15 @@ void PhotoViews::Focus(int position)
     }
 }
 
-QPoint PhotoViews::MiddleOf(int position) const
+QRect PhotoViews::PlaceOf(int position) const
 {
-    if (list) return list->View()->viewport()->mapToGlobal(list->GetItemRect(position).center());
+    const auto onScreen = [](const QWidget& widget, const QRect& place) {
+        return QRect(widget.mapToGlobal(place.topLeft()), place.size());
+    };
+    if (list) return onScreen(*list->View()->viewport(), list->GetItemRect(position));
     const int index = std::max(0, cells.CellOf(position));
     const QWidget& shown = index < cells.Count() ? cells.At(index) : parent;
-    return shown.mapToGlobal(shown.rect().center());
+    return onScreen(shown, shown.rect());
 }
 
 void PhotoViews::ShowLabels(int position)

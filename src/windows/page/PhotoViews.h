@@ -39,8 +39,8 @@ public:
     void Place();
     /// Moves the focus to the photograph at \p position, or to the first on the page.
     void Focus(int position);
-    /// The middle of the photograph at \p position on the screen.
-    QPoint MiddleOf(int position) const;
+    /// The place of the photograph at \p position on the screen.
+    QRect PlaceOf(int position) const;
 
     /// Shows the labels of the photograph at \p position anew, or of all.
     void ShowLabels(int position);
@@ -73,7 +73,7 @@ signals:
     void CellKeyPressed(int qtKey);
     void PasteLabelRequested(unsigned int label, ToviSpiCtrl* cell);
     void RemoveLabelRequested(unsigned int label, ToviSpiCtrl* cell);
-    /// Of the list; a row is a position.
+    /// Of the list; a row is a position, -1 for none.
     void ItemSelected(int row);
     void ItemDoubleClicked(int row);
     void ItemRightClicked(int row);

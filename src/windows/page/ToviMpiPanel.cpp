@@ -6,14 +6,12 @@
 #include "platform/host/CDocument.h"
 #include "review/LabelEdits.h"
 #include "review/SlideMode.h"
-#include "windows/dialogs/ToviInputCommentDlg.h"
 #include "windows/list/ToviPhotoListCtrl.h"
 #include "windows/loader/FileLoader.h"
 #include "windows/panel/ToviPopUpMenu.h"
 #include "windows/panel/UncheckedSearch.h"
 
 #include <QApplication>
-#include <QCursor>
 #include <QKeyEvent>
 
 #include <algorithm>
@@ -77,7 +75,10 @@ ToviMpiPanel::ToviMpiPanel(CDocument* theDocument)
     connect(&views, &PhotoViews::CellKeyPressed, this, &ToviMpiPanel::OnSpiKeyDown);
     connect(&views, &PhotoViews::PasteLabelRequested, this, &ToviMpiPanel::OnSpiPasteLabel);
     connect(&views, &PhotoViews::RemoveLabelRequested, this, &ToviMpiPanel::OnSpiRemoveLabel);
-    connect(&views, &PhotoViews::ItemSelected, this, &ToviMpiPanel::OnSelect);
+    connect(&views, &PhotoViews::ItemSelected, this, [this](int row) {
+        OnSelect(row);
+        emit SelectionChanged();
+    });
     connect(&views, &PhotoViews::ItemDoubleClicked, this, &ToviMpiPanel::RequestZoom);
     connect(&views, &PhotoViews::ItemRightClicked, this, &ToviMpiPanel::OnRClicked);
     connect(&views, &PhotoViews::ListKeyPressed, this, &ToviMpiPanel::OnListCtrlKeyDown);
@@ -92,9 +93,9 @@ void ToviMpiPanel::ConnectZooms()
         if (target >= 0 && target < PhotoCount()) SelectNeighbour(step);
     });
     connect(&zooms, &ZoomWindows::LabelRequested, this,
-            [this](int photo, unsigned int label) { labels.Toggle(photo, label); });
+            [this](int photo, unsigned int label) { labels.Toggle({photo}, label); });
     connect(&zooms, &ZoomWindows::LabelsRemovalRequested, this,
-            [this](int photo) { labels.RemoveAll(photo); });
+            [this](int photo) { labels.RemoveAll({photo}); });
 }
 
 /// The children know the document, too.
@@ -120,10 +121,26 @@ int ToviMpiPanel::SelectedPosition() const
     return GetData() == nullptr ? -1 : GetData()->GetSelectCurIndex();
 }
 
-/// The photo index of the selected photograph, unless the user doesn't see it among those on show.
-int ToviMpiPanel::SelectedPhoto() const
+/// The photo indexes of the selected photographs, several in a list; none that the user doesn't
+/// see among those on show.
+LabelCommands::Photos ToviMpiPanel::SelectedPhotos() const
 {
-    return GetData() == nullptr ? -1 : GetData()->GetIndexPhotoArray(SelectedPosition());
+    LabelCommands::Photos photos;
+    if (GetData() == nullptr) return photos;
+    if (views.List() != nullptr) {
+        for (const int row : views.List()->GetSelectedRows())
+            photos.push_back(GetData()->GetIndexPhotoArray(row));
+    } else if (const int photo = GetData()->GetIndexPhotoArray(SelectedPosition()); photo >= 0) {
+        photos.push_back(photo);
+    }
+    return photos;
+}
+
+int ToviMpiPanel::CountSelected() const
+{
+    if (GetData() == nullptr) return 0;
+    if (views.List() != nullptr) return views.List()->GetSelectedCount();
+    return SelectedPosition() >= 0 ? 1 : 0;
 }
 
 // Updates
@@ -305,6 +322,7 @@ bool ToviMpiPanel::OnSelect(int index)
     FollowWithFocus();
     views.ShowFloaty(true);
     UpdateMultiDlg();
+    emit SelectionChanged();
     return true;
 }
 
@@ -494,12 +512,12 @@ void ToviMpiPanel::Move(const CellMove& move)
 
 void ToviMpiPanel::OnSpiPasteLabel(unsigned int label, ToviSpiCtrl* cell)
 {
-    labels.Paste(GetData()->GetIndexPhotoArray(cell->GetPhotoIndex()), label);
+    labels.Paste({GetData()->GetIndexPhotoArray(cell->GetPhotoIndex())}, label);
 }
 
 void ToviMpiPanel::OnSpiRemoveLabel(unsigned int label, ToviSpiCtrl* cell)
 {
-    labels.Remove(GetData()->GetIndexPhotoArray(cell->GetPhotoIndex()), label);
+    labels.Remove({GetData()->GetIndexPhotoArray(cell->GetPhotoIndex())}, label);
 }
 
 // Mouse and keys on the list
@@ -520,132 +538,8 @@ void ToviMpiPanel::OnFusen(unsigned int label)
 {
     if (views.List() == nullptr || views.List()->GetSelected() < 0) return;
     if (label == LabelComment) {
-        labels.Paste(SelectedPhoto(), label);
+        labels.Paste(SelectedPhotos(), label);
     } else {
-        labels.Toggle(SelectedPhoto(), label);
+        labels.Toggle(SelectedPhotos(), label);
     }
-}
-
-// Labels and comments
-
-std::optional<CString> ToviMpiPanel::AskComment(const CString& comment)
-{
-    ToviInputCommentDlg dialog(window());
-    dialog.SetComment(comment);
-    if (!dialog.DoModal()) return {};
-    return dialog.GetComment();
-}
-
-void ToviMpiPanel::ShowEdit(const LabelEdit& edit)
-{
-    for (const LabelEdit::Change& change : edit.changes) ShowChange(change);
-    zooms.RefreshLabels();
-}
-
-void ToviMpiPanel::ShowChange(const LabelEdit::Change& change)
-{
-    const int position = GetData()->GetCurrentArray().Find(change.photo);
-    if (position < 0) return;
-    views.ShowLabels(position);
-    if (change.before.comment == change.after.comment) return;
-    const int index = views.List() != nullptr ? position : views.Cells().CellOf(position);
-    if (index >= 0) UpdateComment(index, change.after.comment);
-}
-
-void ToviMpiPanel::PasteLabel(int label)
-{
-    labels.Paste(SelectedPhoto(), static_cast<unsigned int>(label));
-}
-
-void ToviMpiPanel::RemoveLabel(int label)
-{
-    labels.Remove(SelectedPhoto(), static_cast<unsigned int>(label));
-}
-
-bool ToviMpiPanel::ToggleLabel(int label)
-{
-    return labels.Toggle(SelectedPhoto(), static_cast<unsigned int>(label));
-}
-
-void ToviMpiPanel::OnRemoveAllLabel()
-{
-    labels.RemoveAll(SelectedPhoto());
-}
-
-void ToviMpiPanel::AllPhotoAllLabelRemove()
-{
-    if (PhotoCount() == 0) return;
-    GetData()->AllRemoveLabel();
-    views.EnableFloaty();
-}
-
-void ToviMpiPanel::UpdateComment(int index, const CString& text)
-{
-    views.ShowComment(index, text);
-    if (GetData() != nullptr) GetData()->UpdateHasComment();
-}
-
-void ToviMpiPanel::InvalidateAllCtrls()
-{
-    views.ShowAllLabels();
-    views.Cells().ForEach([](ToviSpiCtrl& cell) { cell.LayoutChildren(); });
-    views.CreateCommentWindow();
-    views.ReCalcCommentWindow();
-    GetData()->UpdateHasComment();
-}
-
-void ToviMpiPanel::ShowConfirmDlg()
-{
-    if (GetData() != nullptr) positionWindow.Show(*GetData(), window());
-}
-
-// The menu
-
-void ToviMpiPanel::ShowPopUpMenu()
-{
-    if (SelectedPosition() < 0) return;
-    CloseMenu();
-    menu = new ToviPopUpMenu(*GetData()->GetLabelManager(), this);
-    menu->EnableItems(EnabledLabelItems(*GetData()->GetSelectedPhoto()));
-    connect(menu, &ToviPopUpMenu::CommandChosen, this, &ToviMpiPanel::OnMenuCommand);
-    connect(menu, &QMenu::aboutToHide, this, [this] { views.ShowFloaty(true); });
-    views.ShowFloaty(false);
-    menu->popup(MenuPlace());
-}
-
-void ToviMpiPanel::CloseMenu()
-{
-    if (!menu) return;
-    menu->close();
-    menu->deleteLater();
-}
-
-/// Where the mouse is, unless the menu was called by a key.
-QPoint ToviMpiPanel::MenuPlace() const
-{
-    const QPoint cursor = QCursor::pos();
-    return rect().contains(mapFromGlobal(cursor)) ? cursor : views.MiddleOf(SelectedPosition());
-}
-
-void ToviMpiPanel::OnMenuCommand(unsigned int id)
-{
-    if (id == LabelMenuId::zoom) {
-        OnShowProperty();
-    } else if (id == LabelMenuId::removeAll) {
-        OnRemoveAllLabel();
-    } else if (id >= LabelMenuId::paste) {
-        OnPasteLabel(id);
-    } else {
-        OnRemoveLabel(id);
-    }
-}
-
-void ToviMpiPanel::OnPasteLabel(unsigned int id)
-{
-    labels.Paste(SelectedPhoto(), id - LabelMenuId::paste);
-}
-
-void ToviMpiPanel::OnRemoveLabel(unsigned int id)
-{
-    labels.Remove(SelectedPhoto(), id - LabelMenuId::remove);
 }

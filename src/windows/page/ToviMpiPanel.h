@@ -6,6 +6,7 @@
 #include "windows/page/PageArithmetic.h"
 #include "windows/page/PhotoViews.h"
 #include "windows/panel/LabelCommands.h"
+#include "windows/panel/LabelMenuItems.h"
 #include "windows/panel/PanelUpdates.h"
 #include "windows/panel/ToviPanel.h"
 #include "windows/position/PositionWindow.h"
@@ -14,6 +15,14 @@
 #include <QPointer>
 
 class ToviPopUpMenu;
+
+/// Photographs whose comment is to be written, what they are called, and their comment of now.
+struct CommentedPhotos
+{
+    LabelCommands::Photos photos;
+    QString words;
+    CString comment;
+};
 
 /// The main viewing area: shows the current array of the document as pages of one to six cells or
 /// as one list, and lets the user choose, label and comment its photographs.
@@ -61,16 +70,23 @@ public:
     /// Selects the photograph with the photo index \p photo and turns to it, if it is on show.
     void ShowPhoto(int photo);
 
+    /// How many photographs are selected: several by choice in a list.
+    int CountSelected() const;
+
     /// Lets the keys of now count (see CurrentKeys), and tells them in tips.
     void ApplyKeys();
 
-    /// Act on the labels of the selected photograph, if it is in the current array. The comment
-    /// label stands for the comment: pasting it opens a dialog.
+    /// Act on the labels of the selected photographs that are in the current array, as one edit.
+    /// The comment label stands for the comment: pasting it opens a dialog.
     void PasteLabel(int label);
     void RemoveLabel(int label);
-    /// Pastes \p label, or removes it where it is pasted. True when it is pasted by that.
+    /// Pastes \p label, or removes it where all have it. True when it is pasted by that.
     bool ToggleLabel(int label);
     void OnRemoveAllLabel();
+    /// The selected photographs, for a comment that is written elsewhere; none without a selection.
+    CommentedPhotos SelectedForComment() const;
+    /// Takes \p comment as that of \p photos.
+    void SetComment(const LabelCommands::Photos& photos, const CString& comment);
     /// The same by the menu's numbers (see LabelMenuId).
     void OnPasteLabel(unsigned int id);
     void OnRemoveLabel(unsigned int id);
@@ -117,6 +133,8 @@ signals:
     void PageChanged();
     /// Another display mode is on show.
     void ModeChanged();
+    /// Another photograph is selected, or several others.
+    void SelectionChanged();
 
 protected:
     /// Lays out all anew for the present mode, at the photograph \p top.
@@ -144,13 +162,16 @@ private:
     using Setting = ToviPhotoCtrlVisualSetting;
 
     ToviData* Document() const override { return GetData(); }
-    std::optional<CString> AskComment(const CString& comment) override;
+    std::optional<CString> AskComment(const LabelCommands::Photos& photos,
+                                      const CString& comment) override;
     void ShowEdit(const LabelEdit& edit) override;
     void ShowChange(const LabelEdit::Change& change);
 
     int PhotoCount() const;
     int SelectedPosition() const;
-    int SelectedPhoto() const;
+    LabelCommands::Photos SelectedPhotos() const;
+    LabelMenuItems EnabledItems() const;
+    QString WordsFor(const LabelCommands::Photos& photos) const;
     void TakeStep(PanelStep step);
     void AdjustTo(const SettingChange& change);
 

@@ -5,59 +5,86 @@
 #include "review/LabelRules.h"
 #include "review/SlideMode.h"
 
-void LabelCommands::Paste(int photo, unsigned int label)
+#include <algorithm>
+
+void LabelCommands::Paste(const Photos& photos, unsigned int label)
 {
-    if (photo < 0 || label >= labelCount) return;
+    if (photos.empty() || label >= labelCount) return;
     if (label == LabelComment) {
-        EditComment(photo);
+        EditComment(photos);
     } else {
-        Change(photo, [label](PhotoReview& review) { LabelRules::Paste(review, label); });
+        Change(photos, [label](PhotoReview& review) { LabelRules::Paste(review, label); });
     }
 }
 
-void LabelCommands::EditComment(int photo)
+void LabelCommands::EditComment(const Photos& photos)
 {
     ToviData* const document = desk.Document();
     if (!document->GetLabelEdits().MayChange()) return;
-    const std::optional<CString> answer =
-        desk.AskComment(document->GetPhotoActualPhotoArray(photo)->GetComment());
-    // Closed meanwhile, and the photograph is gone with it.
-    if (!answer || desk.Document() != document) return;
-    Change(photo, [&answer](PhotoReview& review) { LabelRules::EditComment(review, *answer); });
+    const std::optional<CString> answer = desk.AskComment(photos, CommonComment(photos));
+    // Closed meanwhile, and the photographs are gone with it.
+    if (answer && desk.Document() == document) SetComment(photos, *answer);
 }
 
-void LabelCommands::Remove(int photo, unsigned int label)
+void LabelCommands::SetComment(const Photos& photos, const CString& comment)
 {
-    if (photo < 0 || label >= labelCount) return;
+    if (photos.empty()) return;
+    Change(photos, [&comment](PhotoReview& review) { LabelRules::EditComment(review, comment); });
+}
+
+CString LabelCommands::CommonComment(const Photos& photos) const
+{
+    const auto commentOf = [this](int photo) {
+        return desk.Document()->GetPhotoActualPhotoArray(photo)->GetComment();
+    };
+    if (photos.empty()) return {};
+    const CString first = commentOf(photos.front());
+    const bool isCommon =
+        std::ranges::all_of(photos, [&](int photo) { return commentOf(photo) == first; });
+    return isCommon ? first : CString();
+}
+
+void LabelCommands::Remove(const Photos& photos, unsigned int label)
+{
+    if (photos.empty() || label >= labelCount) return;
     if (label == LabelComment && RefuseInSlideMode(SlideModeRefusal::EditComment)) return;
-    Change(photo, [label](PhotoReview& review) { LabelRules::Remove(review, label); });
+    Change(photos, [label](PhotoReview& review) { LabelRules::Remove(review, label); });
 }
 
-void LabelCommands::RemoveAll(int photo)
+void LabelCommands::RemoveAll(const Photos& photos)
 {
-    if (photo >= 0) Change(photo, LabelRules::RemoveAllLabel);
+    if (!photos.empty()) Change(photos, LabelRules::RemoveAllLabel);
 }
 
-bool LabelCommands::Toggle(int photo, unsigned int label)
+bool LabelCommands::Toggle(const Photos& photos, unsigned int label)
 {
-    if (photo < 0) return false;
+    if (photos.empty()) return false;
     if (label == LabelComment) {
-        if (!RefuseInSlideMode(SlideModeRefusal::EditComment)) Paste(photo, label);
+        if (!RefuseInSlideMode(SlideModeRefusal::EditComment)) Paste(photos, label);
         return false;
     }
-    if (desk.Document()->GetPhotoActualPhotoArray(photo)->IsLabelPasted(label)) {
-        Remove(photo, label);
+    if (HaveAll(photos, label)) {
+        Remove(photos, label);
         return false;
     }
-    Paste(photo, label);
-    return true;
+    const ToviData* const document = desk.Document();
+    Paste(photos, label);
+    return desk.Document() == document && HaveAll(photos, label);
 }
 
-void LabelCommands::Change(int photo, const LabelEdits::Rule& rule)
+bool LabelCommands::HaveAll(const Photos& photos, unsigned int label) const
+{
+    return std::ranges::all_of(photos, [&](int photo) {
+        return desk.Document()->GetPhotoActualPhotoArray(photo)->IsLabelPasted(label);
+    });
+}
+
+void LabelCommands::Change(const Photos& photos, const LabelEdits::Rule& rule)
 {
     ToviData* const document = desk.Document();
     LabelEdits& edits = document->GetLabelEdits();
-    const LabelEdit edit = edits.Make(LabelEdit::OnePhoto, {&photo, 1}, rule, window);
+    const LabelEdit::Kind kind = photos.size() == 1 ? LabelEdit::OnePhoto : LabelEdit::Batch;
+    const LabelEdit edit = edits.Make(kind, photos, rule, window);
     // Whoever heard of it may have closed the document.
     if (edits.Apply(edit) && desk.Document() == document) desk.ShowEdit(edit);
 }

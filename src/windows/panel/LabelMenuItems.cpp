@@ -11,3 +11,13 @@ LabelMenuItems EnabledLabelItems(const ToviPhoto& photo)
     }
     return items;
 }
+
+LabelMenuItems& LabelMenuItems::operator|=(const LabelMenuItems& other)
+{
+    for (unsigned int label = 0; label < labelCount; ++label) {
+        paste[label] |= other.paste[label];
+        remove[label] |= other.remove[label];
+    }
+    removeAll |= other.removeAll;
+    return *this;
+}

@@ -21,6 +21,8 @@ struct LabelMenuItems
     bool removeAll = false;
 
     bool operator==(const LabelMenuItems&) const = default;
+    /// Enables what \p other does, too.
+    LabelMenuItems& operator|=(const LabelMenuItems& other);
 };
 
 /// Those for \p photo: what is pasted can be removed, all else pasted.

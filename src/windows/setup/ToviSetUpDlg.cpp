@@ -3,11 +3,13 @@
 #include "imagefacts/ToviControlValueArray.h"
 #include "platform/controls/ScrolledPage.h"
 #include "platform/host/HostServices.h"
+#include "windows/comments/CommentTexts.h"
 #include "windows/setup/SetUpCheckPage.h"
 #include "windows/setup/SetUpDisplayPage.h"
 #include "windows/setup/SetUpItemPage.h"
 #include "windows/setup/SetUpKeyPage.h"
 #include "windows/setup/SetUpLabelPage.h"
+#include "windows/setup/SetUpTextPage.h"
 #include "windows/setup/ToviItemSetUpDlg.h"
 
 #include <QDialogButtonBox>
@@ -20,13 +22,14 @@ ToviSetUpDlg::ToviSetUpDlg(const ToviLabelManager& theLabels,
                            QWidget* parent)
     : WenDialog(parent), labels(theLabels), setting(theSetting), sort(theSort), items(theItems),
       pages(new QTabWidget), labelTab(nullptr), displayPage(new SetUpDisplayPage),
-      itemPage(new SetUpItemPage), labelPage(new SetUpLabelPage), keyPage(new SetUpKeyPage),
-      checkPage(new SetUpCheckPage)
+      itemPage(new SetUpItemPage), labelPage(new SetUpLabelPage), textPage(new SetUpTextPage),
+      keyPage(new SetUpKeyPage), checkPage(new SetUpCheckPage)
 {
     setWindowTitle(QStringLiteral("設定"));
     AddPage(displayPage, QStringLiteral("写真の表示"));
     AddPage(itemPage, QStringLiteral("表示項目と表示順"));
     labelTab = AddPage(labelPage, QStringLiteral("付箋名称"));
+    AddPage(textPage, QStringLiteral("定型文"));
     AddPage(keyPage, QStringLiteral("キー"));
     AddPage(checkPage, QStringLiteral("画像加工検知"));
     connect(itemPage, &SetUpItemPage::ItemsRequested, this,
@@ -49,6 +52,7 @@ void ToviSetUpDlg::OnInitDialog()
     itemPage->ShowItems(items.GetItemShowSettings());
     displayPage->Show(setting);
     checkPage->Show(setting);
+    textPage->Show(CommentTexts::All());
     itemPage->ShowSort(sort);
     resize(sizeHint());
 }
@@ -66,6 +70,7 @@ void ToviSetUpDlg::OnOK()
     UpdateVisualSetting();
     sort = Sorted(sort, itemPage->GetSort());
     items.Save();
+    CommentTexts::Replace(textPage->Texts());
     keyPage->Take();
     WenDialog::OnOK();
 }

@@ -13,6 +13,7 @@ class SetUpDisplayPage;
 class SetUpItemPage;
 class SetUpKeyPage;
 class SetUpLabelPage;
+class SetUpTextPage;
 
 /// Lets the user edit the settings (設定). It works on copies, which the host takes over after OK.
 class TOVI_EXPORT ToviSetUpDlg : public WenDialog
@@ -49,6 +50,7 @@ private:
     SetUpDisplayPage* displayPage;
     SetUpItemPage* itemPage;
     SetUpLabelPage* labelPage;
+    SetUpTextPage* textPage;
     SetUpKeyPage* keyPage;
     SetUpCheckPage* checkPage;
 };
