@@ -160,7 +160,7 @@ TEST(LumImgWnd, KeepsTheViewOfAnotherVersionOfThePicture)
     LumImgWnd::m_zoomIsViewport = false;
     const auto window = Shown(Halves(4000, 3000));
     LumImgWnd::m_zoomIsViewport = true;
-    EXPECT_EQ(window->View().Placement().center() / window->devicePixelRatioF(), QPointF(200, 150));
+    EXPECT_EQ(window->View().Placement().center() / window->devicePixelRatioF(), QPointF(198, 148));
     LumCanvas brighter(4000, 3000, 0x00FF00);
     const LumImage version = brighter.GetImage();
     window->RefreshImage(&version);

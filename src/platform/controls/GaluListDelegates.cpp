@@ -37,6 +37,17 @@ void DrawLines(QPainter& painter, const QRect& place, const QString& text)
     layout.endLayout();
 }
 
+/// A line of the text's colour inside the edge of the item.
+void DrawFocusFrame(QPainter& painter, const QStyleOptionViewItem& item)
+{
+    const bool selected = item.state & QStyle::State_Selected;
+    painter.save();
+    painter.setPen(item.palette.color(selected ? QPalette::HighlightedText : QPalette::Text));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(item.rect.adjusted(1, 1, -2, -2));
+    painter.restore();
+}
+
 QPalette::ColorGroup GroupOf(const QStyleOptionViewItem& option)
 {
     return option.state & QStyle::State_Active ? QPalette::Active : QPalette::Inactive;
@@ -82,10 +93,8 @@ void IconDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     DrawLines(*painter, below, item.text);
     painter->restore();
 
-    if (!(item.state & QStyle::State_HasFocus)) return;
-    QStyleOptionFocusRect focus;
-    focus.QStyleOption::operator=(item);
-    style.drawPrimitive(QStyle::PE_FrameFocusRect, &focus, painter, item.widget);
+    // A frame alone: the focus rectangle of some styles is filled, which tints the picture.
+    if (item.state & QStyle::State_HasFocus) DrawFocusFrame(*painter, item);
 }
 
 QSize IconDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const

@@ -6,8 +6,6 @@
 #include <QContextMenuEvent>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QStyle>
-#include <QStyleOptionFocusRect>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -18,6 +16,8 @@ bool LumImgWnd::m_zoomIsViewport = true;
 namespace
 {
 constexpr double wheelStep = 120;
+/// The width of the frame of the focus.
+constexpr int focusFrame = 2;
 /// The part of the window by which an arrow key moves.
 constexpr double keyMove = 0.125;
 
@@ -170,11 +170,8 @@ void LumImgWnd::paintEvent(QPaintEvent*)
         drawn.setDevicePixelRatio(devicePixelRatioF());
     }
     QPainter painter(this);
-    painter.drawImage(0, 0, drawn);
-    if (!hasFocus()) return;
-    QStyleOptionFocusRect focus;
-    focus.initFrom(this);
-    style()->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, &painter, this);
+    painter.fillRect(rect(), palette().color(hasFocus() ? QPalette::Highlight : backgroundRole()));
+    painter.drawImage(Inside().topLeft(), drawn);
 }
 
 void LumImgWnd::resizeEvent(QResizeEvent*)
@@ -189,13 +186,13 @@ void LumImgWnd::mousePressEvent(QMouseEvent* event)
     if (event->button() != Qt::LeftButton) return;
     // First, since whoever hears of it may clear the anchor.
     emit Clicked();
-    if (IsMovable()) anchor = event->position() * devicePixelRatioF();
+    if (IsMovable()) anchor = PlaceOf(*event);
 }
 
 void LumImgWnd::mouseMoveEvent(QMouseEvent* event)
 {
     if (!anchor) return;
-    const QPointF place = event->position() * devicePixelRatioF();
+    const QPointF place = PlaceOf(*event);
     const bool moved = view.Pan(place - *anchor);
     anchor = place;
     if (moved) ShowView();
@@ -212,7 +209,7 @@ void LumImgWnd::mouseDoubleClickEvent(QMouseEvent* event)
     ExecClearAnchor();
     emit DoubleClicked();
     if (!doubleClickZooms || !IsMovable()) return;
-    view.Toggle(event->position() * devicePixelRatioF());
+    view.Toggle(PlaceOf(*event));
     ShowView();
 }
 
@@ -227,7 +224,7 @@ void LumImgWnd::wheelEvent(QWheelEvent* event)
         event->ignore();
         return;
     }
-    view.ZoomBy(event->angleDelta().y() / wheelStep, event->position() * devicePixelRatioF());
+    view.ZoomBy(event->angleDelta().y() / wheelStep, PlaceOf(*event));
     ShowView();
 }
 
@@ -245,9 +242,21 @@ void LumImgWnd::changeEvent(QEvent* event)
     QWidget::changeEvent(event);
 }
 
+/// Where the picture may be: the frame of the focus stands around it, never on it.
+QRect LumImgWnd::Inside() const
+{
+    return rect().adjusted(focusFrame, focusFrame, -focusFrame, -focusFrame);
+}
+
 QSize LumImgWnd::DeviceSize() const
 {
-    return (QSizeF(size()) * devicePixelRatioF()).toSize();
+    return (QSizeF(Inside().size()) * devicePixelRatioF()).toSize().expandedTo({0, 0});
+}
+
+/// The place of the mouse in the view.
+QPointF LumImgWnd::PlaceOf(const QSinglePointEvent& event) const
+{
+    return (event.position() - Inside().topLeft()) * devicePixelRatioF();
 }
 
 QPointF LumImgWnd::Middle() const
@@ -313,7 +322,7 @@ QImage LumImgWnd::Drawn()
         QPainter painter(&frame);
         painter.setFont(font());
         painter.setPen(palette().color(foregroundRole()));
-        painter.drawText(rect(), Qt::AlignCenter, note);
+        painter.drawText(QRect({0, 0}, Inside().size()), Qt::AlignCenter, note);
         return frame;
     }
     const QRectF place = view.Placement();

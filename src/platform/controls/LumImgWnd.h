@@ -62,7 +62,7 @@ public:
     /// Lets go of the point that the user drags.
     void ExecClearAnchor();
 
-    /// The view of the picture, in device pixels.
+    /// The view of the picture in the window within its frame, in device pixels.
     const ImageView& View() const { return view; }
 
     /// For all windows: a picture starts out as large as its window, not at 100 %.
@@ -93,7 +93,9 @@ protected:
 
 private:
     void Exchange(ReducedImages newImages, bool keepsView);
+    QRect Inside() const;
     QSize DeviceSize() const;
+    QPointF PlaceOf(const QSinglePointEvent& event) const;
     QPointF Middle() const;
     bool IsMovable() const { return IsEnableImage() && command == commandMove; }
     bool OnZoomKey(int key);
