@@ -1,4 +1,5 @@
 #include "windows/pictures/Pictures.h"
+#include "windows/pictures/PhotoGround.h"
 
 #include "platform/host/Headless.h"
 #include "platform/pictures/QtColor.h"
@@ -122,5 +123,27 @@ TEST(Pictures, AreSharpAtEveryScaleAndPaleWhereDisabled)
     EXPECT_NE(Shown(icon, 24, 1, QIcon::Disabled), once);
     EXPECT_EQ(Shown(PictureIcon("mode-3"), 16, 1), Shown(PictureIcon("mode-3-small"), 16, 1));
     EXPECT_NE(Shown(PictureIcon("mode-3"), 24, 1), Shown(PictureIcon("mode-3-small"), 24, 1));
+}
+TEST(PhotoGround, FollowsTheDesktopUnlessTheUserChooses)
+{
+    PhotoGround& ground = PhotoGround::Get();
+    QWidget widget;
+    ground.LieUnder(widget, QPalette::Window);
+    const auto lightness = [&widget] {
+        return widget.palette().color(QPalette::Window).lightness();
+    };
+    EXPECT_GT(lightness(), 180);
+    EXPECT_LT(lightness(), 240) << "never glaring";
+    ground.Choose(GroundTone::Middle);
+    EXPECT_EQ(lightness(), 128);
+    ground.SetSlideMode(true);
+    EXPECT_LT(lightness(), 60);
+    ground.SetSlideMode(false);
+    EXPECT_EQ(lightness(), 128);
+    ground.Choose({});
+    const QPalette before = QApplication::palette();
+    QApplication::setPalette(QPalette(Qt::black));
+    EXPECT_EQ(ground.Tone(), GroundTone::Dark);
+    QApplication::setPalette(before);
 }
 } // namespace

@@ -2,6 +2,7 @@
 
 #include "review/SlideMode.h"
 #include "windows/page/ToviMpiPanel.h"
+#include "windows/pictures/PhotoGround.h"
 
 #include <QApplication>
 #include <QDockWidget>
@@ -19,6 +20,7 @@ void SlideShow::Begin()
     if (isOn) return;
     isOn = true;
     SetSlideMode(true);
+    PhotoGround::Get().SetSlideMode(true);
     before = frame->windowState();
     QList<QWidget*> around = {frame->menuBar(), frame->statusBar()};
     for (QToolBar* bar : frame->findChildren<QToolBar*>(QString(), Qt::FindDirectChildrenOnly))
@@ -42,6 +44,7 @@ void SlideShow::End()
     if (!isOn) return;
     isOn = false;
     SetSlideMode(false);
+    PhotoGround::Get().SetSlideMode(false);
     qApp->removeEventFilter(this);
     for (const QPointer<QWidget>& widget : hidden) {
         if (widget) widget->show();

@@ -4,6 +4,7 @@
 #include "platform/controls/LumImgWnd.h"
 #include "platform/controls/WenToolBarCtrl.h"
 #include "windows/detail/ToviHtmlView.h"
+#include "windows/pictures/PhotoGround.h"
 #include "windows/pictures/PictureFetch.h"
 #include "windows/pictures/Pictures.h"
 
@@ -27,6 +28,7 @@ ToviImageWnd::ToviImageWnd(QWidget* parent)
       htmlView(new ToviHtmlView(this))
 {
     CreateTools();
+    PhotoGround::Get().LieUnder(*imageWnd, QPalette::Window);
     imageWnd->SetCommand(LumImgWnd::commandMove);
     LumImgWnd::m_zoomIsViewport = true;
     imageWnd->setAccessibleName(QStringLiteral("写真"));

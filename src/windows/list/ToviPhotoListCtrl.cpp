@@ -10,6 +10,7 @@
 #include "windows/keys/KeySet.h"
 #include "windows/list/FloatyPlace.h"
 #include "windows/list/PhotoListTable.h"
+#include "windows/pictures/PhotoGround.h"
 #include "windows/pictures/Pictures.h"
 #include "windows/pictures/ThumbnailTile.h"
 
@@ -55,6 +56,7 @@ ToviPhotoListCtrl::ToviPhotoListCtrl(Look listLook, PhotoListSource& theSource, 
     SelectSeveral();
     if (listLook == Look::Icon) {
         SetIconSpacing(ThumbnailTile::Size(), ThumbnailTile::Size() + tileGap);
+        PhotoGround::Get().LieUnder(*View(), QPalette::Base);
         View()->setAccessibleName(QStringLiteral("サムネイル一覧"));
     } else {
         SetGridLines(true);

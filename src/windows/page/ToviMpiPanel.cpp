@@ -10,6 +10,7 @@
 #include "windows/loader/FileLoader.h"
 #include "windows/panel/ToviPopUpMenu.h"
 #include "windows/panel/UncheckedSearch.h"
+#include "windows/pictures/PhotoGround.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -65,9 +66,7 @@ int CellChildOf(const QWidget* widget)
 ToviMpiPanel::ToviMpiPanel(CDocument* theDocument)
     : views(*this, visualSetting, theDocument), labels(*this, AsWindow(this))
 {
-    QPalette colors = palette();
-    colors.setColor(QPalette::Window, Qt::white);
-    setPalette(colors);
+    PhotoGround::Get().LieUnder(*this, QPalette::Window);
     setAutoFillBackground(true);
     connect(&views, &PhotoViews::CellClicked, this, &ToviMpiPanel::OnSpiClicked);
     connect(&views, &PhotoViews::CellDoubleClicked, this, &ToviMpiPanel::OnSpiDblClicked);

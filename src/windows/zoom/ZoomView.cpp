@@ -4,6 +4,7 @@
 #include "platform/controls/WindowId.h"
 #include "platform/pictures/ToneCurve.h"
 #include "windows/cell/CellChild.h"
+#include "windows/pictures/PhotoGround.h"
 #include "windows/zoom/ZoomRules.h"
 
 #include <QApplication>
@@ -28,6 +29,7 @@ QImage Turned(const QImage& image, int angle)
 ZoomView::ZoomView(QWidget* parent)
     : QStackedWidget(parent), imageWnd(new LumImgWnd), failPlate(new QLabel)
 {
+    PhotoGround::Get().LieUnder(*imageWnd, QPalette::Window);
     SetWindowId(imageWnd, idImage);
     SetWindowId(failPlate, idFailPlate);
     failPlate->setAlignment(Qt::AlignCenter);
