@@ -1,5 +1,6 @@
 // Extraction and the settings dialog in the main window.
 
+#include "hosts/viewer/NoPhotosPage.h"
 #include "review/ToviLabelManager.h"
 #include "support/Controls.h"
 #include "support/Labels.h"
@@ -94,7 +95,16 @@ TEST(FrameExtraction, EndsOverTheListOfALabel)
     shown.Press(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
     EXPECT_EQ(shown.Strip(), "");
     EXPECT_EQ(shown.Data().GetCurrentPhotoCount(), 0) << "the label's photographs stay";
-    shown.Trees().setCurrentIndex(0);
+    QCoreApplication::processEvents();
+    auto* const page = shown.frame->findChild<NoPhotosPage*>();
+    ASSERT_TRUE(page->isVisible());
+    for (const QAction* action : shown.frame->findChildren<QAction*>()) {
+        const bool isSlideMode = action->shortcut() == QKeySequence(QStringLiteral("F5"));
+        EXPECT_FALSE(isSlideMode && action->isEnabled()) << "no show over nothing";
+    }
+    page->findChild<QPushButton*>()->click();
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(page->isVisible());
     EXPECT_EQ(shown.Data().GetCurrentPhotoCount(), 8);
 }
 

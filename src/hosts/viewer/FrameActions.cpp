@@ -193,6 +193,17 @@ void FrameActions::EnableForDelivery(bool isOpen)
     for (const auto& [command, action] : withShift) action->setEnabled(isOpen);
 }
 
+void FrameActions::DisableForPhotos()
+{
+    using Command = FrameCommand;
+    for (const Command command :
+         {WriteReport, SavePhoto, SaveShownPhotos, ZoomPhoto, SlideMode, Command::LabelOk,
+          Command::LabelNg1, Command::LabelNg2, Command::LabelNg3, Command::LabelFree,
+          Command::LabelComment, RemoveLabels, CorrectLabels, NextUnchecked}) {
+        actions[command]->setEnabled(false);
+    }
+}
+
 void FrameActions::FillMenus(QMainWindow* frame, QMenu* recent,
                              const QList<QAction*>& windows) const
 {

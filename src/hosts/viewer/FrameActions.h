@@ -30,6 +30,8 @@ public:
     void ShowLabelNames(const ToviLabelManager& labels);
     /// Enables or disables what makes no sense without a delivery.
     void EnableForDelivery(bool isOpen);
+    /// Disables what makes no sense while no photograph is on show.
+    void DisableForPhotos();
 
     /// Fills the menu bar and the tool bar of \p frame; \p pageLabel stands between the pages'
     /// commands, \p recent is a menu of the file menu, \p windows the commands that show docks.

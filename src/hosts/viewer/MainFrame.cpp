@@ -5,7 +5,9 @@
 #include "hosts/viewer/FrameKeys.h"
 #include "hosts/viewer/FrameLabels.h"
 #include "hosts/viewer/FrameState.h"
+#include "hosts/viewer/GroundMenu.h"
 #include "hosts/viewer/HistoryWatch.h"
+#include "hosts/viewer/NoPhotosPage.h"
 #include "hosts/viewer/NoticeStrip.h"
 #include "hosts/viewer/ReviewBar.h"
 #include "hosts/viewer/SlideShow.h"
@@ -60,9 +62,9 @@ void AcceptUnmoved(QDropEvent& event)
 
 MainFrame::MainFrame()
     : actions(this), notice(new NoticeStrip), centre(new QStackedWidget),
-      startPage(new StartPage(actions[FrameCommand::Open])), trees(new QTabWidget),
-      treePages(new QStackedWidget), treeDock(new QDockWidget(QStringLiteral("ツリー"), this)),
-      pageLabel(new QLabel),
+      startPage(new StartPage(actions[FrameCommand::Open])), noPhotos(new NoPhotosPage),
+      trees(new QTabWidget), treePages(new QStackedWidget),
+      treeDock(new QDockWidget(QStringLiteral("ツリー"), this)), pageLabel(new QLabel),
       recentMenu(new QMenu(QStringLiteral("最近開いた納品データ(&E)"), this)),
       photoPanel(std::make_unique<ToviMpiPanel>(&document)),
       folderTree(std::make_unique<ToviFolderTreePanel>()),
@@ -110,6 +112,7 @@ void MainFrame::CreatePanels()
     column->addWidget(centre, 1);
     column->addWidget(labels->CommentStrip());
     centre->addWidget(extraction->NothingPage());
+    centre->addWidget(noPhotos);
     setCentralWidget(middle);
     for (ToviPanel* panel :
          std::initializer_list<ToviPanel*>{photoPanel.get(), folderTree.get(), labelTree.get()}) {
@@ -155,7 +158,7 @@ void MainFrame::CreateBars()
     actions.FillMenus(this, recentMenu,
                       {treeDock->toggleViewAction(), extraction->Dock()->toggleViewAction(),
                        detailDock->ToggleAction(), actions[FrameCommand::ShowPosition],
-                       toolBar->toggleViewAction()});
+                       toolBar->toggleViewAction(), MakeGroundMenu(this)->menuAction()});
     reviewBar = std::make_unique<ReviewBar>(statusBar());
 }
 
@@ -338,12 +341,20 @@ void MainFrame::Refresh()
 void MainFrame::ShowCentre()
 {
     const bool isOpen = document.Data() != nullptr;
+    const bool isEmpty = isOpen && document.Data()->IsPhotoArrayEmpty();
     actions.EnableForDelivery(isOpen);
     if (isOpen) actions.ShowLabelNames(*document.Data()->GetLabelManager());
+    if (isEmpty) actions.DisableForPhotos();
     treeDock->setEnabled(isOpen);
     treePages->setCurrentIndex(isOpen ? 0 : 1);
-    QWidget* const photos =
-        extraction->FindsNothing() ? extraction->NothingPage() : photoPanel.get();
+    QWidget* photos = photoPanel.get();
+    if (extraction->FindsNothing()) {
+        photos = extraction->NothingPage();
+    } else if (isEmpty) {
+        noPhotos->Tell(
+            NoPhotosText(*document.Data()->GetLabelManager(), document.Data()->GetSelectedIndex()));
+        photos = noPhotos;
+    }
     centre->setCurrentWidget(isOpen ? photos : startPage);
 }
 

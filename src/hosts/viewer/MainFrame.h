@@ -10,6 +10,7 @@ class FrameKeys;
 class FrameLabels;
 class DetailDock;
 class HistoryWatch;
+class NoPhotosPage;
 class NoticeStrip;
 class QDockWidget;
 class QLabel;
@@ -120,6 +121,7 @@ private:
     NoticeStrip* notice;
     QStackedWidget* centre;
     StartPage* startPage;
+    NoPhotosPage* noPhotos;
     QTabWidget* trees;
     QStackedWidget* treePages;
     QDockWidget* treeDock;

@@ -4,9 +4,11 @@
 #include "hosts/viewer/FrameKeys.h"
 #include "hosts/viewer/ItemOrder.h"
 #include "hosts/viewer/MainFrame.h"
+#include "hosts/viewer/NoPhotosPage.h"
 #include "hosts/viewer/SlideShow.h"
 #include "windows/page/ToviMpiPanel.h"
 #include "windows/setup/ToviSetUpDlg.h"
+#include "windows/trees/ToviFolderTreePanel.h"
 #include "windows/trees/ToviLabelTreePanel.h"
 
 #include <QTabWidget>
@@ -33,6 +35,10 @@ void MainFrame::ConnectExtraction()
     });
     connect(extraction, &FrameExtraction::PhotosRequested, this,
             [this] { photoPanel->setFocus(); });
+    connect(noPhotos, &NoPhotosPage::BackRequested, this, [this] {
+        trees->setCurrentWidget(folderTree.get());
+        photoPanel->setFocus();
+    });
     connect(actions[FrameCommand::SetUp], &QAction::triggered, this, &MainFrame::SetUp);
 }
 
