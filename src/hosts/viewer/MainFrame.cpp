@@ -12,6 +12,7 @@
 #include "hosts/viewer/ReviewBar.h"
 #include "hosts/viewer/SlideShow.h"
 #include "hosts/viewer/StartPage.h"
+#include "hosts/viewer/TreeNotes.h"
 #include "platform/host/HostServices.h"
 #include "platform/text/QtText.h"
 #include "windows/page/ToviMpiPanel.h"
@@ -158,7 +159,8 @@ void MainFrame::CreateBars()
     actions.FillMenus(this, recentMenu,
                       {treeDock->toggleViewAction(), extraction->Dock()->toggleViewAction(),
                        detailDock->ToggleAction(), actions[FrameCommand::ShowPosition],
-                       toolBar->toggleViewAction(), MakeGroundMenu(this)->menuAction()});
+                       toolBar->toggleViewAction(), MakeGroundMenu(this)->menuAction(),
+                       MakeTreeNotesAction(this, *folderTree)});
     reviewBar = std::make_unique<ReviewBar>(statusBar());
 }
 
@@ -334,6 +336,7 @@ void MainFrame::Refresh()
     reviewBar->Show(document);
     reviewBar->ShowSelected(photoPanel->CountSelected());
     const QString title = QtText(document.Title());
+    folderTree->SetWorkTitle(document.Title());
     setWindowTitle(title.isEmpty() ? QStringLiteral("Tovi") : title + QStringLiteral("[*] - Tovi"));
     setWindowModified(document.HasUnsavedWork());
 }

@@ -1,11 +1,16 @@
 #include "windows/trees/ToviFolderTreePanel.h"
 
 #include "items/ToviPhotoCtrlVisualSetting.h"
+#include "photos/ToviPhoto.h"
+#include "platform/text/QtText.h"
+#include "review/LabelEdits.h"
 #include "windows/pictures/Pictures.h"
 
 #include <QContextMenuEvent>
 #include <QSignalBlocker>
 #include <QTreeWidgetItemIterator>
+
+#include <utility>
 
 static constexpr int imageSide = 16;
 static constexpr int closeCommand = 32771;
@@ -35,6 +40,52 @@ ToviFolderTreePanel::ToviFolderTreePanel()
             &QAction::triggered, this, &ToviFolderTreePanel::OnOpenItem);
     connect(menu, &QMenu::aboutToHide, this, [this] { MarkMenuItem(false); });
     connect(tree, &QTreeWidget::itemSelectionChanged, this, &ToviFolderTreePanel::OnSelchangedTree);
+    ShowTallies(true);
+}
+
+void ToviFolderTreePanel::ShowTallies(bool show)
+{
+    if (show) {
+        tree->SetNotes([this](const QVariant& node) { return NoteOf(node); });
+    } else {
+        tree->SetNotes({});
+    }
+}
+
+void ToviFolderTreePanel::SetWorkTitle(const CString& title)
+{
+    if (std::exchange(workTitle, title) == title || tree->GetRootItem() == nullptr) return;
+    tree->GetRootItem()->setData(0, TreeCtrl::TipRole, QtText(title));
+}
+
+QString ToviFolderTreePanel::NoteOf(const QVariant& item) const
+{
+    const auto* const node = static_cast<const ToviNode*>(item.value<void*>());
+    if (!hasNodes || node == nullptr) return {};
+    // The root shows no number of its own.
+    return QtText(TallyText(tally.Of(node), node == GetData() ? 0 : node->GetImageCount()));
+}
+
+void ToviFolderTreePanel::CountAnew()
+{
+    tally.Count(*GetData(), [this](int photo) {
+        return GetData()->GetPhotoActualPhotoArray(photo)->IsNotCheck();
+    });
+    tree->viewport()->update();
+}
+
+/// Counts what \p edit has changed; everything where it isn't told.
+void ToviFolderTreePanel::TakeUp(const CObject* edit)
+{
+    const auto* const changed = dynamic_cast<const LabelEdit*>(edit);
+    if (changed == nullptr) {
+        CountAnew();
+        return;
+    }
+    for (const LabelEdit::Change& change : changed->changes) {
+        tally.Change(change.photo, GetData()->GetPhotoActualPhotoArray(change.photo)->IsNotCheck());
+    }
+    tree->viewport()->update();
 }
 
 void ToviFolderTreePanel::OnPostVisible()
@@ -55,6 +106,9 @@ void ToviFolderTreePanel::OnUpdate(CWnd* sender, ToviData::UpdateHint hint, CObj
 {
     ToviTreePanel::OnUpdate(sender, hint, object);
     if (GetData() == nullptr) return;
+    const bool tellsOfLabels =
+        hint == ToviData::HintPhotoInfoChanged || hint == ToviData::HintLabelsChanged;
+    if (hasNodes && tellsOfLabels) TakeUp(object);
     const int type = GetData()->GetVisualSetting().GetTreeType();
     const FolderTreeReaction reaction = FolderTreeReactionTo(hint, treeType, type);
     if (reaction == FolderTreeReaction::None) return;
@@ -67,6 +121,7 @@ void ToviFolderTreePanel::Clear()
 {
     menu->close();
     menuItem = nullptr;
+    tally.Clear();
     const QSignalBlocker quiet(tree);
     tree->clear();
     ConstructImageList();
@@ -81,6 +136,9 @@ void ToviFolderTreePanel::Rebuild()
 {
     RegNode(nullptr, GetData(), 0, FolderTreeImagesOf(treeType).selectedRoot);
     hasNodes = true;
+    tree->GetRootItem()->setData(0, TreeCtrl::PathRole, true);
+    tree->GetRootItem()->setData(0, TreeCtrl::TipRole, QtText(workTitle));
+    CountAnew();
     ChangeSelCompulsion();
 }
 

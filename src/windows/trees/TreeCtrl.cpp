@@ -21,10 +21,6 @@ bool IsBeneath(const QTreeWidgetItem* item, const QTreeWidgetItem* above)
 
 TreeCtrl::TreeCtrl(QWidget* parent) : QTreeWidget(parent)
 {
-    QPalette colors = palette();
-    colors.setColor(QPalette::Base, Qt::white);
-    colors.setColor(QPalette::Text, Qt::black);
-    setPalette(colors);
     setFont(GaluFont::MsPGothic9pt());
     setHeaderHidden(true);
     header()->setStretchLastSection(false);
@@ -40,6 +36,17 @@ void TreeCtrl::SetImages(std::vector<QIcon> icons, int side)
 {
     images = std::move(icons);
     setIconSize({side, side});
+}
+
+void TreeCtrl::SetNotes(NoteOf notes)
+{
+    noteOf = std::move(notes);
+    viewport()->update();
+}
+
+QString TreeCtrl::Note(const QModelIndex& index) const
+{
+    return noteOf ? noteOf(index.data(DataRole)) : QString();
 }
 
 QTreeWidgetItem* TreeCtrl::GetSelectedItem() const

@@ -5,6 +5,7 @@
 #include <QIcon>
 #include <QTreeWidget>
 
+#include <functional>
 #include <vector>
 
 /// The tree of a tree panel: one item is selected, which stays so until another one is. A right
@@ -25,14 +26,24 @@ public:
         /// A number of photographs, painted behind the text, which is bold then; 0 for none.
         CountRole,
         /// True while a menu is open for it.
-        MarkRole
+        MarkRole,
+        /// True where the text is a path: it is cut in its middle instead of being scrolled to.
+        PathRole,
+        /// What the tip says in front of the text.
+        TipRole
     };
+    /// What is painted in grey behind an item that stands for this (DataRole), as far as there is
+    /// room; empty for nothing.
+    using NoteOf = std::function<QString(const QVariant& data)>;
 
     explicit TreeCtrl(QWidget* parent);
 
     /// The pictures of the items, whose sides are \p side pixels of the layout.
     void SetImages(std::vector<QIcon> icons, int side);
     const std::vector<QIcon>& GetImages() const { return images; }
+    /// No item has a note at first, nor with null.
+    void SetNotes(NoteOf notes);
+    QString Note(const QModelIndex& index) const;
 
     /// The selected item; null when there is none.
     QTreeWidgetItem* GetSelectedItem() const;
@@ -58,4 +69,5 @@ private:
     void TakeOverSelection(QTreeWidgetItem* item);
 
     std::vector<QIcon> images;
+    NoteOf noteOf;
 };
