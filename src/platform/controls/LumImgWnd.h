@@ -10,6 +10,7 @@
 #include <optional>
 
 class LumImage;
+class QSinglePointEvent;
 
 /// Shows one picture, smoothly scaled. The wheel zooms about the cursor, dragging moves what is
 /// larger than the window, a double click leads from fitted to 100 % and back. By key: + and -

@@ -2,6 +2,7 @@
 
 #include "work/ReadingLimit.h"
 
+#include <QCoreApplication>
 #include <QThread>
 #include <QThreadPool>
 
@@ -39,8 +40,12 @@ struct FileLoader::Shared
 
 FileLoader& FileLoader::Ours()
 {
-    static auto* const ours =
-        new FileLoader(std::max(2, QThread::idealThreadCount()), PictureMemory::LoadInBytes());
+    static auto* const ours = [] {
+        // What still reads would find the statics of others gone.
+        qAddPostRoutine([] { Ours().Stop(1s); });
+        return new FileLoader(std::max(2, QThread::idealThreadCount()),
+                              PictureMemory::LoadInBytes());
+    }();
     return *ours;
 }
 
