@@ -173,3 +173,19 @@ void HistoryFile::SetFiles(const FileSizes& files)
     database.Run("DELETE FROM files");
     database.Run("INSERT INTO files VALUES (?)", PackSizes(files));
 }
+
+SessionEntries HistoryFile::Session()
+{
+    SessionEntries entries;
+    Database::Statement row = database.Ask("SELECT name, value FROM session");
+    while (row.Next()) entries[row.Text(0)] = row.Text(1);
+    return entries;
+}
+
+void HistoryFile::SetSession(const SessionEntries& entries)
+{
+    database.Run("DELETE FROM session");
+    for (const auto& [name, value] : entries) {
+        database.Run("INSERT INTO session VALUES (?, ?)", name, value);
+    }
+}

@@ -5,6 +5,9 @@
 #include "inspection/RecordFile.h"
 #include "platform/store/Database.h"
 
+/// What the windows of an inspection were at, by names that are theirs.
+using SessionEntries = std::map<CString, CString>;
+
 /// The record that an inspection was saved to or taken up from last.
 struct HistoryRecord
 {
@@ -62,6 +65,9 @@ public:
     /// Of the steps the first \p position hold, since the time \p worked.
     void SetPosition(std::int64_t id, int position, std::int64_t worked);
     void SetRecord(std::int64_t id, const HistoryRecord& record);
+
+    SessionEntries Session();
+    void SetSession(const SessionEntries& entries);
 
     /// The delivered files as they were when they were first seen.
     FileSizes Files();

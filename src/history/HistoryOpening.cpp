@@ -36,18 +36,20 @@ CString PutAside(const CString& path)
            " に移し、新しく記録します。保存した検査状況があれば開いてください。";
 }
 
-/// The earlier inspections in a history that was opened as \p place says.
-std::vector<PastInspection> ReadPast(HistoryPlace& place, int photoCount, CString& notice)
+/// The earlier inspections in a history that is opened for \p place; the rest of what is read goes
+/// to \p opened.
+std::vector<PastInspection> ReadPast(HistoryPlace& place, int photoCount, OpenedHistory& opened)
 {
     if (!MibIsFileExist(place.path)) return {};
     try {
         place.file = std::make_unique<HistoryFile>(place.path);
         if (!place.owner.empty()) place.file->Claim(place.owner);
+        opened.session = place.file->Session();
         return place.file->Inspections(photoCount, mostOffered);
     } catch (const DatabaseError& error) {
         // Else the writer tries again, and tells why.
         place.file.reset();
-        if (error.IsDamaged() && !place.owner.empty()) notice = PutAside(place.path);
+        if (error.IsDamaged() && !place.owner.empty()) opened.notice = PutAside(place.path);
         return {};
     }
 }
@@ -82,12 +84,13 @@ OpenedHistory OpenHistory(ToviData& document, const CString& named)
         isOthers && AskAboutOthers(place.lock->Holder()) == OthersInspection::Look;
     if (isLooking) place.owner.clear();
     OpenedHistory opened;
-    std::vector<PastInspection> past = ReadPast(place, photoCount, opened.notice);
+    std::vector<PastInspection> past = ReadPast(place, photoCount, opened);
     const InspectionStart start = StartWith(past, named, isOthers);
-    opened.isContinued = start.past >= 0;
     opened.record = start.record;
     PastInspection inspection = InspectionHistory::New(photoCount);
-    if (opened.isContinued) {
+    if (start.past < 0) {
+        opened.session.clear();
+    } else {
         inspection = std::move(past[static_cast<std::size_t>(start.past)]);
         document.GetLabelEdits().Apply(LabelEdits::Make(
             LabelEdit::RecordLoad, PhotoReviews(static_cast<std::size_t>(photoCount)),

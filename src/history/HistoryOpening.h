@@ -10,8 +10,8 @@ struct OpenedHistory
     std::optional<RecordFile::Mark> mark;
     /// The record that is to be taken up now; empty for none.
     CString record;
-    /// An earlier inspection goes on.
-    bool isContinued = false;
+    /// What the windows of the inspection that goes on were at; empty when it is a new one.
+    SessionEntries session;
     /// What has to be known of it, in a sentence; empty when there is nothing.
     CString notice;
 };

@@ -209,6 +209,13 @@ void InspectionHistory::NoteRecord(RecordFile::Mark mark)
                     HistoryFile& file) { file.SetRecord(id, record); });
 }
 
+void InspectionHistory::KeepSession(const SessionEntries& entries)
+{
+    if (!writer || !begun || entries == session) return;
+    session = entries;
+    writer->Add([entries](HistoryFile& file) { file.SetSession(entries); });
+}
+
 CString InspectionHistory::NameOf(const LabelEdit& edit) const
 {
     if (edit.changes.size() != 1) return {};

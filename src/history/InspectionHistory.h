@@ -45,6 +45,8 @@ public:
 
     /// The document has just been saved to or taken up from the record of \p mark.
     void NoteRecord(RecordFile::Mark mark);
+    /// Keeps what the windows are at, once something was said of the delivery.
+    void KeepSession(const SessionEntries& entries);
     /// The labels and comments are as they were saved last, or as they were at first.
     bool IsAsSaved() const { return inspection.position == saved; }
 
@@ -88,6 +90,7 @@ private:
     /// The inspection stands in the file, or waits to be written there.
     bool begun = false;
     bool moving = false;
+    SessionEntries session;
     Access access = Access::Look;
     std::function<void()> onRefusal;
     std::unique_ptr<FileLock> lock;

@@ -6,6 +6,8 @@
 #include "windows/extraction/SearchField.h"
 #include "windows/extraction/ToviExtractionWindow.h"
 #include "windows/trees/ToviFolderTreePanel.h"
+#include "windows/trees/ToviLabelTreePanel.h"
+#include "windows/zoom/ToviMultiDlg.h"
 
 #include <QAbstractButton>
 #include <QMenuBar>
@@ -67,6 +69,59 @@ TEST(FrameHistory, TakesBackWhatAKeyDid)
     QTest::keyClick(&shown.Panel(), Qt::Key_Z, Qt::ControlModifier);
     EXPECT_TRUE(photo.IsLabelPasted(LabelNg2));
     Undo(shown);
+}
+
+TEST(FrameHistory, BringsTheSessionBack)
+{
+    ShownFrame shown;
+    ASSERT_TRUE(shown.Open());
+    shown.Press(Qt::Key_6, Qt::ControlModifier);
+    shown.Panel().ShowPhoto(2);
+    shown.Press(Qt::Key_Z);
+    shown.Panel().Zooms().All().front()->SetFixed(true);
+    shown.Panel().ShowPhoto(3);
+    shown.Press(Qt::Key_Z);
+    shown.Press(Qt::Key_1);
+    for (ToviNode* node = &shown.Data(); node->GetChildNodeCount() > 0;) {
+        node = node->GetNode(0);
+        shown.Data().SetSelected(node, false);
+    }
+    QWidget& conditions = *shown.frame->findChild<ToviExtractionWindow*>();
+    Control<QAbstractButton>(conditions, 1018).click();
+    Control<QAbstractButton>(conditions, 1015).click();
+    shown.frame->findChild<SearchField*>()->setText(QStringLiteral("1"));
+    QCoreApplication::processEvents();
+    const CString node = shown.Data().GetSelectedNode()->GetFullTitlePath("/");
+    const int count = shown.Data().GetCurrentPhotoCount();
+    const int selected = shown.Data().GetIndexPhotoArray(shown.Selected());
+    EXPECT_LT(count, 8);
+
+    const auto startAgain = [&shown] {
+        shown.frame.reset();
+        shown.Start();
+        shown.services.user.options = {0};
+        EXPECT_TRUE(shown.Open());
+    };
+    startAgain();
+    EXPECT_EQ(shown.Data().GetSelectedNode()->GetFullTitlePath("/"), node);
+    EXPECT_EQ(shown.Data().GetCurrentPhotoCount(), count);
+    EXPECT_EQ(shown.Data().GetIndexPhotoArray(shown.Selected()), selected);
+    EXPECT_EQ(shown.Data().GetSearchText(), "1");
+    EXPECT_TRUE(shown.frame->findChild<ToviExtractionWindow*>()->IsRunning());
+    EXPECT_EQ(shown.Panel().GetVisualSetting().GetDivType(),
+              ToviPhotoCtrlVisualSetting::DivideThumbnails);
+    const auto& zooms = shown.Panel().Zooms().All();
+    ASSERT_EQ(zooms.size(), 2u);
+    EXPECT_TRUE(zooms[0]->IsFixed() && zooms[0]->GetPhotoIndex() == 2);
+    EXPECT_EQ(zooms[1]->GetPhotoIndex(), selected);
+
+    shown.Press(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
+    shown.frame->findChild<QTabWidget*>()->setCurrentIndex(1);
+    shown.frame->findChild<ToviLabelTreePanel*>()->SelectLabel(LabelNg1);
+    startAgain();
+    EXPECT_EQ(shown.Data().GetSelectedIndex(), LabelNg1);
+    EXPECT_EQ(shown.Data().GetCurrentPhotoCount(), 1);
+    shown.frame.reset();
 }
 
 TEST(FrameHistory, ShowsAgainWhatIsHidden)

@@ -17,6 +17,8 @@
 namespace
 {
 constexpr unsigned int windowId = 106;
+constexpr const char* runningEntry = "extraction.running";
+constexpr const char* searchEntry = "search";
 } // namespace
 
 FrameExtraction::FrameExtraction(QMainWindow* theFrame, ViewerDocument& theDocument,
@@ -121,6 +123,22 @@ void FrameExtraction::SearchFor(const CString& text, bool ofLabel)
 void FrameExtraction::Search(bool ofLabel)
 {
     if (document.Data() != nullptr) SearchFor(strip->SearchText(), ofLabel);
+}
+
+ConditionEntries FrameExtraction::Keep() const
+{
+    ConditionEntries entries = EntriesOf(window->GetConditions());
+    if (window->IsRunning()) entries[runningEntry] = "1";
+    if (document.Data() != nullptr && !document.Data()->GetSearchText().empty())
+        entries[searchEntry] = document.Data()->GetSearchText();
+    return entries;
+}
+
+void FrameExtraction::Resume(const ConditionEntries& entries)
+{
+    window->Resume(ConditionsIn(entries), entries.contains(runningEntry));
+    const auto text = entries.find(searchEntry);
+    if (text != entries.end()) strip->Search(text->second);
 }
 
 void FrameExtraction::EndSearch(bool ofLabel)

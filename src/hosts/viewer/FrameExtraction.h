@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/text/Text.h"
+#include "extraction/ConditionEntries.h"
 
 #include <QObject>
 
@@ -39,6 +39,9 @@ public:
     void BeginSearch();
     /// Narrows the photographs on show to those in which the text in the field is found.
     void Search(bool ofLabel);
+    /// What narrows the photographs, as entries that outlive the program, and takes that up again.
+    ConditionEntries Keep() const;
+    void Resume(const ConditionEntries& entries);
     /// Lets go of the search alone.
     void EndSearch(bool ofLabel);
     /// Lets go of the extraction and the search.

@@ -9,6 +9,8 @@ namespace
 constexpr const char* section = "Viewer";
 constexpr const char* recentSection = "RecentDeliveries";
 constexpr int recentCount = 8;
+constexpr const char* openEntry = "OpenDelivery";
+constexpr const char* opensLastEntry = "OpensLast";
 
 CString RecentEntry(int place)
 {
@@ -36,7 +38,7 @@ QByteArray FrameState::ReadBytes(const char* entry)
 
 void FrameState::WriteBytes(const char* entry, const QByteArray& bytes)
 {
-    Write(section, entry, bytes.toBase64().toStdString());
+    if (bytes != ReadBytes(entry)) Write(section, entry, bytes.toBase64().toStdString());
 }
 
 CString FrameState::FolderToStartIn(const char* entry)
@@ -74,4 +76,24 @@ void FrameState::AddRecentDelivery(const CString& folder)
         }
         return true;
     });
+}
+
+CString FrameState::OpenDelivery()
+{
+    return Read(section, openEntry);
+}
+
+void FrameState::SetOpenDelivery(const CString& folder)
+{
+    Write(section, openEntry, folder);
+}
+
+bool FrameState::OpensLast()
+{
+    return Read(section, opensLastEntry) == "1";
+}
+
+void FrameState::SetOpensLast(bool wanted)
+{
+    Write(section, opensLastEntry, wanted ? "1" : "0");
 }

@@ -23,4 +23,11 @@ void SetLastFolder(const char* entry, const CString& folder);
 CStringArray RecentDeliveries();
 /// Puts \p folder in front of them.
 void AddRecentDelivery(const CString& folder);
+
+/// The delivery that is open, or was when the program ended; empty for none.
+CString OpenDelivery();
+void SetOpenDelivery(const CString& folder);
+/// The user wants that one opened at the start.
+bool OpensLast();
+void SetOpensLast(bool wanted);
 } // namespace FrameState

@@ -4,6 +4,7 @@
 #include "hosts/viewer/FrameExtraction.h"
 #include "hosts/viewer/FrameKeys.h"
 #include "hosts/viewer/FrameLabels.h"
+#include "hosts/viewer/FrameSession.h"
 #include "hosts/viewer/FrameState.h"
 #include "hosts/viewer/GroundMenu.h"
 #include "hosts/viewer/HistoryWatch.h"
@@ -86,8 +87,11 @@ MainFrame::MainFrame()
     ConnectSettings();
     ConnectExtraction();
     ConnectHistory();
+    session = new FrameSession(
+        this, document, {trees, folderTree.get(), labelTree.get(), photoPanel.get(), extraction});
     FillRecent();
     RestoreState();
+    connect(session, &FrameSession::KeepDue, this, &MainFrame::SaveState);
     Refresh();
 }
 
@@ -290,7 +294,8 @@ void MainFrame::RestoreState()
 
 void MainFrame::SaveState()
 {
-    slideShow->End();
+    // The show has put windows away that come back.
+    if (slideShow->IsOn()) return;
     FrameState::WriteBytes("Geometry", saveGeometry());
     FrameState::WriteBytes("Docks", saveState(frameStateVersion));
 }
@@ -430,6 +435,7 @@ void MainFrame::closeEvent(QCloseEvent* event)
         event->ignore();
         return;
     }
+    slideShow->End();
     SaveState();
     document.Close();
     event->accept();

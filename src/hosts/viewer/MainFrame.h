@@ -8,6 +8,7 @@
 class FrameExtraction;
 class FrameKeys;
 class FrameLabels;
+class FrameSession;
 class DetailDock;
 class HistoryWatch;
 class NoPhotosPage;
@@ -42,6 +43,8 @@ public:
     /// Opens the delivery whose first disc or folder is \p path, and asks for the others until no
     /// file is missing or the user gives up. As above otherwise.
     bool OpenDiscs(const CString& path);
+    /// Opens the delivery that was open when the program ended last, if the user wants that.
+    void OpenLast();
     /// Takes up the inspection in the file \p path. What is wrong is told in a message.
     bool OpenRecord(const CString& path);
     /// Shows what the machine lacks (see WhatMachineLacks) in a strip.
@@ -134,6 +137,7 @@ private:
     FrameKeys* keys = nullptr;
     FrameLabels* labels = nullptr;
     HistoryWatch* historyWatch = nullptr;
+    FrameSession* session = nullptr;
     std::unique_ptr<DetailDock> detailDock;
     std::unique_ptr<ReviewBar> reviewBar;
     std::unique_ptr<SlideShow> slideShow;

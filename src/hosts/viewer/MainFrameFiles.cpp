@@ -2,6 +2,7 @@
 
 #include "hosts/viewer/DeliveryChoice.h"
 #include "hosts/viewer/FrameLabels.h"
+#include "hosts/viewer/FrameSession.h"
 #include "hosts/viewer/FrameState.h"
 #include "hosts/viewer/MainFrame.h"
 #include "hosts/viewer/SlideShow.h"
@@ -40,9 +41,16 @@ bool MainFrame::OpenDelivery(const CString& path, std::optional<PhotoXMLType> fa
     CString folder = MibAbsolutePath(document.Folder());
     while (folder.size() > 1 && folder.ends_with('/')) folder.pop_back();
     FrameState::AddRecentDelivery(folder);
+    FrameState::SetOpenDelivery(folder);
     FrameState::SetLastFolder(FrameState::deliveryFolder, FolderOfFile(folder));
     FillRecent();
     return true;
+}
+
+void MainFrame::OpenLast()
+{
+    const CString folder = FrameState::OpenDelivery();
+    if (FrameState::OpensLast() && !folder.empty()) OpenDelivery(folder, std::nullopt);
 }
 
 bool MainFrame::ShowOpened(const CString& problem)
@@ -53,6 +61,7 @@ bool MainFrame::ShowOpened(const CString& problem)
     // While another delivery stays open, the page that would tell is out of sight.
     if (!problem.empty() && document.Data() != nullptr) Tell(problem);
     Refresh();
+    if (problem.empty()) session->Restore();
     if (problem.empty()) photoPanel->setFocus();
     if (problem.empty() && !document.Notice().empty()) Tell(document.Notice());
     return problem.empty();
@@ -138,6 +147,7 @@ void MainFrame::CloseDelivery()
     if (!AskToSave()) return;
     slideShow->End();
     document.Close();
+    FrameState::SetOpenDelivery({});
     Refresh();
 }
 

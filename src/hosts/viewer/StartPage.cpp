@@ -1,10 +1,12 @@
 #include "hosts/viewer/StartPage.h"
 
+#include "hosts/viewer/FrameState.h"
 #include "platform/controls/ToolTipText.h"
 #include "platform/text/QtText.h"
 #include "windows/pictures/Pictures.h"
 
 #include <QAction>
+#include <QCheckBox>
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollArea>
@@ -43,7 +45,8 @@ QLayout* MakeHead()
 
 StartPage::StartPage(QAction* open)
     : problem(Line(QString())), recentTitle(Line(QStringLiteral("最近開いた納品データ"))),
-      recent(new QVBoxLayout)
+      recent(new QVBoxLayout),
+      opensLast(new QCheckBox(QStringLiteral("次に起動したとき、閉じていない納品データを開く")))
 {
     auto* content = new QWidget;
     content->setMaximumWidth(contentWidth);
@@ -72,6 +75,9 @@ StartPage::StartPage(QAction* open)
     column->addWidget(recentTitle);
     recent->setSpacing(2);
     column->addLayout(recent);
+    opensLast->hide();
+    connect(opensLast, &QCheckBox::clicked, this, &FrameState::SetOpensLast);
+    column->addWidget(opensLast);
     column->addStretch();
 
     auto* page = new QWidget;
@@ -103,6 +109,8 @@ void StartPage::ShowRecent(const CStringArray& folders)
         delete item;
     }
     recentTitle->setVisible(!folders.IsEmpty());
+    opensLast->setVisible(!folders.IsEmpty());
+    opensLast->setChecked(FrameState::OpensLast());
     for (const CString& folder : folders) {
         const QString path = QtText(folder);
         QString text = fontMetrics().elidedText(path, Qt::ElideMiddle, contentWidth - 60);

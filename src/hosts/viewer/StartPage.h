@@ -4,6 +4,7 @@
 
 #include <QWidget>
 
+class QCheckBox;
 class QLabel;
 class QVBoxLayout;
 
@@ -29,4 +30,5 @@ private:
     QLabel* problem;
     QLabel* recentTitle;
     QVBoxLayout* recent;
+    QCheckBox* opensLast;
 };

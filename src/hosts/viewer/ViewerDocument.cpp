@@ -57,6 +57,7 @@ void ViewerDocument::Take(OpenedDelivery opened, const CString& named)
 {
     OpenedHistory begun = OpenHistory(*opened.document, named);
     history = std::move(begun.history);
+    session = std::move(begun.session);
     history->SetOnRefusal([this] { emit EditRefused(); });
     if (begun.mark) record.Resume(*begun.mark);
     data = std::move(opened.document);
@@ -79,6 +80,7 @@ void ViewerDocument::Take(OpenedDelivery opened, const CString& named)
 void ViewerDocument::Close()
 {
     if (!data) return;
+    emit Closing();
     UpdateAllViews(nullptr, ToviData::HintDetach, nullptr);
     history.reset();
     data.reset();

@@ -54,6 +54,8 @@ public:
     bool LoadRecord(const CString& path, CString& problem);
     /// What was done to the labels and comments; null while no delivery is open.
     InspectionHistory* History() const { return history.get(); }
+    /// What the windows were at when the inspection that goes on was left; empty for a new one.
+    const SessionEntries& Session() const { return session; }
     /// Labels or comments were changed since they were last saved.
     bool HasUnsavedWork() const { return data && data->IsCheckStatusChanged(); }
 
@@ -68,6 +70,8 @@ public:
 signals:
     /// Another delivery is open.
     void Opened();
+    /// The delivery that is open will be closed now.
+    void Closing();
     /// Any update of the document.
     void Updated();
     /// Labels and comments were to be changed where they may only be looked at.
@@ -80,6 +84,7 @@ private:
     std::vector<ToviPanel*> panels;
     std::unique_ptr<ToviData> data;
     std::unique_ptr<InspectionHistory> history;
+    SessionEntries session;
     CString folder;
     CString notice;
     CString workTitle;

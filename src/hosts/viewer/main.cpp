@@ -53,7 +53,9 @@ int Run(const ViewerOptions& options)
     frame.TellLacks(lacks);
     frame.TellKeys();
     frame.show();
-    if (!options.delivery.empty()) {
+    if (options.delivery.empty()) {
+        frame.OpenLast();
+    } else {
         frame.OpenDelivery(options.delivery, options.family, options.record);
     }
     return QApplication::exec();

@@ -43,6 +43,13 @@ void ExtractionStrip::BeginSearch()
     field->selectAll();
 }
 
+void ExtractionStrip::Search(const CString& words)
+{
+    field->show();
+    ShowIfNeeded();
+    field->setText(QtText(words));
+}
+
 void ExtractionStrip::EndSearch()
 {
     const QSignalBlocker quiet(field);

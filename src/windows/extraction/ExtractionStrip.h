@@ -22,6 +22,8 @@ public:
     void Tell(const CString& sentence, const CString& end);
     /// Shows the field with the focus in it, and what stands there selected.
     void BeginSearch();
+    /// Shows the field with \p words in it, as if they had been typed.
+    void Search(const CString& words);
     /// Empties the field and hides it.
     void EndSearch();
     /// What stands in the field.

@@ -196,6 +196,19 @@ void ToviExtractionWindow::OnBnClickedExecute()
                                     MessageIcon::Information);
 }
 
+void ToviExtractionWindow::Resume(const ExtractionConditions& newConditions, bool runs)
+{
+    if (GetData() == nullptr) return;
+    conditions = newConditions;
+    for (std::size_t i = 0; i < checks.size(); ++i) {
+        checks[i]->setChecked(conditions.*simpleConditions[i].on);
+    }
+    running = runs && HasCondition(conditions);
+    if (running) GetData()->ExecExtraction();
+    ShowState();
+    emit StateChanged();
+}
+
 void ToviExtractionWindow::OnBnClickedDetails()
 {
     if (GetData() == nullptr) return;

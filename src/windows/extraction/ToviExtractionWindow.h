@@ -27,6 +27,8 @@ public:
     void OnBnClickedDetails();
     /// Switches extraction on, or off.
     void OnBnClickedExecute();
+    /// Takes \p newConditions in place of those that are set, and extracts by them if \p runs.
+    void Resume(const ExtractionConditions& newConditions, bool runs);
     /// Enables or disables what conditions are set by: while the photographs of a label are on
     /// show, they don't count.
     void EnableExtractCtrl(bool enable);

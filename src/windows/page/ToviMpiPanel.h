@@ -127,6 +127,7 @@ public:
     const ToviPhoto* GetZoomPhoto() const { return zoomPhoto; }
     void ClearMessageState() { zoomPhoto = nullptr; }
     ZoomWindows& Zooms() { return zooms; }
+    const ZoomWindows& Zooms() const { return zooms; }
 
 signals:
     /// Another page is on show, or their number is another one.

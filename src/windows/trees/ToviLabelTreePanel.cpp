@@ -46,6 +46,14 @@ bool ToviLabelTreePanel::IsSelectTreeRoot()
     return selected != nullptr && selected == tree->GetRootItem();
 }
 
+void ToviLabelTreePanel::SelectLabel(int label)
+{
+    QTreeWidgetItem* const root = tree->GetRootItem();
+    if (root != nullptr && label >= 0 && label < root->childCount()) {
+        tree->setCurrentItem(root->child(label));
+    }
+}
+
 void ToviLabelTreePanel::OnPostVisible()
 {
     if (GetData() == nullptr) return;

@@ -13,6 +13,8 @@ public:
 
     bool IsLabelTreePanel() override { return true; }
     bool IsSelectTreeRoot() override;
+    /// Selects \p label, if it is one.
+    void SelectLabel(int label);
     void OnPostVisible() override;
     void OnUpdate(CWnd* sender, ToviData::UpdateHint hint, CObject* object) override;
 

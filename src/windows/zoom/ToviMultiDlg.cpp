@@ -414,12 +414,18 @@ void ToviMultiDlg::OnCommand(int id)
         emit CloseAllRequested();
         break;
     case Fix:
-        isFixed = windowToolBar->IsButtonChecked(Fix);
-        windowToolBar->SetButtonImage(Fix, isFixed ? pinnedPicture : pinPicture);
+        SetFixed(windowToolBar->IsButtonChecked(Fix));
         break;
     default:
         break;
     }
+}
+
+void ToviMultiDlg::SetFixed(bool fixed)
+{
+    isFixed = fixed;
+    windowToolBar->CheckButton(Fix, fixed);
+    windowToolBar->SetButtonImage(Fix, isFixed ? pinnedPicture : pinPicture);
 }
 
 void ToviMultiDlg::OnBrightness(int position)

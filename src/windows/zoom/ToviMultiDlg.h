@@ -51,6 +51,7 @@ public:
     bool IsInfoVisible() const { return infoVisible; }
     void SetKeepsView(bool keeps);
     bool IsFixed() const { return isFixed; }
+    void SetFixed(bool fixed);
     /// Fills the information and the title anew.
     void RefreshInfo();
     /// Shows the labels, their names and the selection anew.
