@@ -325,6 +325,26 @@ TEST(SlideMode, ShowsOnePhotographAtATime)
     shown.Data().SetCheckStatusChanged(false);
 }
 
+TEST(SlideMode, IsPagedAndLeftWithTheMouse)
+{
+    ShownFrame shown;
+    ASSERT_TRUE(shown.Open());
+    shown.Press(Qt::Key_F5);
+    const auto* const bar = shown.frame->findChild<QWidget*>(QStringLiteral("slideBar"));
+    const QList<QPushButton*> buttons = bar->findChildren<QPushButton*>();
+    const auto number = [bar] { return FromQtText(bar->findChild<QLabel*>()->text()); };
+    EXPECT_EQ(number(), "1 / 8");
+    for (const auto& [button, tells] : {std::pair(1, "2 / 8"), {1, "3 / 8"}, {0, "2 / 8"}}) {
+        QTest::mouseClick(buttons[button], Qt::LeftButton);
+        EXPECT_EQ(number(), tells);
+    }
+    shown.Press(Qt::Key_Right);
+    EXPECT_EQ(number(), "3 / 8");
+    QTest::mouseClick(buttons[2], Qt::LeftButton);
+    EXPECT_FALSE(IsSlideMode() || bar->isVisible());
+    EXPECT_TRUE(shown.Panel().isAncestorOf(QApplication::focusWidget()));
+}
+
 TEST(SlideMode, EndsWithWhatLeavesOnePhotograph)
 {
     ShownFrame shown;

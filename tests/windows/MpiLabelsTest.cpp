@@ -3,8 +3,12 @@
 #include "support/Texts.h"
 #include "windows/cell/ToviLabelButton.h"
 #include "windows/list/ToviPhotoListCtrl.h"
+#include "windows/page/EditEcho.h"
+#include "windows/page/VerdictEcho.h"
 #include "windows/panel/ToviPopUpMenu.h"
 #include "windows/ShownDelivery.h"
+
+#include <QAccessible>
 
 namespace
 {
@@ -239,5 +243,46 @@ TEST(MpiLabels, ActOnAllThatAreSelectedAsOneEdit)
         EXPECT_EQ(shown.panel.CountSelected(), 1);
         EXPECT_EQ(shown.Selected(), 11);
     }
+}
+
+TEST(Echo, SaysWhatWasDone)
+{
+    const auto set = [](std::initializer_list<unsigned int> pasted) {
+        PhotoReview review;
+        for (const unsigned int slot : pasted) review.labels.set(slot);
+        return review;
+    };
+    const PhotoReview none, ok = set({LabelOk}), ng = set({LabelNg1, LabelNg2});
+    const struct
+    {
+        std::vector<std::pair<PhotoReview, PhotoReview>> changes;
+        const char* words;
+    } cases[] = {{{{none, ok}}, "OK"},
+                 {{{ng, ok}}, "OK"},
+                 {{{set({LabelNg1}), ng}}, "NG2 誤記"},
+                 {{{ng, none}}, "外す：NG1 追記、NG2 誤記"},
+                 {{{none, set({LabelFree})}, {ok, set({LabelFree, LabelOk})}}, "任意 印刷（2枚）"},
+                 {{{none, set({LabelComment})}}, ""},
+                 {{}, ""}};
+    const ToviLabelManager names;
+    for (const auto& [changes, words] : cases) {
+        LabelEdit edit(LabelEdit::Batch);
+        for (const auto& [before, after] : changes) edit.changes.push_back({0, before, after});
+        EXPECT_EQ(FromQtText(EchoOf(edit, names)), words);
+    }
+}
+
+TEST(Echo, ShowsAndIsSpokenForASecond)
+{
+    ShownDelivery shown(8, Setting::DivideSix);
+    shown.panel.OperateNextPhoto();
+    shown.panel.ToggleLabel(LabelNg2);
+    auto* const echo = shown.panel.findChild<VerdictEcho*>();
+    ASSERT_TRUE(echo->isVisible());
+    EXPECT_TRUE(shown.Cells()[1]->geometry().contains(echo->geometry().center()));
+    const auto* const spoken = QAccessible::queryAccessibleInterface(echo);
+    EXPECT_EQ(spoken->role(), QAccessible::AlertMessage);
+    EXPECT_EQ(FromQtText(spoken->text(QAccessible::Name)), "NG2 誤記");
+    EXPECT_TRUE(QTest::qWaitFor([echo] { return echo->isHidden(); }, 2000));
 }
 } // namespace

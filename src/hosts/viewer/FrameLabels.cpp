@@ -70,7 +70,7 @@ void FrameLabels::BeginComment()
     if (RefuseInSlideMode(SlideModeRefusal::EditComment)) return;
     FinishComment();
     const CommentedPhotos selected = panel->SelectedForComment();
-    if (selected.photos.empty()) return;
+    if (selected.photos.empty() || !panel->GetData()->GetLabelEdits().MayChange()) return;
     commented = selected.photos;
     entry->Begin(selected.words, selected.comment);
     entry->TakeFocus();

@@ -78,10 +78,10 @@ MainFrame::MainFrame()
     keys = new FrameKeys(this, actions, photoPanel.get());
     labels = new FrameLabels(this, actions, photoPanel.get());
     historyWatch = new HistoryWatch(this, document);
+    slideShow = std::make_unique<SlideShow>(this, photoPanel.get());
     CreatePanels();
     CreateDock();
     CreateBars();
-    slideShow = std::make_unique<SlideShow>(this, photoPanel.get());
     ConnectCommands();
     ConnectOutputs();
     ConnectSettings();
@@ -116,6 +116,7 @@ void MainFrame::CreatePanels()
     column->addWidget(extraction->Strip());
     column->addWidget(centre, 1);
     column->addWidget(labels->CommentStrip());
+    column->addWidget(slideShow->Bar());
     centre->addWidget(extraction->NothingPage());
     centre->addWidget(noPhotos);
     setCentralWidget(middle);

@@ -6,14 +6,64 @@
 
 #include <QApplication>
 #include <QDockWidget>
+#include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QMenuBar>
+#include <QPushButton>
 #include <QStatusBar>
 #include <QToolBar>
 
+/// \p colors with light words on a dark ground.
+static QPalette Dark(QPalette colors)
+{
+    colors.setColor(QPalette::Window, QColor(32, 32, 32));
+    colors.setColor(QPalette::WindowText, QColor(230, 230, 230));
+    return colors;
+}
+
 SlideShow::SlideShow(QMainWindow* mainWindow, ToviMpiPanel* photoPanel)
-    : QObject(mainWindow), frame(mainWindow), panel(photoPanel)
-{}
+    : QObject(mainWindow), frame(mainWindow), panel(photoPanel), bar(new QWidget),
+      number(new QLabel)
+{
+    MakeBar();
+    connect(panel, &ToviMpiPanel::SelectionChanged, this, &SlideShow::ShowNumber);
+}
+
+void SlideShow::MakeBar()
+{
+    bar->setObjectName(QStringLiteral("slideBar"));
+    bar->setPalette(Dark(bar->palette()));
+    bar->setAutoFillBackground(true);
+    bar->hide();
+    number->setAlignment(Qt::AlignCenter);
+    number->setMinimumWidth(
+        number->fontMetrics().horizontalAdvance(QStringLiteral("000000 / 000000")));
+    auto* const row = new QHBoxLayout(bar);
+    row->setContentsMargins(8, 4, 8, 4);
+    const auto add = [this, row](const char* text, auto operation) {
+        auto* const button = new QPushButton(QString::fromUtf8(text));
+        // The keys stay with the photograph.
+        button->setFocusPolicy(Qt::NoFocus);
+        connect(button, &QPushButton::clicked, this, operation);
+        row->addWidget(button);
+    };
+    row->addStretch();
+    add("◀ 前", [this] { Step(-1); });
+    row->addWidget(number);
+    add("次 ▶", [this] { Step(1); });
+    row->addStretch();
+    add("スライドモードを終了", [this] { End(); });
+}
+
+void SlideShow::ShowNumber()
+{
+    const ToviData* const data = panel->GetData();
+    if (!isOn || data == nullptr) return;
+    number->setText(QStringLiteral("%1 / %2")
+                        .arg(data->GetSelectCurIndex() + 1)
+                        .arg(data->GetCurrentPhotoCount()));
+}
 
 void SlideShow::Begin()
 {
@@ -23,9 +73,13 @@ void SlideShow::Begin()
     PhotoGround::Get().SetSlideMode(true);
     before = frame->windowState();
     QList<QWidget*> around = {frame->menuBar(), frame->statusBar()};
-    for (QToolBar* bar : frame->findChildren<QToolBar*>(QString(), Qt::FindDirectChildrenOnly))
-        around << bar;
+    for (QToolBar* tools : frame->findChildren<QToolBar*>(QString(), Qt::FindDirectChildrenOnly))
+        around << tools;
     for (QDockWidget* dock : frame->findChildren<QDockWidget*>()) around << dock;
+    for (QWidget* part :
+         frame->centralWidget()->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+        if (part != bar && !part->isAncestorOf(panel)) around << part;
+    }
     for (QWidget* widget : around) {
         if (widget->isHidden()) continue;
         hidden << widget;
@@ -35,7 +89,10 @@ void SlideShow::Begin()
     single.SetDivType(ToviPhotoCtrlVisualSetting::DivideOne);
     single.SetImageTextArrange(ToviPhotoCtrlVisualSetting::TextHidden);
     panel->SetVisualSetting(single, true);
+    ShowNumber();
+    bar->show();
     frame->showFullScreen();
+    panel->setFocus();
     qApp->installEventFilter(this);
 }
 
@@ -50,6 +107,7 @@ void SlideShow::End()
         if (widget) widget->show();
     }
     hidden.clear();
+    bar->hide();
     frame->setWindowState(before);
     if (const ToviData* data = panel->GetData()) {
         panel->SetVisualSetting(data->GetVisualSetting(), true);

@@ -2,9 +2,10 @@
 
 #include "platform/text/QtText.h"
 
+#include <QApplication>
 #include <QCloseEvent>
-#include <QCoreApplication>
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
@@ -35,16 +36,11 @@ void ProgressWindow::closeEvent(QCloseEvent* event)
     if (cancelButton->isEnabled()) cancelled = true;
 }
 
-void ProgressWindow::keyPressEvent(QKeyEvent* event)
-{
-    if (event->key() == Qt::Key_Escape) close();
-    QWidget::keyPressEvent(event);
-}
-
 ProgressWindowPort::ProgressWindowPort(QWidget* windowOwner)
     : owner(windowOwner), window(new ProgressWindow(windowOwner))
 {
-    if (owner) owner->installEventFilter(this);
+    // The owner may keep the keyboard, though it is disabled.
+    qApp->installEventFilter(this);
 }
 
 ProgressWindowPort::~ProgressWindowPort()
@@ -55,10 +51,24 @@ ProgressWindowPort::~ProgressWindowPort()
 
 bool ProgressWindowPort::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() != QEvent::Close) return QObject::eventFilter(watched, event);
+    if (IsCancelKey(*event)) {
+        window->cancelled = true;
+        return true;
+    }
+    const bool isClose = watched == owner && event->type() == QEvent::Close;
+    if (!isClose) return QObject::eventFilter(watched, event);
     closeRequested = true;
     event->ignore();
     return true;
+}
+
+/// Esc, wherever it is pressed, unless a question is open.
+bool ProgressWindowPort::IsCancelKey(const QEvent& event) const
+{
+    return event.type() == QEvent::KeyPress && window && window->isVisible() &&
+           window->cancelButton->isVisible() && QApplication::activeModalWidget() == nullptr &&
+           QApplication::activePopupWidget() == nullptr &&
+           static_cast<const QKeyEvent&>(event).key() == Qt::Key_Escape;
 }
 
 void ProgressWindowPort::EnableOwner(bool enable)

@@ -27,7 +27,6 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
 };
 
 /// A ProgressWindow as the model knows it. While it is up, its owner is not closed: a request to
@@ -55,6 +54,8 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    bool IsCancelKey(const QEvent& event) const;
+
     QPointer<QWidget> owner;
     /// Had the focus in the owner while that is disabled.
     QPointer<QWidget> focus;

@@ -48,6 +48,7 @@ constexpr KeyRow rows[] = {
     {Command::ArrangeZooms, "ArrangeZooms", Group::View, "拡大写真の整列(&A)", "Ctrl+T"},
     {Command::CloseZooms, "CloseZooms", Group::View, "拡大写真の全閉(&Q)", "Ctrl+Shift+W"},
     {Command::SlideMode, "SlideMode", Group::View, "スライドモード(&S)", "F5"},
+    {Command::Fixed, "", Group::View, "スライドモードを終える", "Esc"},
     {Command::ShowDetail, "ShowDetail", Group::View, "詳細(&D)", "Ctrl+D"},
     {Command::ShowPosition, "ShowPosition", Group::View, "写真格納位置の確認(&P)", "Ctrl+L"},
     {Command::FirstPhoto, "FirstPhoto", Group::Move, "最初の写真(&H)", "Home"},

@@ -140,8 +140,8 @@ QRect PhotoViews::PlaceOf(int position) const
     };
     if (list) return onScreen(*list->View()->viewport(), list->GetItemRect(position));
     const int index = std::max(0, cells.CellOf(position));
-    const QWidget& shown = index < cells.Count() ? cells.At(index) : parent;
-    return onScreen(shown, shown.rect());
+    if (index >= cells.Count()) return onScreen(parent, parent.rect());
+    return onScreen(cells.At(index), QRect({}, cells.At(index).GetImageSize()));
 }
 
 void PhotoViews::ShowLabels(int position)

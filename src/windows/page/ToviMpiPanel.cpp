@@ -8,6 +8,7 @@
 #include "review/SlideMode.h"
 #include "windows/list/ToviPhotoListCtrl.h"
 #include "windows/loader/FileLoader.h"
+#include "windows/page/VerdictEcho.h"
 #include "windows/panel/ToviPopUpMenu.h"
 #include "windows/panel/UncheckedSearch.h"
 #include "windows/pictures/PhotoGround.h"
@@ -68,6 +69,7 @@ ToviMpiPanel::ToviMpiPanel(CDocument* theDocument)
 {
     PhotoGround::Get().LieUnder(*this, QPalette::Window);
     setAutoFillBackground(true);
+    echo = new VerdictEcho(this);
     connect(&views, &PhotoViews::CellClicked, this, &ToviMpiPanel::OnSpiClicked);
     connect(&views, &PhotoViews::CellDoubleClicked, this, &ToviMpiPanel::OnSpiDblClicked);
     connect(&views, &PhotoViews::CellRightClicked, this, &ToviMpiPanel::OnSpiRClicked);
@@ -152,7 +154,7 @@ void ToviMpiPanel::OnUpdate(CWnd* sender, ToviData::UpdateHint hint, CObject* ob
                                          ? GetData()->GetVisualSetting().GetDivType()
                                          : visualSetting.GetDivType();
     if (const auto* const edit = dynamic_cast<const LabelEdit*>(object)) {
-        ShowEdit(*edit);
+        ShowOutcome(*edit);
         return;
     }
     for (const PanelStep step : StepsOf(hint, mode)) TakeStep(step);

@@ -15,6 +15,7 @@
 #include <QPointer>
 
 class ToviPopUpMenu;
+class VerdictEcho;
 
 /// Photographs whose comment is to be written, what they are called, and their comment of now.
 struct CommentedPhotos
@@ -166,6 +167,8 @@ private:
     std::optional<CString> AskComment(const LabelCommands::Photos& photos,
                                       const CString& comment) override;
     void ShowEdit(const LabelEdit& edit) override;
+    void ShowOutcome(const LabelEdit& edit);
+    void ShowEcho(const LabelEdit& edit);
     void ShowChange(const LabelEdit::Change& change);
 
     int PhotoCount() const;
@@ -212,6 +215,7 @@ private:
     ZoomWindows zooms{*this};
     const ToviPhoto* zoomPhoto = nullptr;
     QPointer<ToviPopUpMenu> menu;
+    VerdictEcho* echo;
     /// What the host was told last.
     std::pair<int, int> toldPages;
     std::optional<Setting::DivideType> toldMode;

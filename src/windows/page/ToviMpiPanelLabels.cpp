@@ -8,6 +8,8 @@
 #include "windows/comments/CommentTexts.h"
 #include "windows/dialogs/ToviInputCommentDlg.h"
 #include "windows/list/ToviPhotoListCtrl.h"
+#include "windows/page/EditEcho.h"
+#include "windows/page/VerdictEcho.h"
 #include "windows/panel/ToviPopUpMenu.h"
 
 #include <QCursor>
@@ -47,12 +49,30 @@ QString ToviMpiPanel::WordsFor(const LabelCommands::Photos& photos) const
 
 void ToviMpiPanel::ShowEdit(const LabelEdit& edit)
 {
+    ShowOutcome(edit);
+    ShowEcho(edit);
+}
+
+void ToviMpiPanel::ShowOutcome(const LabelEdit& edit)
+{
     if (edit.kind == LabelEdit::OnePhoto) {
         for (const LabelEdit::Change& change : edit.changes) ShowChange(change);
     } else {
         InvalidateAllCtrls();
     }
     zooms.RefreshLabels();
+}
+
+/// Over the photograph, or the whole panel where it isn't on show.
+void ToviMpiPanel::ShowEcho(const LabelEdit& edit)
+{
+    const QString words = EchoOf(edit, *GetData()->GetLabelManager());
+    if (words.isEmpty()) return;
+    const int position = GetData()->GetCurrentArray().Find(edit.changes.front().photo);
+    const QRect seen = views.PlaceOf(position);
+    const QRect place(mapFromGlobal(seen.topLeft()), seen.size());
+    const bool isInSight = position >= 0 && edit.changes.size() == 1 && rect().intersects(place);
+    echo->Tell(words, isInSight ? place : rect());
 }
 
 void ToviMpiPanel::ShowChange(const LabelEdit::Change& change)
