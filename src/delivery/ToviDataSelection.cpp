@@ -1,5 +1,6 @@
 #include "delivery/ToviDataParts.h"
 #include "extraction/ExtractionEngine.h"
+#include "extraction/ReviewOrder.h"
 #include "extraction/ToviExtractionDlg.h"
 #include "extraction/ToviSorter.h"
 #include "photos/TreeBuilder.h"
@@ -28,6 +29,8 @@ ToviSortCondition* ToviData::OnCreateSortCondition()
 
 void ToviData::Sort()
 {
+    const ToviSortCondition& order = *parts->sortCondition;
+    if (SortByReview(order.GetKeyItem(), order.IsAscending(), parts->photos, curPhotos)) return;
     ToviSorter sorter(parts->columns, parts->itemDef);
     sorter.PrepareSort(parts->sortCondition->GetKeyItem(), curPhotos);
     sorter.QuickSort(parts->sortCondition->IsAscending(), curPhotos);

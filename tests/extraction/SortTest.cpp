@@ -166,4 +166,30 @@ TEST(SortCondition, IsAscendingWhenItDoesNotSort)
     descending.ExecSort(false);
     EXPECT_TRUE(descending.IsAscending());
 }
+TEST(Sort, GoesByLabelsAndCommentsToo)
+{
+    OpenedSample sample(DeliveryBuilder({.photos = 5, .drawings = 0, .images = false}));
+    ToviData& document = *sample.document;
+    PasteLabel(document, 0, LabelNg2);
+    PasteLabel(document, 1, LabelOk);
+    PasteLabel(document, 3, LabelNg2);
+    PasteLabel(document, 3, LabelFree);
+    SetComment(document, 2, "い");
+    SetComment(document, 4, "あ");
+    const std::tuple<const char*, bool, const char*> cases[] = {{"付箋", true, "13024"},
+                                                                {"付箋", false, "42031"},
+                                                                {"コメント", true, "01342"},
+                                                                {"コメント", false, "24310"}};
+    for (const auto& [key, isUpwards, order] : cases) {
+        ToviSortCondition condition;
+        condition.ExecSort(true);
+        condition.SetKeyItem(key);
+        condition.Ascending(isUpwards);
+        document.SetSortCondition(condition);
+        document.Sort();
+        CString digits;
+        for (const int index : document.GetCurrentArray()) digits += std::to_string(index);
+        EXPECT_EQ(digits, order) << key;
+    }
+}
 } // namespace

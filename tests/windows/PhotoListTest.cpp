@@ -2,7 +2,6 @@
 #include "platform/text/QtText.h"
 #include "support/Labels.h"
 #include "support/OpenedSample.h"
-#include "windows/list/FloatyPlace.h"
 #include "windows/list/PhotoListContent.h"
 #include "windows/list/ToviPhotoListCtrl.h"
 #include "windows/loader/FileLoader.h"
@@ -12,11 +11,10 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QHeaderView>
-#include <QScrollBar>
+#include <QSignalSpy>
 #include <QTest>
 #include <QToolButton>
 #include <QTreeView>
-#include <QWheelEvent>
 
 #include <map>
 #include <set>
@@ -28,19 +26,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Not;
 using Look = GaluListCtrl::Look;
-
-TEST(FloatyPlace, IsBelowTheItemOrAboveWhereTheListEnds)
-{
-    const auto place = [](CellPlace item, int indent = 0) {
-        return PlaceFloaty(item, indent, 240, 40, 800, 500);
-    };
-    EXPECT_EQ(place({-30, 10, 174, 198}), (FloatyPlace{0, 208, true}));
-    EXPECT_EQ(place({650, 10, 174, 198}), (FloatyPlace{560, 208, true}));
-    EXPECT_EQ(place({20, 262, 174, 198}), (FloatyPlace{20, 222, true})) << "the edge touched";
-    EXPECT_EQ(place({20, 261, 174, 198}), (FloatyPlace{20, 459, true}));
-    EXPECT_EQ(place({-50, 100, 900, 20}, 160), (FloatyPlace{160, 120, true}));
-    EXPECT_FALSE(place({20, -250, 174, 198}).shown);
-}
 
 /// Photographs of the delivery below.
 constexpr int whole = 0, narrow = 1, broken = 2, vector = 3;
@@ -70,8 +55,8 @@ struct Content
     int Row(int photo) const { return document.GetCurrentArray().Find(photo); }
     CString Text(const CString& title)
     {
-        const std::vector<CString> columns = shown.Columns();
-        const auto found = std::ranges::find(columns, title);
+        const std::vector<ListColumn> columns = shown.Columns();
+        const auto found = std::ranges::find(columns, title, &ListColumn::title);
         Fetch(false);
         return shown.Text(Row(whole), static_cast<int>(found - columns.begin()));
     }
@@ -107,9 +92,6 @@ TEST(PhotoListContent, TellsWhatTheSettingsShow)
     EXPECT_EQ(content.Text("コメント"), "再撮影");
     for (const char* fact : {"ファイルサイズ", "撮影日時"})
         EXPECT_NE(content.Text(fact), "") << fact;
-    content.setting.SetVisibleComment(false);
-    EXPECT_THAT(content.shown.Columns(), testing::UnorderedElementsAreArray(titles));
-    EXPECT_EQ(content.Text("コメント"), "");
 
     const int row = content.Row(whole);
     EXPECT_EQ(content.shown.Caption(row), "着手前");
@@ -129,6 +111,36 @@ TEST(PhotoListContent, TellsWhatTheSettingsShow)
     EXPECT_EQ(content.shown.Count(), 0);
     EXPECT_EQ(content.shown.Caption(0) + content.shown.Text(0, 0), "");
     EXPECT_TRUE(content.shown.Tile(0, 1).image.isNull());
+}
+
+TEST(PhotoListContent, PutsWhatTellsAVerdictInFrontAndSortsByIt)
+{
+    Content content;
+    for (ToviItemShowSetting& item : content.setting.GetItemShowSettings()) {
+        item.Bold(item.title == "写真タイトル" || item.title == "シリアル番号" ||
+                  item.title == "ファイルサイズ");
+    }
+    const auto titles = [&content] {
+        CString all;
+        for (const ListColumn& column : content.shown.Columns()) all += column.title + " ";
+        return all;
+    };
+    EXPECT_EQ(titles(), "付箋 コメント シリアル番号 ファイル名 写真タイトル ファイルサイズ ");
+    PasteLabel(content.document, whole, LabelNg1);
+    PasteLabel(content.document, whole, LabelFree);
+    EXPECT_EQ(content.shown.LabelNames(content.Row(whole)), "NG1 追記、任意 印刷");
+    EXPECT_TRUE(content.Text("ファイル名").ends_with(".JPG"));
+
+    for (const auto& order : {std::pair(0, true), std::pair(0, false)}) {
+        EXPECT_TRUE(content.shown.ChangeOrder(0));
+        EXPECT_EQ(content.shown.Order(), order);
+    }
+    EXPECT_TRUE(content.shown.ChangeOrder(0));
+    EXPECT_EQ(content.shown.Order().first, -1) << "a third click brings the tree's order back";
+    EXPECT_FALSE(content.shown.ChangeOrder(5)) << "files would have to be read";
+
+    ListColumnMemory::SetShown("シリアル番号", false);
+    EXPECT_EQ(titles(), "付箋 コメント ファイル名 シリアル番号 写真タイトル ファイルサイズ ");
 }
 
 /// The smallest rectangle with all that differs between two tiles, in device pixels.
@@ -184,7 +196,16 @@ class NotingSource : public PhotoListSource
 {
 public:
     int Count() const override { return count; }
-    std::vector<CString> Columns() const override { return {"写真番号", "写真タイトル", "備考"}; }
+    std::vector<ListColumn> Columns() override
+    {
+        return {{ListColumn::Labels, "付箋", "付箋"},
+                {ListColumn::Item, "写真番号", "写真番号"},
+                {ListColumn::Fact, "備考"}};
+    }
+    std::pair<int, bool> Order() override { return {-1, true}; }
+    bool ChangeOrder(int column) override { return column == 1; }
+    LabelSet Labels(int row) override { return LabelSet(static_cast<unsigned long>(row)); }
+    CString LabelNames(int row) override { return Ask(row); }
     int SelectedRow() const override { return selected; }
     CString Caption(int row) override { return Ask(row); }
     CString Text(int row, int) override { return Ask(row); }
@@ -254,24 +275,6 @@ struct ShownList
     WenToolBarCtrl* Floaty() { return list->findChild<WenToolBarCtrl*>(); }
     QToolButton* Button(int label) { return Floaty()->findChildren<QToolButton*>().at(label + 1); }
     void Key(Qt::Key key) { QTest::keyClick(list->View(), key); }
-    void WheelUp()
-    {
-        const QPointF at(100, 100);
-        QWheelEvent event(at, Viewport()->mapToGlobal(at), {}, {0, 12000}, Qt::NoButton, {},
-                          Qt::NoScrollPhase, false);
-        QApplication::sendEvent(Viewport(), &event);
-    }
-    bool HasFloaty(int milliseconds)
-    {
-        return QTest::qWaitFor([this] { return Floaty()->isVisible(); }, milliseconds);
-    }
-    /// Lets the floaty come now.
-    bool BringFloaty()
-    {
-        list->ScheduleFloaty(true, 0);
-        return HasFloaty(2000);
-    }
-
     NotingSource source;
     QWidget window;
     ToviPhotoListCtrl* list;
@@ -301,7 +304,7 @@ TEST(PhotoList, ShowsTheSelectedRowOfManyOrTheFirst)
         shown.source.count = 0;
         shown.Setup();
         EXPECT_EQ(shown.list->GetSelected(), -1);
-        EXPECT_FALSE(shown.BringFloaty());
+        EXPECT_FALSE(shown.Floaty()->isEnabled());
         for (const Qt::Key key : {Qt::Key_Right, Qt::Key_Menu}) shown.Key(key);
         EXPECT_THAT(shown.Told(), Not(Contains("selected 0")));
     }
@@ -337,11 +340,9 @@ TEST(PhotoList, TellsOfKeysBehindTheMoveAndOfClicks)
 {
     for (const Look look : {Look::Icon, Look::Report}) {
         ShownList shown(look, 3, 2);
-        ASSERT_TRUE(shown.BringFloaty());
         shown.Told();
         shown.Key(Qt::Key_Right);
         EXPECT_THAT(shown.Told(), IsEmpty()) << "at the last item";
-        EXPECT_TRUE(shown.Floaty()->isVisible());
         shown.list->SelectItem(0);
         shown.Told();
         shown.Key(Qt::Key_Left);
@@ -354,8 +355,8 @@ TEST(PhotoList, TellsOfKeysBehindTheMoveAndOfClicks)
                     Contains("selected 1"));
         EXPECT_THAT(click(Qt::RightButton, shown.list->GetItemRect(2).center()),
                     testing::IsSupersetOf({"selected 2", "right 2"}));
-        EXPECT_THAT(click(Qt::LeftButton, {700, 450}), IsEmpty()) << "beside the items";
-        EXPECT_THAT(click(Qt::RightButton, {700, 450}), Not(Contains("right -1")));
+        EXPECT_THAT(click(Qt::LeftButton, {700, 400}), IsEmpty()) << "beside the items";
+        EXPECT_THAT(click(Qt::RightButton, {700, 400}), Not(Contains("right -1")));
     }
     ShownList shown(Look::Icon, 40, 2);
     shown.Told();
@@ -365,52 +366,50 @@ TEST(PhotoList, TellsOfKeysBehindTheMoveAndOfClicks)
     EXPECT_THAT(shown.Told(), Contains("double 3"));
 }
 
-TEST(PhotoList, FloatsTheLabelsBesideTheSelectedItem)
+TEST(PhotoList, CoversNoRowByTheLabels)
 {
-    ShownList icons(Look::Icon);
-    ASSERT_TRUE(icons.BringFloaty());
-    EXPECT_EQ(icons.Floaty()->pos(), icons.list->GetItemRect(0).bottomLeft() + QPoint(0, 1));
-    icons.list->SelectItem(39);
-    ASSERT_TRUE(icons.BringFloaty());
-    EXPECT_EQ(icons.Floaty()->geometry().bottom(), icons.list->GetItemRect(39).top() - 1);
-
-    ShownList report(Look::Report, 400);
-    ASSERT_TRUE(report.BringFloaty());
-    EXPECT_EQ(report.Floaty()->pos(), QPoint(160, report.list->GetItemRect(0).bottom() + 1));
-    auto* const header = qobject_cast<QTreeView*>(report.list->View())->header()->viewport();
-    const QPoint edge(79, header->height() / 2);
-    const std::pair<const char*, std::function<void()>> moves[] = {
-        {"key", [&] { report.Key(Qt::Key_Down); }},
-        {"wheel at the end", [&] { report.WheelUp(); }},
-        {"resize", [&] { report.list->resize(report.list->width() - 1, 400); }},
-        {"scroll bar", [&] { report.list->View()->verticalScrollBar()->setValue(3); }},
-        {"column",
-         [&] {
-             QTest::mousePress(header, Qt::LeftButton, {}, edge);
-             QMouseEvent drag(QEvent::MouseMove, edge + QPoint(20, 0), header->mapToGlobal(edge),
-                              Qt::LeftButton, Qt::LeftButton, {});
-             QApplication::sendEvent(header, &drag);
-         }},
-    };
-    for (const auto& [what, move] : moves) {
-        report.list->SelectItem(0);
-        ASSERT_TRUE(report.BringFloaty()) << what;
-        move();
-        EXPECT_FALSE(report.Floaty()->isVisible()) << what;
+    for (const Look look : {Look::Icon, Look::Report}) {
+        ShownList shown(look, 400);
+        EXPECT_TRUE(shown.Floaty()->isEnabled());
+        const QRect rows(shown.Viewport()->mapTo(&shown.window, QPoint()),
+                         shown.Viewport()->size());
+        const QRect bar(shown.Floaty()->mapTo(&shown.window, QPoint()), shown.Floaty()->size());
+        EXPECT_FALSE(rows.intersects(bar));
+        EXPECT_LE(bar.bottom(), shown.list->geometry().bottom());
+        shown.list->EnableFloaty(false);
+        EXPECT_FALSE(shown.Floaty()->isEnabled());
     }
-    QTest::mouseRelease(header, Qt::LeftButton, {}, edge + QPoint(20, 0));
-    EXPECT_TRUE(report.HasFloaty(3000));
-    EXPECT_GT(report.Floaty()->x(), 165);
+}
 
-    report.list->ScheduleFloaty(false);
-    report.Key(Qt::Key_Down);
-    EXPECT_FALSE(report.HasFloaty(1200));
+TEST(PhotoList, FitsColumnsUnlessTheUserHasGivenThemAWidth)
+{
+    const TestHost host;
+    ShownList shown(Look::Report);
+    auto* const header = qobject_cast<QTreeView*>(shown.list->View())->header();
+    const int fitted = shown.list->GetColumnWidth(1);
+    EXPECT_NE(fitted, 80);
+    const QPoint edge(header->sectionPosition(1) + fitted - 1, header->height() / 2);
+    QTest::mousePress(header->viewport(), Qt::LeftButton, {}, edge);
+    QMouseEvent drag(QEvent::MouseMove, edge + QPoint(33, 0), header->mapToGlobal(edge),
+                     Qt::LeftButton, Qt::LeftButton, {});
+    QApplication::sendEvent(header->viewport(), &drag);
+    QTest::mouseRelease(header->viewport(), Qt::LeftButton, {}, edge + QPoint(33, 0));
+    shown.Setup();
+    EXPECT_EQ(shown.list->GetColumnWidth(1), fitted + 33);
+    EXPECT_EQ(ShownList(Look::Report).list->GetColumnWidth(1), fitted + 33);
+    EXPECT_FALSE(ListColumnMemory::Width("備考"));
+
+    const QSignalSpy ordered(shown.list, &ToviPhotoListCtrl::OrderChanged);
+    for (const int column : {1, 2}) {
+        const QPoint middle(header->sectionPosition(column) + 5, header->height() / 2);
+        QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, middle);
+    }
+    EXPECT_EQ(ordered.size(), 1) << "by the second there is no order";
 }
 
 TEST(PhotoList, TellsOfTheFloatysButtonsByMouseAndKey)
 {
     ShownList shown(Look::Icon);
-    ASSERT_TRUE(shown.BringFloaty());
     for (int label = 0; label < static_cast<int>(labelCount); ++label) {
         shown.Told();
         QTest::mouseClick(shown.Button(label), Qt::LeftButton);
@@ -427,7 +426,7 @@ TEST(PhotoList, TellsOfTheFloatysButtonsByMouseAndKey)
     shown.Told();
     QTest::keyClick(shown.Button(1), Qt::Key_Space);
     EXPECT_THAT(shown.Told(), ElementsAre("label 1"));
-    shown.list->ScheduleFloaty(false);
+    shown.list->EnableFloaty(false);
     EXPECT_TRUE(shown.list->View()->hasFocus());
 }
 } // namespace

@@ -35,6 +35,8 @@ void MainFrame::ConnectExtraction()
     });
     connect(extraction, &FrameExtraction::PhotosRequested, this,
             [this] { photoPanel->setFocus(); });
+    connect(photoPanel.get(), &ToviMpiPanel::OrderChanged, this,
+            [this] { SwitchTree(trees->currentIndex()); });
     connect(noPhotos, &NoPhotosPage::BackRequested, this, [this] {
         trees->setCurrentWidget(folderTree.get());
         photoPanel->setFocus();

@@ -173,6 +173,12 @@ void GaluListCtrl::SetUpReport()
     // A column is fitted to the rows in sight.
     report->header()->setResizeContentsPrecision(0);
     report->header()->viewport()->installEventFilter(this);
+    report->header()->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(report->header(), &QHeaderView::customContextMenuRequested, this,
+            [this](const QPoint& place) {
+                emit HeaderMenuRequested(report->header()->viewport()->mapToGlobal(place));
+            });
+    connect(report->header(), &QHeaderView::sectionClicked, this, &GaluListCtrl::HeaderClicked);
     connect(report->header(), &QHeaderView::sectionResized, this, [this] {
         if (headerPressed && !headerDragged) emit HeaderDragBegan();
         headerDragged = headerPressed;
@@ -280,6 +286,22 @@ void GaluListCtrl::SetColumnWidth(int column, int width)
 int GaluListCtrl::GetColumnWidth(int column) const
 {
     return report->columnWidth(column);
+}
+
+void GaluListCtrl::ShowOrder(int column, bool ascending)
+{
+    QHeaderView& header = *report->header();
+    header.setSectionsClickable(true);
+    header.setHighlightSections(false);
+    header.setSortIndicatorShown(column >= 0);
+    if (column < 0) return;
+    header.setSortIndicator(column, ascending ? Qt::AscendingOrder : Qt::DescendingOrder);
+}
+
+void GaluListCtrl::FitColumn(int column, int most)
+{
+    report->resizeColumnToContents(column);
+    if (report->columnWidth(column) > most) report->setColumnWidth(column, most);
 }
 
 void GaluListCtrl::SetGridLines(bool show)

@@ -66,7 +66,16 @@ public:
     /// pixels of the layout.
     void SetIconSpacing(QSize imageSize, QSize spacing);
 
+    /// Of a report: its header can be clicked, and shows that the rows are sorted by \p column, or
+    /// by none for -1.
+    void ShowOrder(int column, bool ascending);
+    /// Makes \p column as wide as what is in sight of it and its title need, but at most \p most.
+    void FitColumn(int column, int most);
+
 signals:
+    /// The header of \p column was clicked, or a menu for it is wanted at \p place on the screen.
+    void HeaderClicked(int column);
+    void HeaderMenuRequested(const QPoint& place);
     /// An item was pressed: \p row, or -1 for a place without one.
     void Clicked(int row);
     /// An item was double-clicked, or Enter was pressed at it.

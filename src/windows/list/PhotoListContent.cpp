@@ -1,6 +1,9 @@
 #include "windows/list/PhotoListContent.h"
 
+#include "extraction/ReviewOrder.h"
+#include "extraction/ToviSortCondition.h"
 #include "items/ToviItemDef.h"
+#include "review/LabelCaption.h"
 #include "windows/loader/FileLoader.h"
 
 #include <algorithm>
@@ -36,6 +39,8 @@ void PhotoListContent::SetDocument(ToviData* document)
 {
     data = document;
     fetched = {};
+    columns.clear();
+    items.clear();
     FileLoader::Ours().Leave(this);
 }
 
@@ -44,12 +49,71 @@ int PhotoListContent::Count() const
     return data != nullptr ? data->GetCurrentPhotoCount() : 0;
 }
 
-std::vector<CString> PhotoListContent::Columns() const
+std::vector<ListColumn> PhotoListContent::Columns()
 {
-    std::vector<CString> titles;
-    for (const ToviItemShowSetting* item : ShownItems()) titles.push_back(item->title);
-    if (setting.GetVisibleComment()) titles.push_back("コメント");
-    return titles;
+    columns.clear();
+    AddLeadingColumns();
+    items.assign(columns.size(), nullptr);
+    const auto isThere = [this](const CString& key) {
+        return std::ranges::find(columns, key, &ListColumn::sortKey) != columns.end();
+    };
+    for (const ToviItemShowSetting* item : ShownItems()) {
+        if (item->infoType != InfoDelivery) {
+            columns.push_back({ListColumn::Fact, item->title});
+        } else if (!isThere(item->title)) {
+            columns.push_back({ListColumn::Item, item->title, item->title});
+        } else {
+            continue;
+        }
+        items.push_back(item);
+    }
+    return columns;
+}
+
+void PhotoListContent::AddLeadingColumns()
+{
+    const ListColumn leading[] = {{ListColumn::Labels, leadingColumns[0], labelsSortKey},
+                                  {ListColumn::Comment, leadingColumns[1], commentSortKey},
+                                  {ListColumn::Item, leadingColumns[2], "シリアル番号"},
+                                  {ListColumn::Item, leadingColumns[3], "写真ファイル名"}};
+    for (const ListColumn& column : leading) {
+        if (ListColumnMemory::IsShown(column.title)) columns.push_back(column);
+    }
+}
+
+std::pair<int, bool> PhotoListContent::Order()
+{
+    if (data == nullptr || !data->GetSortCondition().IsExecSort()) return {-1, true};
+    const ToviSortCondition& order = data->GetSortCondition();
+    const auto found = std::ranges::find(columns, order.GetKeyItem(), &ListColumn::sortKey);
+    const bool isShown = found != columns.end();
+    return {isShown ? static_cast<int>(found - columns.begin()) : -1, order.IsAscending()};
+}
+
+bool PhotoListContent::ChangeOrder(int column)
+{
+    const auto place = static_cast<std::size_t>(column);
+    if (data == nullptr || place >= columns.size() || columns[place].sortKey.empty()) return false;
+    data->SetSortCondition(OrderAfterClick(data->GetSortCondition(), columns[place].sortKey));
+    return true;
+}
+
+LabelSet PhotoListContent::Labels(int row)
+{
+    const ToviPhoto* const photo = Photo(row);
+    return photo != nullptr ? LabelSetOf(*photo) : LabelSet();
+}
+
+CString PhotoListContent::LabelNames(int row)
+{
+    const LabelSet labels = Labels(row);
+    CString names;
+    for (unsigned int slot = 0; slot < labelCount; ++slot) {
+        if (!labels.test(slot)) continue;
+        if (!names.empty()) names += "、";
+        names += LabelCaption(*data->GetLabelManager(), slot);
+    }
+    return names;
 }
 
 int PhotoListContent::SelectedRow() const
@@ -70,12 +134,13 @@ CString PhotoListContent::Caption(int row)
 CString PhotoListContent::Text(int row, int column)
 {
     ToviPhoto* const photo = Photo(row);
-    if (photo == nullptr || column < 0) return {};
-    const std::vector<const ToviItemShowSetting*> items = ShownItems();
     const auto place = static_cast<std::size_t>(column);
-    if (place < items.size()) return ItemText(*data, *photo, *items[place]);
-    const bool isComment = place == items.size() && setting.GetVisibleComment();
-    return isComment ? photo->GetComment() : CString();
+    if (photo == nullptr || place >= columns.size()) return {};
+    const ListColumn& wanted = columns[place];
+    if (wanted.kind == ListColumn::Labels) return {};
+    if (wanted.kind == ListColumn::Comment) return photo->GetComment();
+    if (items[place] != nullptr) return ItemText(*data, *photo, *items[place]);
+    return photo->GetTitle(data->GetItemDef()->GetIndexFromTitle(wanted.sortKey));
 }
 
 std::optional<int> PhotoListContent::StateImage(int row)
@@ -123,9 +188,8 @@ void PhotoListContent::AddWishes(std::vector<LoadWish>& wishes, RowRange rows, U
                                  bool withTiles) const
 {
     const PhotoWishes of(*data);
-    const std::vector<const ToviItemShowSetting*> items = ShownItems();
     const bool withFacts =
-        !withTiles && std::ranges::any_of(items, [](const ToviItemShowSetting* item) {
+        !withTiles && std::ranges::any_of(ShownItems(), [](const ToviItemShowSetting* item) {
             return item->infoType != InfoDelivery;
         });
     for (int row = rows.first; row < rows.end; ++row) {

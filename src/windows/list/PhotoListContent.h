@@ -21,9 +21,14 @@ public:
     void SetDocument(ToviData* document);
 
     int Count() const override;
-    std::vector<CString> Columns() const override;
+    std::vector<ListColumn> Columns() override;
     int SelectedRow() const override;
 
+    std::pair<int, bool> Order() override;
+    bool ChangeOrder(int column) override;
+
+    LabelSet Labels(int row) override;
+    CString LabelNames(int row) override;
     CString Caption(int row) override;
     CString Text(int row, int column) override;
     std::optional<int> StateImage(int row) override;
@@ -36,10 +41,14 @@ private:
     void AddWishes(std::vector<LoadWish>& wishes, RowRange rows, Urgency urgency,
                    bool withTiles) const;
     std::vector<const ToviItemShowSetting*> ShownItems() const;
+    void AddLeadingColumns();
 
     const ToviPhotoCtrlVisualSetting& setting;
     ToviData* data = nullptr;
     ThumbnailTile tiles;
+    /// As of the last refill, with the setting of each item or fact of the settings.
+    std::vector<ListColumn> columns;
+    std::vector<const ToviItemShowSetting*> items;
     /// What is in sight or near it.
     RowRange fetched;
 };

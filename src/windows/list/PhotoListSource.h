@@ -2,11 +2,14 @@
 
 #include "platform/text/Export.h"
 #include "platform/text/Text.h"
+#include "review/PhotoReview.h"
+#include "windows/list/ListColumns.h"
 
 #include <QImage>
 
 #include <functional>
 #include <optional>
+#include <utility>
 #include <vector>
 
 struct RowRange;
@@ -29,9 +32,17 @@ public:
     /// The calls of a refill, which read no file: the number of rows, the titles of the report's
     /// columns, and the selected row (-1: none).
     virtual int Count() const = 0;
-    virtual std::vector<CString> Columns() const = 0;
+    virtual std::vector<ListColumn> Columns() = 0;
     virtual int SelectedRow() const = 0;
 
+    /// The column by which the rows are sorted, or -1, and whether upwards.
+    virtual std::pair<int, bool> Order() = 0;
+    /// The user wants another order by \p column. False where it can't be sorted by that one.
+    virtual bool ChangeOrder(int column) = 0;
+
+    /// The labels of a row, and how they are called.
+    virtual LabelSet Labels(int row) = 0;
+    virtual CString LabelNames(int row) = 0;
     /// The text below a thumbnail.
     virtual CString Caption(int row) = 0;
     /// The text of a report's cell; empty for a column that doesn't exist.

@@ -4,6 +4,8 @@
 #include "platform/controls/ToolTipText.h"
 #include "windows/pictures/Pictures.h"
 
+#include <QPainter>
+
 #include <algorithm>
 
 namespace
@@ -15,6 +17,7 @@ constexpr int stateNone = 515;
 constexpr int stateUnaltered = 513;
 constexpr int stateAltered = 514;
 constexpr int stateIconSide = 16;
+constexpr int labelPicturesNumber = 816;
 } // namespace
 
 PhotoListTable::PhotoListTable(PhotoListSource& theSource, GaluListCtrl* theList)
@@ -23,13 +26,18 @@ PhotoListTable::PhotoListTable(PhotoListSource& theSource, GaluListCtrl* theList
     for (const int number : {stateNone, stateUnaltered, stateAltered}) {
         stateIcons.push_back(PictureIcons(number).front());
     }
+    labelIcons = PictureIcons(labelPicturesNumber);
 }
 
 void PhotoListTable::Refill()
 {
     beginResetModel();
     rows = source.Count();
-    columns = ShowsTiles() ? std::vector<CString>(1) : source.Columns();
+    columns = ShowsTiles() ? std::vector<ListColumn>(1) : source.Columns();
+    const auto state = std::ranges::find_if(columns, [](const ListColumn& column) {
+        return column.kind != ListColumn::Labels && column.kind != ListColumn::Comment;
+    });
+    stateColumn = static_cast<int>(state - columns.begin());
     DropTiles();
     endResetModel();
 }
@@ -61,7 +69,9 @@ QVariant PhotoListTable::data(const QModelIndex& index, int role) const
         return QtText(Text(index));
     case Qt::ToolTipRole:
         // The tip shows what a narrow column or two short lines cut off.
-        return ToolTipText(Text(index));
+        return ToolTipText(IsLabels(index) ? source.LabelNames(index.row()) : Text(index));
+    case Qt::AccessibleTextRole:
+        return QtText(IsLabels(index) ? source.LabelNames(index.row()) : Text(index));
     case Qt::DecorationRole:
         return Picture(index);
     case Qt::SizeHintRole:
@@ -74,7 +84,7 @@ QVariant PhotoListTable::data(const QModelIndex& index, int role) const
 QVariant PhotoListTable::headerData(int section, Qt::Orientation orientation, int role) const
 {
     if (orientation != Qt::Horizontal || section < 0 || section >= columnCount()) return {};
-    const CString& title = columns[static_cast<std::size_t>(section)];
+    const CString& title = columns[static_cast<std::size_t>(section)].title;
     if (role == Qt::DisplayRole) return QtText(title);
     if (role == Qt::ToolTipRole) return ToolTipText(title);
     if (role == Qt::TextAlignmentRole) return static_cast<int>(Qt::AlignVCenter | Qt::AlignLeft);
@@ -94,7 +104,37 @@ CString PhotoListTable::Text(const QModelIndex& index) const
 QVariant PhotoListTable::Picture(const QModelIndex& index) const
 {
     if (ShowsTiles()) return Tile(index.row());
-    return index.column() == 0 ? StateIcon(index.row()) : QVariant();
+    if (IsLabels(index)) return LabelPicture(index.row());
+    return index.column() == stateColumn ? StateIcon(index.row()) : QVariant();
+}
+
+bool PhotoListTable::IsLabels(const QModelIndex& index) const
+{
+    const auto column = static_cast<std::size_t>(index.column());
+    return column < columns.size() && columns[column].kind == ListColumn::Labels;
+}
+
+/// The badges of the pasted labels beside each other.
+QPixmap PhotoListTable::LabelPicture(int row) const
+{
+    const LabelSet labels = source.Labels(row);
+    if (labels.none()) return {};
+    QPixmap& made = labelPictures[labels.to_ulong()];
+    const double scale = list->devicePixelRatioF();
+    if (!made.isNull() && made.devicePixelRatio() == scale) return made;
+    made = QPixmap(
+        (QSizeF(static_cast<int>(labels.count()) * (stateIconSide + 1), stateIconSide) * scale)
+            .toSize());
+    made.setDevicePixelRatio(scale);
+    made.fill(Qt::transparent);
+    QPainter painter(&made);
+    int left = 0;
+    for (unsigned int slot = 0; slot < labelCount; ++slot) {
+        if (!labels.test(slot)) continue;
+        labelIcons[slot].paint(&painter, QRect(left, 0, stateIconSide, stateIconSide));
+        left += stateIconSide + 1;
+    }
+    return made;
 }
 
 QIcon PhotoListTable::StateIcon(int row) const

@@ -8,7 +8,7 @@
 #include "review/LabelCaption.h"
 #include "windows/cell/ToviCommentWindow.h"
 #include "windows/keys/KeySet.h"
-#include "windows/list/FloatyPlace.h"
+#include "windows/list/ListColumns.h"
 #include "windows/list/PhotoListTable.h"
 #include "windows/pictures/PhotoGround.h"
 #include "windows/pictures/Pictures.h"
@@ -16,11 +16,11 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
-#include <QKeyEvent>
+#include <QEvent>
+#include <QLayout>
+#include <QMenu>
 #include <QPointer>
-#include <QScrollBar>
 
-#include <algorithm>
 #include <utility>
 
 namespace
@@ -29,23 +29,23 @@ constexpr int idList = 131;
 constexpr int idFirstButton = 1105;
 constexpr int buttonPictures = 805;
 constexpr int buttonPictureSide = 32;
-constexpr int columnWidth = 80;
+/// As wide as a column becomes by itself.
+constexpr int widestColumn = 320;
 constexpr QSize tileGap(24, 32);
-/// How long the floaty waits, in milliseconds, for a selection to settle and for movement to end.
-constexpr unsigned shortDelay = 500;
-constexpr unsigned longDelay = 1000;
+/// What labels and comments to come need.
+int LeastWidth(ListColumn::Kind kind)
+{
+    constexpr int ofLabels = 64;
+    constexpr int ofComment = 120;
+    if (kind == ListColumn::Labels) return ofLabels;
+    return kind == ListColumn::Comment ? ofComment : 0;
+}
 
 int ButtonId(int label)
 {
     return idFirstButton + label;
 }
 
-bool MovesNothing(int key)
-{
-    constexpr int keys[] = {Qt::Key_Tab,     Qt::Key_Backtab, Qt::Key_Shift,
-                            Qt::Key_Control, Qt::Key_Alt,     Qt::Key_Meta};
-    return std::ranges::find(keys, key) != std::end(keys);
-}
 } // namespace
 
 ToviPhotoListCtrl::ToviPhotoListCtrl(Look listLook, PhotoListSource& theSource, QWidget* parent)
@@ -64,8 +64,6 @@ ToviPhotoListCtrl::ToviPhotoListCtrl(Look listLook, PhotoListSource& theSource, 
     }
     CreateFloaty();
     ConnectBase();
-    timer.setSingleShot(true);
-    connect(&timer, &QTimer::timeout, this, &ToviPhotoListCtrl::ShowFloaty);
     source.OnRowChanged = [this](int row) { ResetItem(row); };
 }
 
@@ -77,12 +75,13 @@ ToviPhotoListCtrl::~ToviPhotoListCtrl()
 void ToviPhotoListCtrl::CreateFloaty()
 {
     using Kind = WenToolBarButton::Kind;
-    floaty = new WenToolBarCtrl(View()->viewport());
-    floaty->hide();
+    floaty = new WenToolBarCtrl(this);
+    floaty->setEnabled(false);
+    // It is no photograph, and stands on no ground of theirs.
+    floaty->setPalette(QApplication::palette());
+    floaty->setAutoFillBackground(true);
+    layout()->addWidget(floaty);
     floaty->setAccessibleName(QStringLiteral("付箋"));
-    // It stands out from the photographs below.
-    floaty->setStyleSheet(QStringLiteral(
-        "QToolBar { background: palette(window); border: 1px solid palette(mid); padding: 1px; }"));
     floaty->setIconSize({buttonPictureSide, buttonPictureSide});
     floaty->SetImages(PictureIcons(buttonPictures));
     std::vector<WenToolBarButton> buttons = {{.kind = Kind::Separator}};
@@ -94,27 +93,18 @@ void ToviPhotoListCtrl::CreateFloaty()
     for (unsigned int label = 0; label < labelCount; ++label)
         badges += CString(LabelBadge(label)) + "|";
     floaty->AddButtons(buttons, badges);
-    floaty->installEventFilter(this);
     connect(floaty, &WenToolBarCtrl::Command, this,
             [this](int id) { emit FloatyPressed(static_cast<unsigned int>(id - idFirstButton)); });
 }
 
 void ToviPhotoListCtrl::ConnectBase()
 {
-    View()->installEventFilter(this);
     View()->viewport()->installEventFilter(this);
-    for (const QScrollBar* bar : {View()->horizontalScrollBar(), View()->verticalScrollBar()}) {
-        connect(bar, &QScrollBar::valueChanged, this, [this] { DelayFloaty(longDelay); });
-    }
-    connect(this, &GaluListCtrl::HeaderDragBegan, this, [this] {
-        timer.stop();
-        HideFloaty();
-        View()->viewport()->update();
+    connect(this, &GaluListCtrl::HeaderClicked, this, [this](int column) {
+        if (source.ChangeOrder(column)) emit OrderChanged();
     });
-    connect(this, &GaluListCtrl::HeaderDragEnded, this, [this] {
-        DelayFloaty(longDelay);
-        View()->viewport()->update();
-    });
+    connect(this, &GaluListCtrl::HeaderDragEnded, this, &ToviPhotoListCtrl::KeepWidths);
+    connect(this, &GaluListCtrl::HeaderMenuRequested, this, &ToviPhotoListCtrl::ShowHeaderMenu);
     connect(this, &GaluListCtrl::SelectionChanged, this, [this](int row) {
         if (row >= 0) {
             emit ItemSelected(row);
@@ -141,20 +131,20 @@ void ToviPhotoListCtrl::SetupMngmntListCtrl()
     wait.SetEnableCancel(false);
     wait.Start();
     Refill();
-    for (int column = 0; column < table->columnCount(); ++column) {
-        SetColumnWidth(column, columnWidth);
-    }
+    GiveWidths();
+    const auto [column, isUpwards] = source.Order();
+    ShowOrder(column, isUpwards);
     wait.End();
 }
 
 void ToviPhotoListCtrl::Refill()
 {
-    ScheduleFloaty(false);
+    EnableFloaty(false);
     rowsTold = {};
     table->Refill();
     const int selected = source.SelectedRow();
     SelectItem(selected < 0 && GetItemCount() > 0 ? 0 : selected);
-    ScheduleFloaty(true, shortDelay);
+    EnableFloaty(true);
 }
 
 void ToviPhotoListCtrl::TellRowsInSight()
@@ -185,12 +175,11 @@ void ToviPhotoListCtrl::UpdateImageList()
     View()->viewport()->update();
 }
 
-void ToviPhotoListCtrl::ScheduleFloaty(bool show, unsigned delay)
+void ToviPhotoListCtrl::EnableFloaty(bool enable)
 {
-    floatyOn = show;
-    timer.stop();
-    HideFloaty();
-    if (show) timer.start(static_cast<int>(delay));
+    // Else Qt would look for another window to take it.
+    if (!enable && floaty->isAncestorOf(QApplication::focusWidget())) View()->setFocus();
+    floaty->setEnabled(enable && GetSelected() >= 0);
 }
 
 void ToviPhotoListCtrl::SetButtonState(int label, bool pasted)
@@ -234,79 +223,55 @@ void ToviPhotoListCtrl::OnKey(int key, int markBefore)
 
 bool ToviPhotoListCtrl::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == floaty) return FilterFloaty(*event);
-    if (watched == View() && event->type() == QEvent::KeyPress) {
-        const int key = static_cast<QKeyEvent*>(event)->key();
-        if (!IsKeyIgnored(key) && !MovesNothing(key)) DelayFloaty(longDelay);
-        return false;
-    }
-    if (watched == View() || watched == View()->viewport()) {
-        if (event->type() == QEvent::Wheel) DelayFloaty(longDelay);
+    if (watched == View()->viewport()) {
         // Whatever moves the rows, they are painted.
-        if (event->type() == QEvent::Paint && watched == View()->viewport()) TellRowsInSight();
+        if (event->type() == QEvent::Paint) TellRowsInSight();
         return false;
     }
     return GaluListCtrl::eventFilter(watched, event);
 }
 
-/// What is pressed between the buttons is no business of the items below.
-bool ToviPhotoListCtrl::FilterFloaty(QEvent& event)
+/// A column that the user has given a width has it, the others are fitted to what is in sight.
+void ToviPhotoListCtrl::GiveWidths()
 {
-    switch (event.type()) {
-    case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonDblClick:
-    case QEvent::MouseButtonRelease:
-    case QEvent::ContextMenu:
-        event.accept();
-        return true;
-    default:
-        return false;
+    givenWidths.clear();
+    const std::vector<ListColumn>& columns = table->Columns();
+    for (int column = 0; column < table->columnCount(); ++column) {
+        const CString& title = columns[static_cast<std::size_t>(column)].title;
+        if (const std::optional<int> width = ListColumnMemory::Width(title)) {
+            SetColumnWidth(column, *width);
+        } else {
+            FitColumn(column, widestColumn);
+            const int least = LeastWidth(columns[static_cast<std::size_t>(column)].kind);
+            if (GetColumnWidth(column) < least) SetColumnWidth(column, least);
+        }
+        givenWidths.push_back(GetColumnWidth(column));
     }
 }
 
-void ToviPhotoListCtrl::resizeEvent(QResizeEvent* event)
+void ToviPhotoListCtrl::KeepWidths()
 {
-    GaluListCtrl::resizeEvent(event);
-    DelayFloaty(shortDelay);
-}
-
-void ToviPhotoListCtrl::DelayFloaty(unsigned delay)
-{
-    if (floatyOn) ScheduleFloaty(true, delay);
-}
-
-void ToviPhotoListCtrl::HideFloaty()
-{
-    // Else Qt would look for another window to take it.
-    if (floaty->isAncestorOf(QApplication::focusWidget())) View()->setFocus();
-    floaty->hide();
-}
-
-void ToviPhotoListCtrl::ShowFloaty()
-{
-    const QRect item = GetItemRect(GetSelected());
-    const QSize size = floaty->sizeHint();
-    const QSize client = View()->viewport()->size();
-    const FloatyPlace place =
-        PlaceFloaty({item.x(), item.y(), item.width(), item.height()}, LeadingColumnsWidth(),
-                    size.width(), size.height(), client.width(), client.height());
-    if (GetSelected() < 0 || !place.shown) {
-        HideFloaty();
-    } else {
-        floaty->setGeometry(QRect({place.x, place.y}, size));
-        floaty->show();
-        floaty->raise();
+    View()->viewport()->update();
+    for (std::size_t i = 0; i < givenWidths.size(); ++i) {
+        const int width = GetColumnWidth(static_cast<int>(i));
+        if (std::exchange(givenWidths[i], width) != width) {
+            ListColumnMemory::SetWidth(table->Columns()[i].title, width);
+        }
     }
-    emit Scrolled();
 }
 
-/// The first two columns of a report, which name the photograph, stay free.
-int ToviPhotoListCtrl::LeadingColumnsWidth() const
+void ToviPhotoListCtrl::ShowHeaderMenu(const QPoint& place)
 {
-    if (GetLook() == Look::Icon) return 0;
-    int width = 0;
-    for (int column = 0; column < std::min(2, table->columnCount()); ++column) {
-        width += GetColumnWidth(column);
+    auto* const menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    for (const char* title : leadingColumns) {
+        QAction* const action = menu->addAction(QString::fromUtf8(title));
+        action->setCheckable(true);
+        action->setChecked(ListColumnMemory::IsShown(title));
+        connect(action, &QAction::toggled, this, [this, title](bool shown) {
+            ListColumnMemory::SetShown(title, shown);
+            SetupMngmntListCtrl();
+        });
     }
-    return width;
+    menu->popup(place);
 }

@@ -4,19 +4,18 @@
 #include "windows/list/PhotoListSource.h"
 #include "windows/list/RowsInSight.h"
 
-#include <QTimer>
-
 class PhotoListTable;
 class ToviCommentWindow;
 class ToviLabelManager;
 class WenToolBarCtrl;
 
 /// All photographs of the current array in one scrolling list: thumbnails (Look::Icon) or lines
-/// with columns (Look::Report). Beside the selected one floats a tool bar with the labels, the
-/// floaty, which stays away while something moves.
+/// with columns (Look::Report). Below them stands a tool bar with the labels of the selected one,
+/// the floaty, where it covers none. A click on a header changes the order, a menu on it hides
+/// leading columns.
 ///
 /// Selection, places and scrolling are those of the base. Its signal Scrolled also tells that a key
-/// was handled, after KeyPressed, and that the floaty has found its place.
+/// was handled, after KeyPressed.
 class TOVI_EXPORT ToviPhotoListCtrl : public GaluListCtrl
 {
     Q_OBJECT
@@ -27,7 +26,7 @@ public:
     ~ToviPhotoListCtrl() override;
 
     /// Fills the list anew and drops all tiles. The source's selected row, or the first if there is
-    /// none, is selected (which ItemSelected tells) and in view, and the floaty scheduled. Tiles
+    /// none, is selected (which ItemSelected tells) and in view, and the floaty enabled. Tiles
     /// and texts are asked for when a row is drawn.
     void SetupThumbListCtrl();
     /// The same for the report view, with the source's columns. The window with the focus keeps it.
@@ -40,9 +39,8 @@ public:
     /// The same for all rows.
     void UpdateImageList();
 
-    /// Shows the floaty beside the selected item \p delay milliseconds from now, and hides it until
-    /// then; or hides it for good.
-    void ScheduleFloaty(bool show, unsigned delay = 0);
+    /// Lets the user press the floaty's buttons while a row is selected, or not.
+    void EnableFloaty(bool enable);
     /// Lets the floaty's button of \p label (0 to 5) show whether the label is pasted. The
     /// comment's never looks pressed.
     void SetButtonState(int label, bool pasted);
@@ -59,6 +57,8 @@ public:
 signals:
     /// The user pressed the floaty's button of \p label.
     void FloatyPressed(unsigned int label);
+    /// The rows are to come in another order, which the source knows.
+    void OrderChanged();
     /// \p row has become the selected one, by the user or by a call.
     void ItemSelected(int row);
     /// No row is selected any more.
@@ -72,24 +72,21 @@ protected:
     bool IsKeyIgnored(int key) const override;
     void OnKey(int key, int markBefore) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void CreateFloaty();
     void ConnectBase();
     void Refill();
     void TellRowsInSight();
-    void DelayFloaty(unsigned delay);
-    void HideFloaty();
-    void ShowFloaty();
-    bool FilterFloaty(QEvent& event);
-    int LeadingColumnsWidth() const;
+    void GiveWidths();
+    void KeepWidths();
+    void ShowHeaderMenu(const QPoint& place);
 
     PhotoListSource& source;
     PhotoListTable* table;
     /// What the source was told last.
     RowRange rowsTold;
-    QTimer timer;
     WenToolBarCtrl* floaty = nullptr;
-    bool floatyOn = false;
+    /// The widths of the columns as far as they were not changed by the user since.
+    std::vector<int> givenWidths;
 };

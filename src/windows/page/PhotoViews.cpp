@@ -17,7 +17,6 @@ namespace
 constexpr int idFirstCell = 100;
 constexpr int idList = 131;
 /// Until the floating tool bar comes back, in ms.
-constexpr unsigned int floatyDelay = 500;
 } // namespace
 
 PhotoViews::PhotoViews(QWidget& theParent, const ToviPhotoCtrlVisualSetting& theSetting,
@@ -84,6 +83,7 @@ void PhotoViews::CreateList()
     connect(list.get(), &List::KeyPressed, this, &PhotoViews::ListKeyPressed);
     connect(list.get(), &List::Scrolled, this, &PhotoViews::ReCalcCommentWindow);
     connect(list.get(), &List::FloatyPressed, this, &PhotoViews::FloatyPressed);
+    connect(list.get(), &List::OrderChanged, this, &PhotoViews::OrderChanged);
     connect(list.get(), &List::ItemSelected, this, &PhotoViews::ItemSelected);
     connect(list.get(), &List::SelectionCleared, this, [this] {
         ShowFloaty(false);
@@ -185,7 +185,7 @@ void PhotoViews::ShowFloaty(bool show)
 {
     if (!list) return;
     if (show) EnableFloaty();
-    list->ScheduleFloaty(show, floatyDelay);
+    list->EnableFloaty(show);
 }
 
 void PhotoViews::ShowComment(int index, const CString& text)

@@ -79,6 +79,7 @@ signals:
     void ItemRightClicked(int row);
     void ListKeyPressed(int qtKey, int markBefore);
     void FloatyPressed(unsigned int label);
+    void OrderChanged();
 
 private:
     std::unique_ptr<ToviSpiCtrl> MakeCell(int index);

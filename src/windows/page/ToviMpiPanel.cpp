@@ -83,6 +83,7 @@ ToviMpiPanel::ToviMpiPanel(CDocument* theDocument)
     connect(&views, &PhotoViews::ItemDoubleClicked, this, &ToviMpiPanel::RequestZoom);
     connect(&views, &PhotoViews::ItemRightClicked, this, &ToviMpiPanel::OnRClicked);
     connect(&views, &PhotoViews::ListKeyPressed, this, &ToviMpiPanel::OnListCtrlKeyDown);
+    connect(&views, &PhotoViews::OrderChanged, this, &ToviMpiPanel::OrderChanged);
     connect(&views, &PhotoViews::FloatyPressed, this, &ToviMpiPanel::OnFusen);
     ConnectZooms();
 }

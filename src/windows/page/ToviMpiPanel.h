@@ -131,6 +131,8 @@ public:
     const ZoomWindows& Zooms() const { return zooms; }
 
 signals:
+    /// The user wants the photographs in the order that the document has now.
+    void OrderChanged();
     /// Another page is on show, or their number is another one.
     void PageChanged();
     /// Another display mode is on show.
