@@ -3,6 +3,8 @@
 #include "platform/text/QtText.h"
 #include "review/LabelCaption.h"
 
+#include <QStringList>
+
 namespace
 {
 QString NamesOf(LabelSet set, const ToviLabelManager& labels)
