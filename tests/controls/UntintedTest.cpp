@@ -70,7 +70,7 @@ TEST_P(Untinted, IsThePictureWithTheFocus)
     // The picture fills all the room that there is for it.
     window.resize(side + 4, side + 4);
     window.show();
-    window.SetPixels(decoded, decoded.size(), false);
+    window.SetImages(ReducedImages(decoded));
     const QRect middle = QRect({0, 0}, QSize(side, side)).translated(2, 2);
     window.clearFocus();
     const QImage plain = window.grab().toImage();

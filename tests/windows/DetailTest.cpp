@@ -2,7 +2,6 @@
 #include "items/ToviPhotoCtrlVisualSetting.h"
 #include "photos/ToviPhoto.h"
 #include "platform/controls/LumImgWnd.h"
-#include "platform/pictures/LumPicture.h"
 #include "platform/text/QtText.h"
 #include "review/ToviLabelManager.h"
 #include "support/OpenedSample.h"
@@ -10,10 +9,11 @@
 #include "windows/cell/ToviSpiListCtrl.h"
 #include "windows/detail/DetailPlaces.h"
 #include "windows/detail/DrawingPages.h"
-#include "windows/detail/PhotoCorrection.h"
 #include "windows/detail/ToviDetailPanel.h"
 #include "windows/detail/ToviImageWnd.h"
 #include "windows/detail/ToviTabBaseWnd.h"
+#include "windows/loader/FileLoader.h"
+#include "windows/loader/PhotoWishes.h"
 #include "work/Environment.h"
 
 #include <gmock/gmock.h>
@@ -52,64 +52,6 @@ TEST(DetailPlaces, LetTheRightPaneKeepItsWidth)
     for (const auto& test : cases) {
         EXPECT_EQ(PositionOnResize(test.position, test.before, test.now), test.moved) << test.now;
     }
-}
-
-LumImage Grey(int level)
-{
-    QImage image(3, 2, QImage::Format_RGB32);
-    image.fill(QColor(level, level, level));
-    return LumPixels::From(image);
-}
-
-int LevelOf(const LumImage& image)
-{
-    return qRed(LumPixels::Of(image).pixel(0, 0));
-}
-
-TEST(PhotoCorrection, LightensGraduallyAndDarkensInWholeSteps)
-{
-    const int unchanged = 100;
-    const auto level = [](int position) {
-        PhotoCorrection correction;
-        correction.SetBrightness(position);
-        return LevelOf(correction.Apply(Grey(unchanged)));
-    };
-    const auto stepped = [](std::initializer_list<int> amounts) {
-        LumImage image = Grey(unchanged);
-        for (const int amount : amounts) image.SetContrast(amount);
-        return LevelOf(image);
-    };
-    for (const int position : {-4, -3, -1, 0}) EXPECT_EQ(level(position), unchanged) << position;
-    EXPECT_EQ(level(1), stepped({200}));
-    EXPECT_EQ(level(7), stepped({1000, 400}));
-    EXPECT_EQ(level(-5), stepped({-1000}));
-    EXPECT_EQ(level(-9), level(-5));
-    EXPECT_EQ(level(-10), stepped({-1000, -1000}));
-    EXPECT_GT(level(1), unchanged);
-    EXPECT_LT(level(-10), level(-5));
-}
-
-TEST(PhotoCorrection, KeepsTheBrightnessForTheNextPhotograph)
-{
-    PhotoCorrection correction;
-    for (int turn = 0; turn < 4; ++turn) correction.Turn(90);
-    EXPECT_EQ(correction.Rotation(), 0);
-    EXPECT_TRUE(correction.IsChanged());
-    correction.Turn(-90);
-    EXPECT_EQ(correction.Rotation(), -90);
-    EXPECT_EQ(correction.Apply(Grey(9)).GetWidth(), 2);
-    correction.BeginPicture();
-    EXPECT_FALSE(correction.IsChanged());
-    EXPECT_TRUE(correction.SetBrightness(5));
-    EXPECT_FALSE(correction.SetBrightness(5));
-    correction.Turn(90);
-    correction.BeginPicture();
-    EXPECT_EQ(correction.Rotation(), 0);
-    EXPECT_EQ(correction.Brightness(), 1000);
-    EXPECT_TRUE(correction.IsChanged());
-    correction.Reset();
-    EXPECT_EQ(correction.Brightness(), 0);
-    EXPECT_FALSE(correction.IsChanged());
 }
 
 TEST(DrawingPages, StepFromTheFirstToTheLast)
@@ -186,11 +128,13 @@ struct ShownDetail
         Send(ToviData::HintSettingsChanged);
         QTest::qWait(0);
     }
-    bool HasReadExif(int photo)
+    /// Of any photograph. Each has facts and pictures of its own in hand.
+    bool HasRead(int photo)
     {
-        CString value;
-        sample.Photo(photo).GetExifInfoFromTitle("Exifバージョン", value);
-        return !value.empty();
+        const PhotoWishes of(*sample.document);
+        FileLoader& loader = FileLoader::Ours();
+        return loader.InHand<Loaded>(of.Facts(sample.Photo(photo)).key) ||
+               loader.InHand<Loaded>(of.Full(sample.Photo(photo)).key);
     }
 
     ToviImageWnd& Image() { return *panel.findChild<ToviImageWnd*>(); }
@@ -233,15 +177,15 @@ TEST(DetailPanel, ReadsNothingWhileItIsOutOfSight)
     for (int photo = 0; photo < 5; ++photo) shown.Select(photo);
     QTest::qWait(20);
     EXPECT_FALSE(shown.Image().IsEnableImage());
-    for (int photo = 0; photo < 5; ++photo) EXPECT_FALSE(shown.HasReadExif(photo)) << photo;
+    for (int photo = 0; photo < 5; ++photo) EXPECT_FALSE(shown.HasRead(photo)) << photo;
 
     shown.Set([](auto& setting) { setting.SetVisibleDetail(false); });
     shown.Show();
-    EXPECT_FALSE(shown.HasReadExif(4)) << "the setting hides the panel, too";
+    EXPECT_FALSE(shown.HasRead(4)) << "the setting hides the panel, too";
     shown.Set([](auto& setting) { setting.SetVisibleDetail(true); });
     EXPECT_TRUE(QTest::qWaitFor([&] { return shown.Image().IsEnableImage(); }));
-    EXPECT_TRUE(shown.HasReadExif(4));
-    for (int photo = 0; photo < 4; ++photo) EXPECT_FALSE(shown.HasReadExif(photo)) << photo;
+    EXPECT_TRUE(QTest::qWaitFor([&] { return shown.HasRead(4); }));
+    for (int photo = 0; photo < 4; ++photo) EXPECT_FALSE(shown.HasRead(photo)) << photo;
 
     shown.Send(ToviData::HintDetach);
     EXPECT_FALSE(shown.Image().IsEnableImage());
@@ -254,7 +198,9 @@ TEST(DetailPanel, TurnsAndLightensThePictureOnShow)
     shown.Select(0);
     ToviImageWnd& image = shown.Image();
     ASSERT_TRUE(QTest::qWaitFor([&] { return image.IsEnableImage(); }));
-    const int wide = image.Working().GetWidth();
+    const LumImgWnd& picture = image.View().Window();
+    const double wide = picture.View().Placement().width();
+    ASSERT_GT(wide, picture.View().Placement().height());
     const auto tool = [&image](int id) {
         for (QAction* action : image.findChild<QToolBar*>()->actions()) {
             if (action->data().toInt() == id) return action;
@@ -263,7 +209,7 @@ TEST(DetailPanel, TurnsAndLightensThePictureOnShow)
     };
     EXPECT_FALSE(tool(ToviImageWnd::ToolReset)->isEnabled());
     tool(ToviImageWnd::ToolLeft)->trigger();
-    EXPECT_EQ(image.Working().GetHeight(), wide);
+    EXPECT_LT(picture.View().Placement().width(), picture.View().Placement().height());
     EXPECT_TRUE(tool(ToviImageWnd::ToolReset)->isEnabled());
     auto& slider = *image.findChild<QSlider*>();
     slider.setValue(5);
@@ -271,12 +217,13 @@ TEST(DetailPanel, TurnsAndLightensThePictureOnShow)
     EXPECT_FALSE(image.IsEnableImage()) << "nothing of the photograph before is left";
     EXPECT_FALSE(slider.isEnabled());
     ASSERT_TRUE(QTest::qWaitFor([&] { return image.IsEnableImage(); }));
-    EXPECT_EQ(image.Correction().Rotation(), 0);
-    EXPECT_EQ(image.Correction().Brightness(), 1000);
+    EXPECT_EQ(image.View().Rotation(), 0);
+    EXPECT_EQ(image.View().Brightness(), 1000);
     EXPECT_TRUE(tool(ToviImageWnd::ToolReset)->isEnabled());
     tool(ToviImageWnd::ToolReset)->trigger();
     EXPECT_EQ(slider.value(), 0);
-    EXPECT_FALSE(image.Correction().IsChanged());
+    EXPECT_EQ(image.View().Brightness(), 0);
+    EXPECT_FALSE(tool(ToviImageWnd::ToolReset)->isEnabled());
 
     tool(ToviImageWnd::ToolInformation)->trigger();
     EXPECT_FALSE(shown.Tabs().isVisible());
@@ -333,7 +280,8 @@ TEST(DrawingPane, LeafsThroughTheDrawings)
     EXPECT_EQ(shown.Field("参考図のファイル名"), "D0000001.JPG");
 
     shown.Click("次へ");
-    EXPECT_EQ(shown.Field("参考図の順番"), "1/4 枚目を表示") << "the second one is missing";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return shown.Field("参考図の順番") == "1/4 枚目を表示"; }))
+        << "the second one is missing";
     EXPECT_FALSE(shown.Drawing().IsEnableImage());
     EXPECT_FALSE(shown.Find<QPushButton>("参考図を別アプリケーションで起動")->isEnabled());
     EXPECT_FALSE(shown.IsNoticeShown());
@@ -366,6 +314,10 @@ TEST(DrawingPane, HandsACopyToOtherProgramsAndNeverTheFile)
     shown.Show();
     shown.Select(0);
     shown.Tabs().ShowPage(1);
+    const auto canOpen = [&] {
+        return shown.Find<QPushButton>("参考図を別アプリケーションで起動")->isEnabled();
+    };
+    ASSERT_TRUE(QTest::qWaitFor(canOpen));
     std::vector<CString> opened;
     for (const bool opens : {true, false}) {
         shown.sample.services.user.opensFiles = opens;
@@ -388,8 +340,8 @@ TEST(DrawingPane, HandsACopyToOtherProgramsAndNeverTheFile)
     std::filesystem::create_symlink("/etc/hostname", delivered);
     shown.Select(1);
     shown.Select(0);
-    EXPECT_FALSE(shown.Find<QPushButton>("参考図を別アプリケーションで起動")->isEnabled())
-        << "a link that leads out of the delivery";
+    ASSERT_TRUE(QTest::qWaitFor([] { return FileLoader::Ours().IsIdle(); }));
+    EXPECT_FALSE(canOpen()) << "a link that leads out of the delivery";
 }
 
 TEST(PropertyDialog, ShowsTheValuesAsTheyCanBe)

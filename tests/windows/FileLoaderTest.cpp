@@ -1,9 +1,14 @@
 #include "windows/loader/FileLoader.h"
 #include "extraction/ToviSortCondition.h"
+#include "platform/controls/LumImgWnd.h"
 #include "support/StallingShare.h"
+#include "windows/detail/ToviDetailPanel.h"
+#include "windows/detail/ToviTabBaseWnd.h"
 #include "windows/list/PhotoListContent.h"
 #include "windows/page/PagesAhead.h"
 #include "windows/ShownDelivery.h"
+#include "windows/zoom/ToviMultiDlg.h"
+#include "work/ReadingLimit.h"
 
 #include <QLabel>
 
@@ -85,7 +90,7 @@ TEST(FileLoader, EndsWhileAReadHangs)
 /// its own.
 void WriteDelivery(const CString& folder, int photos)
 {
-    DeliveryBuilder delivery({.photos = photos, .drawings = 0, .images = false});
+    DeliveryBuilder delivery({.photos = photos, .drawings = 1, .images = false});
     const auto name = [](int photo) { return Format("P%07d.JPG", photo + 1); };
     for (int photo = 0; photo < photos; ++photo) delivery.Set(photo, "写真ファイル名", name(photo));
     delivery.Write(folder);
@@ -105,6 +110,29 @@ struct SharedDelivery
     StallingShare share{temp.Path("source"), temp.MakeFolder("share")};
 };
 
+/// Lets \p share answer again when a window that waits for it would wait for ever.
+class Rescue
+{
+public:
+    explicit Rescue(StallingShare& share)
+        : thread([this, &share] {
+              isNeeded = done.get_future().wait_for(20s) == std::future_status::timeout;
+              if (isNeeded) share.Resume();
+          })
+    {}
+    ~Rescue()
+    {
+        done.set_value();
+        thread.join();
+        EXPECT_FALSE(isNeeded);
+    }
+
+private:
+    std::promise<void> done;
+    std::atomic<bool> isNeeded = false;
+    std::thread thread;
+};
+
 /// The photographs on the page whose full pictures are shown.
 int CountLoaded(ShownDelivery& shown)
 {
@@ -119,13 +147,7 @@ TEST(FileLoader, LeavesTheWindowAliveWhileAShareDoesNotAnswer)
     ShownDelivery shown(on.temp.Path("share/PHOTO"), Setting::DivideSix);
     ASSERT_TRUE(QTest::qWaitFor([&] { return CountLoaded(shown) == 6; }));
     on.share.Stall();
-    // A window that waits for the share would wait for ever.
-    std::promise<void> done;
-    std::atomic<bool> wasFrozen = false;
-    std::thread rescue([&] {
-        wasFrozen = done.get_future().wait_for(20s) == std::future_status::timeout;
-        if (wasFrozen) on.share.Resume();
-    });
+    const Rescue rescue(on.share);
     for (int round = 0; round < 3; ++round) {
         for (const int key : {Qt::Key_PageDown, Qt::Key_PageDown, Qt::Key_PageUp, Qt::Key_PageUp}) {
             shown.Press(key);
@@ -148,10 +170,38 @@ TEST(FileLoader, LeavesTheWindowAliveWhileAShareDoesNotAnswer)
     WriteDelivery(temp.Path(), 6);
     shown.Open(temp.Path("PHOTO"), Setting::DivideSix);
     EXPECT_TRUE(QTest::qWaitFor([&] { return CountLoaded(shown) == 6; }));
-    done.set_value();
-    rescue.join();
-    EXPECT_FALSE(wasFrozen);
     EXPECT_TRUE(on.share.IsWaitedFor());
+}
+
+TEST(FileLoader, LeavesZoomAndDetailAliveWhileAShareDoesNotAnswer)
+{
+    SharedDelivery on;
+    if (!on.share.IsThere()) GTEST_SKIP() << "needs /dev/fuse and the right to mount";
+    ShownDelivery shown(on.temp.Path("share/PHOTO"), Setting::DivideList);
+    QWidget frame;
+    ToviDetailPanel detail;
+    detail.Create(&frame, 2);
+    detail.Attach(shown.data.get());
+    detail.findChild<ToviTabBaseWnd*>()->ShowPage(1);
+    frame.show();
+    on.share.Stall();
+    const Rescue rescue(on.share);
+    for (int photo = 0; photo < 6; ++photo) {
+        shown.data->PhotoSelectSetting(photo);
+        detail.OnUpdate(nullptr, ToviData::HintPhotoSelected, nullptr);
+        shown.panel.ShowMultiDlg();
+        ToviMultiDlg& zoom = *shown.panel.Zooms().All().back();
+        QTest::keyClick(&zoom, Qt::Key_1);
+        EXPECT_TRUE(shown.data->GetPhotoActualPhotoArray(photo)->IsLabelPasted(LabelNg1));
+        EXPECT_FALSE(zoom.windowTitle().isEmpty());
+        for (QAction* action : zoom.findChildren<QAction*>()) {
+            if (action->text() == QStringLiteral("固定")) action->trigger();
+        }
+        QTest::qWait(30);
+    }
+    EXPECT_EQ(shown.panel.Zooms().All().size(), 6);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return on.share.IsWaitedFor(); }));
+    detail.Detach();
 }
 
 /// Whether the pixel has the hue of the photograph \p photo of \p photos.
@@ -187,6 +237,40 @@ TEST(FileLoader, NeverShowsTheTileOfAnotherPhotograph)
         EXPECT_TRUE(IsOf(tile.image.pixelColor(75, 83), photo, photos)) << row;
         EXPECT_THAT(changed, testing::Contains(row));
     }
+}
+
+TEST(FileLoader, NeverTakesAReducedPictureForThePhotographsOwn)
+{
+    constexpr QSize size(2000, 1500);
+    TempFolder temp;
+    WriteDelivery(temp.Path(), 2);
+    QImage stripes(size, QImage::Format_RGB32);
+    stripes.fill(Qt::white);
+    for (int x = 0; x < size.width(); x += 2) {
+        for (int y = 0; y < size.height(); ++y) stripes.setPixel(x, y, 0);
+    }
+    stripes.save(QtText(temp.Path("PHOTO/PIC/P0000001.JPG")), "jpeg", 100);
+    ShownDelivery shown(temp.Path("PHOTO"), Setting::DivideThumbnails);
+    // So little that the picture has to be reduced.
+    ASSERT_TRUE(PictureMemory::Save(PictureMemory::smallest));
+    shown.SetMode(Setting::DivideTwo);
+    shown.panel.ShowMultiDlg();
+    ZoomView& view = shown.panel.Zooms().All()[0]->View();
+    ASSERT_TRUE(QTest::qWaitFor([&] {
+        return view.HasPicture() && !view.IsLoading() && shown.Photo(1).IsImageLoaded() &&
+               FileLoader::Ours().IsIdle();
+    }));
+    EXPECT_FALSE(shown.Photo(0).IsImageLoaded());
+    EXPECT_TRUE(view.IsReduced());
+    EXPECT_EQ(view.PictureSize(), size);
+    view.Window().ShowFullSize();
+    const auto isSharp = [&] {
+        const QImage seen = view.Window().grab().toImage();
+        const QPoint middle = seen.rect().center();
+        const int step = qGray(seen.pixel(middle)) - qGray(seen.pixel(middle + QPoint(1, 0)));
+        return std::abs(step) > 200;
+    };
+    EXPECT_TRUE(QTest::qWaitFor(isSharp)) << "its parts are read as they are looked at";
 }
 
 TEST(FileLoader, ShowsAtOnceWhatWasFetchedAheadAndLooksAtItsFileAgain)

@@ -53,17 +53,7 @@ void LumImgWnd::SetImage(const LumImage* image)
     SetImages(ReducedImages(image != nullptr ? LumPixels::Of(*image) : QImage()));
 }
 
-void LumImgWnd::SetImages(ReducedImages newImages)
-{
-    Exchange(std::move(newImages), false);
-}
-
-void LumImgWnd::SetPixels(const QImage& pixels, const QSize& size, bool keepsView)
-{
-    Exchange(ReducedImages(pixels, size), keepsView);
-}
-
-void LumImgWnd::Exchange(ReducedImages newImages, bool keepsView)
+void LumImgWnd::SetImages(ReducedImages newImages, bool keepsView)
 {
     ExecClearAnchor();
     images = std::move(newImages);

@@ -32,12 +32,10 @@ public:
     /// Shows \p image, another version of the picture on show, in the present view if it has the
     /// same size, else as SetImage.
     void RefreshImage(const LumImage* image);
-    /// The same with pictures whose reduced copies may have been made before.
-    void SetImages(ReducedImages newImages);
+    /// The same with pictures whose reduced copies may have been made before. \p keepsView: where
+    /// the one before was looked at, this one is too.
+    void SetImages(ReducedImages newImages, bool keepsView = false);
     void RefreshImages(ReducedImages newImages);
-    /// Shows \p pixels, all that is there yet of a picture of \p size. \p keepsView: where the one
-    /// before was looked at, this one is too.
-    void SetPixels(const QImage& pixels, const QSize& size, bool keepsView);
     /// Shows \p pixels, which are sharper, where \p place of the picture (in its pixels) is to be
     /// seen, until there is another picture.
     void SetPart(const QImage& pixels, const QRect& place);
@@ -93,7 +91,6 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    void Exchange(ReducedImages newImages, bool keepsView);
     QRect Inside() const;
     QSize DeviceSize() const;
     QPointF PlaceOf(const QSinglePointEvent& event) const;

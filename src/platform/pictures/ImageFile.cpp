@@ -45,6 +45,22 @@ QSize WithPixels(const QSize& shape, qint64 pixels)
     return {std::max(1, static_cast<int>(shape.width() * scale)),
             std::max(1, static_cast<int>(shape.height() * scale))};
 }
+
+/// The size into which a picture of \p size is reduced; an empty one sets no bounds.
+QSize Within(const QSize& size, const PictureBounds& bounds)
+{
+    if (PixelsOf(size) <= bounds.fewPixels) return {};
+    if (bounds.longestSide > 0) return {bounds.longestSide, bounds.longestSide};
+    const bool fits = bounds.mostPixels == 0 || PixelsOf(size) <= bounds.mostPixels;
+    return fits ? QSize() : WithPixels(size, bounds.mostPixels);
+}
+
+/// The same for a drawing, whose size isn't known before it is drawn.
+QSize WithinUnknown(const PictureBounds& bounds)
+{
+    if (bounds.longestSide > 0) return {bounds.longestSide, bounds.longestSide};
+    return bounds.mostPixels > 0 ? WithPixels({1, 1}, bounds.mostPixels) : QSize();
+}
 } // namespace
 
 std::optional<QSize> ReadImageSize(const CString& path)
@@ -73,17 +89,19 @@ QImage ReadImage(const CString& path, int longestSide)
     return IsSvg(path) ? ReadSvgImage(path, within) : ImageSource::FromFile(path).Read(within);
 }
 
-QImage ReadImageUpTo(const CString& path, qint64 mostPixels, QSize& wholeSize)
+FilePicture ReadPicture(const CString& path, const PictureBounds& bounds)
 {
     if (IsSvg(path)) {
-        const QImage drawn = ReadSvgImage(path, WithPixels({1, 1}, mostPixels));
-        wholeSize = drawn.size();
-        return drawn;
+        const QImage drawn = ReadSvgImage(path, WithinUnknown(bounds));
+        return {drawn, drawn.size()};
     }
     const ImageSource source = ImageSource::FromFile(path);
-    wholeSize = source.Size();
-    const bool fits = PixelsOf(wholeSize) <= mostPixels;
-    return source.Read(fits ? QSize() : WithPixels(wholeSize, mostPixels));
+    return {source.Read(Within(source.Size(), bounds)), source.Size()};
+}
+
+FilePicture ReducePicture(const QImage& whole, const PictureBounds& bounds)
+{
+    return {Reduced(whole, Within(whole.size(), bounds)), whole.size()};
 }
 
 QImage ReadSvgImage(const CString& path, const QSize& within)

@@ -2,11 +2,9 @@
 
 #include "platform/text/Text.h"
 
-#include <QSize>
+#include <QImage>
 
 #include <optional>
-
-class QImage;
 
 /// Any number of threads may read pictures at once.
 
@@ -18,9 +16,30 @@ std::optional<QSize> ReadImageSize(const CString& path);
 /// fails.
 QImage ReadImage(const CString& path, int longestSide);
 
-/// The same, reduced to \p mostPixels pixels where it has more; \p wholeSize becomes the size of
-/// the whole picture.
-QImage ReadImageUpTo(const CString& path, qint64 mostPixels, QSize& wholeSize);
+/// How far a picture is reduced.
+struct PictureBounds
+{
+    /// In pixels; 0: any.
+    int longestSide = 0;
+    /// 0: any number of pixels.
+    qint64 mostPixels = 0;
+    /// One with no more pixels stays whole.
+    qint64 fewPixels = 0;
+};
+
+/// A picture, and how large it is in its file.
+struct FilePicture
+{
+    /// Null when it can't be decoded.
+    QImage image;
+    QSize wholeSize;
+};
+
+/// The same within \p bounds.
+FilePicture ReadPicture(const CString& path, const PictureBounds& bounds);
+
+/// \p whole within \p bounds.
+FilePicture ReducePicture(const QImage& whole, const PictureBounds& bounds);
 
 /// The picture of the SVG file \p path with all its layers, as large as it fits into \p within but
 /// never enlarged; an empty size sets no bounds. Where it can't be drawn its embedded photograph

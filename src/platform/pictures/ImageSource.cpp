@@ -75,6 +75,15 @@ QRect OnBlocks(const QRect& part)
 }
 } // namespace
 
+QImage Reduced(const QImage& image, const QSize& within)
+{
+    const QSize wanted = Reduced(image.size(), within);
+    if (image.isNull() || wanted == image.size()) return image;
+    return image
+        .convertToFormat(image.hasAlphaChannel() ? QImage::Format_ARGB32 : QImage::Format_RGB32)
+        .scaled(wanted, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}
+
 ImageSource ImageSource::FromFile(const CString& path)
 {
     return ImageSource(MibReadFile(path, largestFile).value_or(std::string()));
@@ -97,23 +106,22 @@ QImage ImageSource::Read(const QSize& within, qint64 pixelLimit) const
     if (PixelsOf(isJpeg ? wanted : size) > pixelLimit) return {};
     BytesReader opened(bytes);
     if (isJpeg) return wanted == size ? opened.reader.read() : opened.ReadScaled(wanted);
-    const QImage image = opened.reader.read();
-    if (image.isNull() || wanted == size) return image;
-    return image
-        .convertToFormat(image.hasAlphaChannel() ? QImage::Format_ARGB32 : QImage::Format_RGB32)
-        .scaled(Reduced(image.size(), within), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    return Reduced(opened.reader.read(), within);
 }
 
 QImage ImageSource::ReadPart(QRect& part, const QSize& within) const
 {
-    if (size.isEmpty() || !isJpeg) return {};
+    if (size.isEmpty()) return {};
+    if (!isJpeg) return Reduced(Read(QSize()).copy(part &= QRect({0, 0}, size)), within);
     BytesReader opened(bytes);
     const QTransform toShown = opened.ToShown();
     const QRect stored = OnBlocks(toShown.inverted().mapRect(QRectF(part)).toRect())
                              .intersected(QRect(QPoint(0, 0), opened.reader.size()));
     if (stored.isEmpty()) return {};
+    const QSizeF asked = part.size();
+    const double scale = Reduced(part.size(), within).width() / asked.width();
     part = toShown.mapRect(QRectF(stored)).toRect();
-    const QSize wanted = Reduced(part.size(), within);
+    const QSize wanted = (QSizeF(part.size()) * scale).toSize().expandedTo({1, 1});
     if (PixelsOf(wanted) > mostPixelsShown) return {};
     opened.reader.setClipRect(stored);
     return wanted == part.size() ? opened.reader.read() : opened.ReadScaled(wanted);

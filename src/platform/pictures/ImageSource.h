@@ -5,6 +5,9 @@
 #include <QImage>
 #include <QSize>
 
+/// \p image, as large as it fits into \p within but never enlarged; an empty size sets no bounds.
+QImage Reduced(const QImage& image, const QSize& within);
+
 /// The bytes of a picture, of which more than one decoding is wanted. Any one thread at a time may
 /// use an object. A picture stands as its Exif orientation wants to be looked at.
 class ImageSource
@@ -23,13 +26,11 @@ public:
 
     /// The size of the whole picture; empty when there is none.
     QSize Size() const { return size; }
-    /// A reduced or a partial decoding takes less time and memory than a whole one.
-    bool IsReducible() const { return isJpeg; }
     /// The picture, as large as it fits into \p within but never enlarged; an empty size sets no
     /// bounds. A null image when that fails or would decode more than \p pixelLimit.
     QImage Read(const QSize& within, qint64 pixelLimit = mostPixelsShown) const;
-    /// What of the picture lies in \p part, reduced so that it has about \p within pixels. \p part
-    /// is widened to what was decoded. A null image as above.
+    /// What of the picture lies in \p part, which isn't empty, reduced so that this fits into \p
+    /// within. \p part is widened to what was decoded. A null image as above.
     QImage ReadPart(QRect& part, const QSize& within) const;
 
 private:

@@ -264,7 +264,7 @@ void ToviSpiCtrl::ShowPicture(ToviPhoto& photo)
     FileLoader& loader = FileLoader::Ours();
     const PhotoWishes wishes(*data);
     if (const auto full = loader.InHand<LoadedPicture>(wishes.Full(photo).key)) {
-        if (full->isWhole) photo.TakeImage(full->image);
+        if (full->IsWhole()) photo.TakeImage(full->image);
         fullShown = true;
         ShowFetched(full);
         return;
@@ -321,6 +321,9 @@ void ToviSpiCtrl::OnArrived(const LoadKey& key)
         break;
     case LoadKind::Check:
         ShowCheckResult(*photo);
+        break;
+    case LoadKind::Part:
+    case LoadKind::Drawing:
         break;
     }
 }

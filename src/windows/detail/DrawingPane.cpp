@@ -7,6 +7,8 @@
 #include "platform/text/QtText.h"
 #include "reports/ReadOnlyCopy.h"
 #include "windows/detail/ToviHtmlView.h"
+#include "windows/loader/FileLoader.h"
+#include "windows/loader/PhotoWishes.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -49,12 +51,17 @@ void Tell(const CString& text)
 }
 } // namespace
 
-DrawingPane::DrawingPane(QWidget* parent) : QWidget(parent), fetch(new PictureFetch(this))
+DrawingPane::DrawingPane(QWidget* parent) : QWidget(parent)
 {
     CreateControls();
     CreateViews();
-    connect(fetch, &PictureFetch::Done, this, &DrawingPane::OnLoaded);
-    SetPhoto(nullptr);
+    connect(&FileLoader::Ours(), &FileLoader::Arrived, this, &DrawingPane::OnArrived);
+    SetPhoto(nullptr, nullptr);
+}
+
+DrawingPane::~DrawingPane()
+{
+    FileLoader::Ours().Leave(this);
 }
 
 void DrawingPane::CreateControls()
@@ -125,37 +132,36 @@ void DrawingPane::CreateViews()
     layout->setRowStretch(4, 1);
 }
 
-void DrawingPane::SetPhoto(ToviPhoto* newPhoto)
+void DrawingPane::SetPhoto(ToviData* newDocument, ToviPhoto* newPhoto)
 {
+    document = newDocument;
     photo = newPhoto;
     pages = photo == nullptr ? DrawingPages{} : DrawingPages{1, photo->GetPictureCount()};
+    before = pages;
     TakePath();
     ShowControls();
 }
 
-/// A step that leads to a drawing whose file is missing isn't made, but what was on show is gone.
 void DrawingPane::Step(int step)
 {
-    const DrawingPages before = pages;
+    before = pages;
     pages = pages.Stepped(step);
     if (pages == before) return;
     TakePath();
-    if (path.empty()) pages = before;
     ShowControls();
 }
 
 void DrawingPane::TakePath()
 {
-    const bool hasDrawing = photo != nullptr && pages.count > 0;
-    path = hasDrawing ? photo->ReadablePicturePath(pages.index - 1) : CString();
+    CStringArray paths;
+    if (photo != nullptr && pages.count > 0) photo->GetPicturePath(paths, pages.index - 1);
+    path = paths.IsEmpty() ? CString() : paths[0];
     sheets = {1, 1};
     load = DrawingLoad::Running;
-    isAskedFor = false;
-    fetch->Cancel();
+    asked = {};
+    FileLoader::Ours().Leave(this);
     picture->SetDisableImage();
     page->Clear();
-    fileName->setText(QtText(MibGetFileName(path)));
-    fileName->setCursorPosition(0);
     told->hide();
     if (isVisible()) Load();
     ShowView();
@@ -163,21 +169,41 @@ void DrawingPane::TakePath()
 
 void DrawingPane::Load()
 {
-    if (isAskedFor || path.empty()) return;
-    isAskedFor = true;
-    if (DrawingViewOf(path, load) == DrawingView::Page) {
-        page->Navigate(path);
-    } else {
-        fetch->Start(path);
-    }
+    if (path.empty() || !asked.path.empty()) return;
+    const LoadWish wish = PhotoWishes(*document).Drawing(path, sheets.index - 1);
+    asked = wish.key;
+    FileLoader& loader = FileLoader::Ours();
+    loader.Want(this, {wish});
+    if (DrawingViewOf(path, load) == DrawingView::Page) page->Navigate(wish);
+    // One that was missing may be there by now.
+    const auto drawing = loader.InHand<LoadedDrawing>(asked);
+    if (drawing && drawing->isThere) OnArrived(asked);
 }
 
-void DrawingPane::OnLoaded(const PictureFetch::Picture& read)
+void DrawingPane::OnArrived(const LoadKey& key)
 {
-    load = read.image.IsValid() ? DrawingLoad::Done : DrawingLoad::Failed;
-    if (read.image.IsValid()) sheets.count = read.sheets;
-    picture->SetDrawFast(!read.isFromMono);
-    picture->SetImage(&read.image);
+    if (key != asked || path.empty()) return;
+    const auto drawing = FileLoader::Ours().InHand<LoadedDrawing>(asked);
+    if (drawing && !drawing->isThere) return TakeBack();
+    load = drawing && drawing->ok ? DrawingLoad::Done : DrawingLoad::Failed;
+    if (load == DrawingLoad::Done) {
+        sheets.count = drawing->sheets;
+        picture->SetDrawFast(!drawing->isFromMono);
+        picture->SetImages(drawing->images);
+    } else {
+        picture->SetDisableImage();
+    }
+    ShowView();
+    ShowControls();
+}
+
+/// A step that leads to a drawing whose file is missing isn't made, but what was on show is gone.
+void DrawingPane::TakeBack()
+{
+    path.clear();
+    pages = before;
+    picture->SetDisableImage();
+    page->Clear();
     ShowView();
     ShowControls();
 }
@@ -186,7 +212,8 @@ void DrawingPane::StepSheet(int step)
 {
     sheets = sheets.Stepped(step);
     load = DrawingLoad::Running;
-    fetch->Start(path, sheets.index - 1);
+    asked = {};
+    Load();
     ShowControls();
 }
 
@@ -210,7 +237,10 @@ void DrawingPane::ShowControls()
     positionText->setText(QtText(pages.Text()));
     previous->setEnabled(pages.HasPrevious());
     next->setEnabled(pages.HasNext());
-    open->setEnabled(!path.empty());
+    const bool isKnown = load != DrawingLoad::Running;
+    open->setEnabled(isKnown && !path.empty());
+    fileName->setText(QtText(MibGetFileName(path)));
+    fileName->setCursorPosition(0);
     sheetText->setText(QtText(SheetText(sheets)));
     previousSheet->setEnabled(sheets.HasPrevious());
     nextSheet->setEnabled(sheets.HasNext());

@@ -2,7 +2,7 @@
 
 #include "platform/text/Text.h"
 #include "windows/detail/DrawingPages.h"
-#include "windows/pictures/PictureFetch.h"
+#include "windows/loader/LoadKey.h"
 
 #include <QWidget>
 
@@ -11,6 +11,7 @@ class QLabel;
 class QLineEdit;
 class QPushButton;
 class QStackedWidget;
+class ToviData;
 class ToviHtmlView;
 class ToviPhoto;
 
@@ -22,9 +23,11 @@ class DrawingPane : public QWidget
 
 public:
     explicit DrawingPane(QWidget* parent);
+    ~DrawingPane() override;
 
-    /// Shows the first drawing of \p newPhoto, which outlives its stay; null for none.
-    void SetPhoto(ToviPhoto* newPhoto);
+    /// Shows the first drawing of \p newPhoto of \p newDocument, both of which outlive its stay;
+    /// null for none.
+    void SetPhoto(ToviData* newDocument, ToviPhoto* newPhoto);
 
 protected:
     void showEvent(QShowEvent* event) override;
@@ -37,22 +40,26 @@ private:
     /// Takes up the file of the drawing on show.
     void TakePath();
     void Load();
-    void OnLoaded(const PictureFetch::Picture& read);
+    void OnArrived(const LoadKey& key);
+    void TakeBack();
     /// Reads another sheet of the same file.
     void StepSheet(int step);
     void ShowView();
     void ShowControls();
     void OpenElsewhere();
 
+    ToviData* document = nullptr;
     ToviPhoto* photo = nullptr;
     DrawingPages pages;
+    /// Where the last step began.
+    DrawingPages before;
     DrawingPages sheets;
+    /// The file of the drawing, as far as is known; empty when there is none.
     CString path;
     DrawingLoad load = DrawingLoad::Running;
-    /// The drawing was asked for, in whatever state that is.
-    bool isAskedFor = false;
+    /// What was asked for; without a path: nothing yet.
+    LoadKey asked;
 
-    PictureFetch* fetch;
     QPushButton* previous;
     QPushButton* next;
     QPushButton* open;

@@ -121,7 +121,7 @@ ToviPhoto* ToviDetailPanel::SelectedPhoto() const
 void ToviDetailPanel::UpdateContent()
 {
     stale = false;
-    imageWnd->SetPhoto(SelectedPhoto());
+    imageWnd->SetPhoto(GetData(), SelectedPhoto());
     ShowProperties();
 }
 
@@ -132,9 +132,8 @@ void ToviDetailPanel::ShowProperties()
         tabWnd->ClearContent();
         return;
     }
-    photo->LoadExif();
     shownItems = GetData()->GetVisualSetting().GetItemShowSettings();
-    tabWnd->SetContent(photo, GetData()->GetItemDef(), shownItems);
+    tabWnd->SetContent(*GetData(), *photo, shownItems);
 }
 
 void ToviDetailPanel::OnInformation()
@@ -163,12 +162,12 @@ void ToviDetailPanel::ShowInformation(bool show)
 void ToviDetailPanel::SavePhoto()
 {
     if (GetData() == nullptr) return;
-    const PhotoCorrection& correction = imageWnd->Correction();
+    const ZoomView& view = imageWnd->View();
     CorrectionSave(*GetData(), CorrectionSave::Window::Image)
         .Run({.photo = SelectedPhoto(),
-              .rotation = correction.Rotation(),
-              .brightness = correction.Brightness(),
-              .isShown = imageWnd->IsEnableImage()});
+              .rotation = view.Rotation(),
+              .brightness = view.Brightness(),
+              .isShown = view.HasPicture()});
 }
 
 void ToviDetailPanel::AdjustSplitter() const

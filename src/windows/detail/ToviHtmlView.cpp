@@ -3,7 +3,8 @@
 #include "platform/controls/LumImgWnd.h"
 #include "platform/host/HostServices.h"
 #include "reports/SvgWorkFiles.h"
-#include "windows/pictures/PictureFetch.h"
+#include "windows/loader/FileLoader.h"
+#include "windows/loader/LoadedFiles.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -22,8 +23,7 @@ void TellFailure(const CString& text)
 } // namespace
 
 ToviHtmlView::ToviHtmlView(QWidget* parent)
-    : QWidget(parent), fetch(new PictureFetch(this)), pages(new QStackedWidget),
-      drawing(new LumImgWnd), notice(new QLabel)
+    : QWidget(parent), pages(new QStackedWidget), drawing(new LumImgWnd), notice(new QLabel)
 {
     notice->setAlignment(Qt::AlignCenter);
     notice->setWordWrap(true);
@@ -33,14 +33,7 @@ ToviHtmlView::ToviHtmlView(QWidget* parent)
     auto* const button = new QPushButton(QStringLiteral("ブラウザで表示"));
     button->setToolTip(QStringLiteral("SVGを写したページをブラウザで開く"));
     connect(button, &QPushButton::clicked, this, &ToviHtmlView::OpenPage);
-    connect(fetch, &PictureFetch::Done, this, [this](const PictureFetch::Picture& drawn) {
-        drawing->SetImage(&drawn.image);
-        if (drawn.image.IsValid()) {
-            pages->setCurrentWidget(drawing);
-        } else {
-            Tell(QStringLiteral("このSVGはここに表示できません。"));
-        }
-    });
+    connect(&FileLoader::Ours(), &FileLoader::Arrived, this, &ToviHtmlView::OnArrived);
 
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
@@ -49,18 +42,36 @@ ToviHtmlView::ToviHtmlView(QWidget* parent)
     layout->addWidget(button, 0, Qt::AlignRight);
 }
 
-void ToviHtmlView::Navigate(const CString& svgPath)
+ToviHtmlView::~ToviHtmlView()
 {
-    path = svgPath;
+    FileLoader::Ours().Leave(this);
+}
+
+void ToviHtmlView::Navigate(const LoadWish& wish)
+{
+    drawn = wish.key;
     drawing->SetDisableImage();
     Tell(QStringLiteral("描画しています…"));
-    fetch->Start(path);
+    FileLoader::Ours().Want(this, {wish});
+    if (FileLoader::Ours().InHand<LoadedPicture>(drawn)) OnArrived(drawn);
+}
+
+void ToviHtmlView::OnArrived(const LoadKey& key)
+{
+    if (key != drawn) return;
+    const auto picture = FileLoader::Ours().InHand<LoadedPicture>(drawn);
+    if (picture && picture->ok) {
+        drawing->SetImages(picture->images);
+        pages->setCurrentWidget(drawing);
+    } else {
+        Tell(QStringLiteral("このSVGはここに表示できません。"));
+    }
 }
 
 void ToviHtmlView::Clear()
 {
-    path.clear();
-    fetch->Cancel();
+    FileLoader::Ours().Leave(this);
+    drawn = {};
     drawing->SetDisableImage();
     pages->setCurrentWidget(drawing);
 }
@@ -69,8 +80,8 @@ void ToviHtmlView::OpenPage()
 {
     UserInterface* const user = GetHostServices().userInterface;
     CString page;
-    if (path.empty() || user == nullptr) return;
-    if (!MakeSvgPage(path.c_str(), page)) {
+    if (GetPath().empty() || user == nullptr) return;
+    if (!MakeSvgPage(GetPath().c_str(), page)) {
         TellFailure("このSVGのページを作れませんでした。ファイルが壊れていないか、作業フォルダに"
                     "空きがあるかを確かめてください。");
     } else if (!user->OpenFile(page)) {

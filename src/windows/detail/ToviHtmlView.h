@@ -1,11 +1,10 @@
 #pragma once
 
-#include "platform/text/Text.h"
+#include "windows/loader/LoadKey.h"
 
 #include <QWidget>
 
 class LumImgWnd;
-class PictureFetch;
 class QLabel;
 class QStackedWidget;
 
@@ -17,20 +16,21 @@ class ToviHtmlView : public QWidget
 
 public:
     explicit ToviHtmlView(QWidget* parent);
+    ~ToviHtmlView() override;
 
-    /// Begins to draw the file \p svgPath, which is shown when it is drawn.
-    void Navigate(const CString& svgPath);
+    /// Shows the file of \p wish, whose result is a LoadedPicture, when it is drawn.
+    void Navigate(const LoadWish& wish);
     /// Shows nothing.
     void Clear();
     /// The file on show; empty for none.
-    const CString& GetPath() const { return path; }
+    const CString& GetPath() const { return drawn.path; }
 
 private:
+    void OnArrived(const LoadKey& key);
     void OpenPage();
     void Tell(const QString& sentence);
 
-    CString path;
-    PictureFetch* fetch;
+    LoadKey drawn;
     QStackedWidget* pages;
     LumImgWnd* drawing;
     QLabel* notice;

@@ -4,8 +4,7 @@
 #include "platform/controls/LumImgWnd.h"
 #include "platform/controls/WenToolBarCtrl.h"
 #include "windows/detail/ToviHtmlView.h"
-#include "windows/pictures/PhotoGround.h"
-#include "windows/pictures/PictureFetch.h"
+#include "windows/loader/PhotoWishes.h"
 #include "windows/pictures/Pictures.h"
 
 #include <QSignalBlocker>
@@ -20,27 +19,26 @@ constexpr int toolSide = 24;
 constexpr int sliderWidth = 150;
 constexpr int tickInterval = 5;
 constexpr int quarter = 90;
+constexpr int sliderEnd = 10;
+/// In units of LumImage::SetContrast.
+constexpr int brightnessStep = 200;
 } // namespace
 
 ToviImageWnd::ToviImageWnd(QWidget* parent)
-    : QWidget(parent), fetch(new PictureFetch(this)), toolBar(new WenToolBarCtrl(this)),
-      slider(new QSlider(Qt::Horizontal)), views(new QStackedWidget), imageWnd(new LumImgWnd),
-      htmlView(new ToviHtmlView(this))
+    : QWidget(parent), toolBar(new WenToolBarCtrl(this)), slider(new QSlider(Qt::Horizontal)),
+      views(new QStackedWidget), view(new ZoomView), htmlView(new ToviHtmlView(this))
 {
     CreateTools();
-    PhotoGround::Get().LieUnder(*imageWnd, QPalette::Window);
-    imageWnd->SetCommand(LumImgWnd::commandMove);
     LumImgWnd::m_zoomIsViewport = true;
-    imageWnd->setAccessibleName(QStringLiteral("写真"));
-    views->addWidget(imageWnd);
+    view->Window().setAccessibleName(QStringLiteral("写真"));
+    views->addWidget(view);
     views->addWidget(htmlView);
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->setSpacing(0);
     layout->addWidget(toolBar);
     layout->addWidget(views, 1);
-    connect(fetch, &PictureFetch::Done, this,
-            [this](const PictureFetch::Picture& read) { OnLoaded(read.image); });
+    connect(view, &ZoomView::Changed, this, &ToviImageWnd::ShowTools);
     ShowTools();
 }
 
@@ -55,7 +53,7 @@ void ToviImageWnd::CreateTools()
                          {Check, ToolInformation, 3},
                          {Push, ToolSave, 5}},
                         "左回転|右回転|元に戻す|詳細情報|写真を保存");
-    slider->setRange(PhotoCorrection::darkest, PhotoCorrection::lightest);
+    slider->setRange(-sliderEnd, sliderEnd);
     slider->setTickInterval(tickInterval);
     slider->setTickPosition(QSlider::TicksBelow);
     slider->setPageStep(tickInterval);
@@ -85,79 +83,51 @@ void ToviImageWnd::OnTool(int id)
     }
 }
 
-void ToviImageWnd::SetPhoto(ToviPhoto* newPhoto)
+void ToviImageWnd::SetPhoto(ToviData* document, ToviPhoto* newPhoto)
 {
-    const CString path = newPhoto == nullptr ? CString() : newPhoto->ReadablePath();
-    const bool isThere = working.IsValid() || fetch->IsBusy() || htmlView->GetPath() == path;
+    const bool isThere = view->HasPicture() || view->IsLoading() || !htmlView->GetPath().empty();
     if (newPhoto != nullptr && newPhoto == photo && isThere) return;
     photo = newPhoto;
-    fetch->Cancel();
+    const bool isSvg = photo != nullptr && ToviExifInfo::IsSvg(photo->GetImagePath());
+    isChanged = view->Brightness() != 0;
     htmlView->Clear();
-    ShowNone();
-    if (!path.empty()) BeginPicture(path);
-    ShowTools();
-}
-
-void ToviImageWnd::BeginPicture(const CString& path)
-{
-    if (ToviExifInfo::IsSvg(path)) {
-        htmlView->Navigate(path);
-        views->setCurrentWidget(htmlView);
-    } else if (photo->IsImageLoaded()) {
-        OnLoaded(photo->GetImage());
+    if (photo == nullptr || isSvg) {
+        view->Clear();
     } else {
-        imageWnd->SetImage(&photo->GetImage());
-        fetch->Start(path);
+        view->Load(*document, *photo);
     }
-}
-
-void ToviImageWnd::ShowNone()
-{
-    base.Clear();
-    working.Clear();
-    correction.BeginNone();
-    imageWnd->SetDisableImage();
-    views->setCurrentWidget(imageWnd);
-}
-
-void ToviImageWnd::OnLoaded(const LumImage& image)
-{
-    base = image;
-    if (base.IsValid()) {
-        correction.BeginPicture();
-        working = correction.Apply(base);
-        imageWnd->SetImage(&working);
-    } else {
-        ShowNone();
-    }
+    if (isSvg) htmlView->Navigate(PhotoWishes(*document).Full(*photo));
+    views->setCurrentWidget(isSvg ? static_cast<QWidget*>(htmlView) : view);
     ShowTools();
 }
 
 void ToviImageWnd::Rotate(int angle)
 {
-    if (!working.IsValid()) return;
-    correction.Turn(angle);
-    ShowWorking();
+    if (!view->HasPicture()) return;
+    view->Rotate(angle);
+    NoteChange();
 }
 
 void ToviImageWnd::OnSlider(int position)
 {
-    if (correction.SetBrightness(position) && base.IsValid()) ShowWorking();
+    const int brightness = position * brightnessStep;
+    if (brightness == view->Brightness()) return;
+    view->SetBrightness(brightness);
+    NoteChange();
 }
 
 void ToviImageWnd::Reset()
 {
-    if (!base.IsValid()) return;
     const QSignalBlocker quiet(slider);
     slider->setValue(0);
-    correction.Reset();
-    ShowWorking();
+    view->Revert();
+    isChanged = false;
+    ShowTools();
 }
 
-void ToviImageWnd::ShowWorking()
+void ToviImageWnd::NoteChange()
 {
-    working = correction.Apply(base);
-    imageWnd->RefreshImage(&working);
+    isChanged = true;
     ShowTools();
 }
 
@@ -169,11 +139,10 @@ void ToviImageWnd::ShowInformationState(bool isEnabled, bool isOn)
 
 void ToviImageWnd::ShowTools()
 {
-    const ImageTools tools =
-        ToolsFor(working.IsValid(), views->currentWidget() == htmlView, correction.IsChanged());
-    toolBar->EnableButton(ToolLeft, tools.correct);
-    toolBar->EnableButton(ToolRight, tools.correct);
-    slider->setEnabled(tools.correct);
-    toolBar->EnableButton(ToolReset, tools.reset);
-    toolBar->EnableButton(ToolSave, tools.save);
+    const bool hasPicture = view->HasPicture();
+    toolBar->EnableButton(ToolLeft, hasPicture);
+    toolBar->EnableButton(ToolRight, hasPicture);
+    slider->setEnabled(hasPicture);
+    toolBar->EnableButton(ToolReset, hasPicture && isChanged);
+    toolBar->EnableButton(ToolSave, hasPicture || views->currentWidget() == htmlView);
 }

@@ -1,17 +1,13 @@
 #pragma once
 
-#include "platform/pictures/LumImage.h"
 #include "platform/text/Export.h"
-#include "windows/detail/PhotoCorrection.h"
+#include "windows/zoom/ZoomView.h"
 
 #include <QWidget>
 
-class LumImgWnd;
-class PictureFetch;
 class QSlider;
 class QStackedWidget;
 class ToviHtmlView;
-class ToviPhoto;
 class WenToolBarCtrl;
 
 /// One photograph at full size, with tools that turn it and make it lighter or darker on the screen
@@ -34,16 +30,14 @@ public:
 
     explicit ToviImageWnd(QWidget* parent);
 
-    /// Shows \p newPhoto, which outlives its stay: at once what is there of its picture, and the
-    /// whole as soon as it is read. Null shows nothing.
-    void SetPhoto(ToviPhoto* newPhoto);
+    /// Shows \p newPhoto of \p document, both of which outlive its stay. Null shows nothing.
+    void SetPhoto(ToviData* document, ToviPhoto* newPhoto);
     /// How the tool 詳細情報 stands.
     void ShowInformationState(bool isEnabled, bool isOn);
 
-    const PhotoCorrection& Correction() const { return correction; }
-    /// The picture on show, corrected; empty while none is there to be corrected.
-    const LumImage& Working() const { return working; }
-    bool IsEnableImage() const { return working.IsValid(); }
+    /// The picture on show, with what was done to it.
+    const ZoomView& View() const { return *view; }
+    bool IsEnableImage() const { return view->HasPicture(); }
 
 signals:
     /// The user wants the information pane to be shown or hidden.
@@ -54,25 +48,19 @@ signals:
 private:
     void CreateTools();
     void OnTool(int id);
-    void OnLoaded(const LumImage& image);
-    void ShowNone();
-    void BeginPicture(const CString& path);
     void Rotate(int angle);
     void OnSlider(int position);
     void Reset();
-    void ShowWorking();
+    void NoteChange();
     void ShowTools();
 
     ToviPhoto* photo = nullptr;
-    /// The picture as it was loaded, and as it is on show.
-    LumImage base;
-    LumImage working;
-    PhotoCorrection correction;
+    /// Something was done to the picture, even if it came to nothing.
+    bool isChanged = false;
 
-    PictureFetch* fetch;
     WenToolBarCtrl* toolBar;
     QSlider* slider;
     QStackedWidget* views;
-    LumImgWnd* imageWnd;
+    ZoomView* view;
     ToviHtmlView* htmlView;
 };

@@ -1,5 +1,6 @@
 #include "windows/detail/ToviPropertyDlg.h"
 
+#include "delivery/ToviData.h"
 #include "imagefacts/ControlValueParser.h"
 #include "imagefacts/ToviControlValueArray.h"
 #include "items/ToviItemDef.h"
@@ -9,6 +10,8 @@
 #include "windows/cell/ToviControlValueTable.h"
 #include "windows/cell/ToviSpiListCtrl.h"
 #include "windows/detail/DrawingPane.h"
+#include "windows/loader/FileLoader.h"
+#include "windows/loader/PhotoWishes.h"
 
 #include <QLabel>
 #include <QPlainTextEdit>
@@ -46,7 +49,13 @@ ToviPropertyDlg::ToviPropertyDlg(QWidget* parent)
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(1, 1, 1, 1);
     layout->addWidget(pages);
+    connect(&FileLoader::Ours(), &FileLoader::Arrived, this, &ToviPropertyDlg::OnArrived);
     ClearContent();
+}
+
+ToviPropertyDlg::~ToviPropertyDlg()
+{
+    FileLoader::Ours().Leave(this);
 }
 
 QWidget* ToviPropertyDlg::MakeInformation()
@@ -64,34 +73,45 @@ QWidget* ToviPropertyDlg::MakeInformation()
     return splitter;
 }
 
-void ToviPropertyDlg::SetContent(ToviPhoto* photo, ToviItemDef* itemDef,
+void ToviPropertyDlg::SetContent(ToviData& newDocument, ToviPhoto& newPhoto,
                                  const ToviItemShowSettings& settings)
 {
+    document = &newDocument;
+    photo = &newPhoto;
     listSetting.SetItemShowSettings(settings);
     listSetting.GetItemShowSettings().SetShowTitle(true);
-    ShowItems(photo, itemDef);
-    const bool hasText = photo != nullptr && itemDef != nullptr;
-    ShowValues(hasText ? photo->GetTitle(itemDef->GetIndexFromTitle(controlValueTitle)) : "");
+    FileLoader::Ours().Want(this, {PhotoWishes(*document).Facts(*photo)});
+    ShowItems();
+    ShowValues(photo->GetTitle(document->GetItemDef()->GetIndexFromTitle(controlValueTitle)));
     splitter->ShowPane(1, settings.IsBold(controlValueTitle));
-    drawings->SetPhoto(photo);
+    drawings->SetPhoto(document, photo);
 }
 
 void ToviPropertyDlg::ClearContent()
 {
-    ShowItems(nullptr, nullptr);
+    document = nullptr;
+    photo = nullptr;
+    FileLoader::Ours().Leave(this);
+    ShowItems();
     ShowValues({});
-    drawings->SetPhoto(nullptr);
+    drawings->SetPhoto(nullptr, nullptr);
 }
 
-void ToviPropertyDlg::ShowItems(const ToviPhoto* photo, ToviItemDef* itemDef)
+void ToviPropertyDlg::OnArrived(const LoadKey& key)
+{
+    const bool isOurs = photo != nullptr && key.path == photo->GetImagePath();
+    if (isOurs && key.kind == LoadKind::Facts) ShowItems();
+}
+
+void ToviPropertyDlg::ShowItems()
 {
     itemList->Clear();
     itemList->itemColours.Clear();
-    if (photo == nullptr || itemDef == nullptr) return;
-    itemList->itemColours.AddDefinitions(*itemDef);
+    if (photo == nullptr) return;
+    itemList->itemColours.AddDefinitions(*document->GetItemDef());
     itemList->itemColours.AddShowSettings(listSetting.GetItemShowSettings());
     ToviTextPairArray pairs;
-    photo->GetTextPairs(itemDef, listSetting.GetItemShowSettings(), pairs);
+    GetShownPairs(*document, *photo, listSetting.GetItemShowSettings(), pairs);
     itemList->Fill(pairs);
 }
 

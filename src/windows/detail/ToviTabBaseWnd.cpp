@@ -25,10 +25,10 @@ ToviTabBaseWnd::ToviTabBaseWnd(QWidget* parent)
     layout->addWidget(dialog, 1);
 }
 
-void ToviTabBaseWnd::SetContent(ToviPhoto* photo, ToviItemDef* itemDef,
+void ToviTabBaseWnd::SetContent(ToviData& document, ToviPhoto& photo,
                                 const ToviItemShowSettings& settings)
 {
-    dialog->SetContent(photo, itemDef, settings);
+    dialog->SetContent(document, photo, settings);
 }
 
 void ToviTabBaseWnd::ClearContent()

@@ -6,7 +6,7 @@
 #include <QWidget>
 
 class QTabBar;
-class ToviItemDef;
+class ToviData;
 class ToviPhoto;
 class ToviPropertyDlg;
 
@@ -19,7 +19,7 @@ public:
     explicit ToviTabBaseWnd(QWidget* parent);
 
     /// See ToviPropertyDlg.
-    void SetContent(ToviPhoto* photo, ToviItemDef* itemDef, const ToviItemShowSettings& settings);
+    void SetContent(ToviData& document, ToviPhoto& photo, const ToviItemShowSettings& settings);
     void ClearContent();
     /// Selects the tab \p page, 0 or 1.
     void ShowPage(int page);

@@ -53,7 +53,7 @@ public:
     bool Stop(std::chrono::milliseconds patience);
 
 signals:
-    /// Something new is in hand, which somebody wants.
+    /// Something new is in hand, which somebody wants; nothing is when there is no room for it.
     void Arrived(const LoadKey& key);
 
 private:

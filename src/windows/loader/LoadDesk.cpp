@@ -113,7 +113,7 @@ bool LoadDesk::Finish(const Task& task, LoadedPtr loaded)
     const int need = NeedOf(FindNeeds(), task.key);
     if (!MakeRoom(loaded->bytes, need)) {
         if (need != unwanted) withoutRoom.insert(task.key);
-        return false;
+        return need != unwanted;
     }
     bytesInHand += loaded->bytes;
     kept[task.key] = {std::move(loaded), ++uses};

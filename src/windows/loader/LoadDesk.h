@@ -51,8 +51,8 @@ public:
     /// The next task, which then runs until it is finished; nothing when none is due. What isn't in
     /// sight leaves one worker free, for what comes into sight.
     std::optional<Task> Take(Time now);
-    /// \p loaded is the result of \p task; null: what is in hand still holds. True when something
-    /// else is in hand now and somebody wants it.
+    /// \p loaded is the result of \p task; null: what is in hand still holds. True when somebody
+    /// wants it and something else is in hand now, or nothing because there is no room for it.
     bool Finish(const Task& task, LoadedPtr loaded);
 
     /// What is in hand under \p key, or null.

@@ -2,6 +2,8 @@
 
 #include "platform/text/Text.h"
 
+#include <QRect>
+
 #include <cstddef>
 #include <functional>
 #include <memory>
@@ -10,6 +12,10 @@
 enum class LoadKind
 {
     Picture,
+    /// A part of a picture that is too large to be kept whole.
+    Part,
+    /// A reference drawing.
+    Drawing,
     /// What its Exif data and the file system say.
     Facts,
     /// The tamper check. One at a time is at work.
@@ -26,6 +32,10 @@ struct LoadKey
     LoadKind kind = LoadKind::Picture;
     /// Of a picture: how many pixels its longer side has at most; 0 for the full picture.
     int side = 0;
+    /// Of a drawing: which of its sheets, from 0 on.
+    int sheet = 0;
+    /// Of a part: its place in the whole picture.
+    QRect part = {};
 
     bool operator==(const LoadKey&) const = default;
 };
@@ -35,8 +45,9 @@ struct std::hash<LoadKey>
 {
     std::size_t operator()(const LoadKey& key) const
     {
-        const auto rest =
-            static_cast<std::size_t>(key.side) * 4 + static_cast<std::size_t>(key.kind);
+        const auto rest = (static_cast<std::size_t>(key.side) << 8) +
+                          (static_cast<std::size_t>(key.sheet) << 4) +
+                          static_cast<std::size_t>(key.kind) + qHash(key.part);
         return std::hash<CString>()(key.path) ^ (std::hash<const void*>()(key.place.get()) << 1) ^
                (rest * 0x9E3779B97F4A7C15u);
     }
@@ -49,6 +60,8 @@ struct Loaded
 
     /// False when the file couldn't be read, or isn't what it should be.
     bool ok = false;
+    /// There is a file that may be read.
+    bool isThere = false;
     /// The room that it takes.
     std::size_t bytes = 0;
     /// Tells this state of the file from all others.

@@ -2,81 +2,18 @@
 
 #include "delivery/ToviData.h"
 #include "items/ToviItemShowSettings.h"
-#include "photos/DeliveryFiles.h"
-#include "photos/TamperCheck.h"
-#include "platform/files/Digest.h"
 #include "platform/pictures/ImageFile.h"
-#include "platform/pictures/LumPicture.h"
 #include "windows/loader/FileLoader.h"
 #include "work/RunWorkFile.h"
 
-#include <new>
-
 namespace
 {
-/// What the facts of a photograph take, about; what says that there is none takes the same.
-constexpr std::size_t bytesOfFacts = 8 * 1024;
-
-/// Reads \p What of a file that is readable, into which \p read puts it.
-template <class What, class Read>
-LoadedPtr ReadFile(const DeliveryFiles& files, const CString& path, const CString& known,
-                   const Read& read)
-{
-    const CString file = files.Readable(path);
-    // Before it is read: what changes it meanwhile makes another state of it.
-    const CString stamp = file.empty() ? CString() : FileDigest(file);
-    if (!known.empty() && known == stamp) return nullptr;
-    const auto made = std::make_shared<What>();
-    made->stamp = stamp;
-    made->bytes = bytesOfFacts;
-    try {
-        if (!file.empty()) read(file, *made);
-        return made;
-    } catch (const std::bad_alloc&) {
-        return std::make_shared<What>();
-    }
-}
-
-LoadedPtr ReadPicture(const DeliveryFiles& files, const CString& path, int side,
-                      long long mostPixels, const CString& known)
-{
-    return ReadFile<LoadedPicture>(
-        files, path, known, [side, mostPixels](const CString& file, LoadedPicture& picture) {
-            QSize wholeSize;
-            const QImage image =
-                side > 0 ? ReadImage(file, side) : ReadImageUpTo(file, mostPixels, wholeSize);
-            if (image.isNull()) return;
-            picture.isWhole = image.size() == wholeSize;
-            picture.ok = true;
-            picture.image = LumPixels::From(image);
-            picture.images = ReducedImages(image);
-            picture.images.MakeAll(LumImage::thumbSide);
-            picture.bytes += picture.images.Bytes();
-            if (picture.images.At(1).cacheKey() != image.cacheKey()) {
-                picture.bytes += static_cast<std::size_t>(image.sizeInBytes());
-            }
-        });
-}
-
-LoadedPtr ReadFacts(const DeliveryFiles& files, const CString& path, const CString& workFolder,
-                    const CString& known)
-{
-    return ReadFile<LoadedFacts>(files, path, known,
-                                 [&workFolder](const CString& file, LoadedFacts& facts) {
-                                     ReadPhotoFacts(file, workFolder, facts.facts);
-                                     facts.ok = true;
-                                 });
-}
-
-LoadedPtr DoCheck(const DeliveryFiles& files, const CString& path, TamperCheck& check,
-                  const CString& known)
-{
-    return ReadFile<LoadedCheck>(files, path, known,
-                                 [&check](const CString& file, LoadedCheck& checked) {
-                                     checked.result = check.Check(file);
-                                     checked.ok = true;
-                                 });
-}
+/// Windows of about the same size share what is sharp in them.
+constexpr int screenStep = 256;
+/// So small a picture is decoded whole at once.
+constexpr qint64 fewPixels = 2'000'000;
+/// One drawing is on show at a time.
+constexpr int picturesOfADrawing = 2;
 
 LoadKey FactsKey(ToviData& document, ToviPhoto& photo)
 {
@@ -90,22 +27,50 @@ PhotoWishes::PhotoWishes(ToviData& document)
 
 LoadWish PhotoWishes::Thumb(ToviPhoto& photo, Urgency urgency) const
 {
-    return Picture(photo, LumImage::thumbSide, urgency);
+    return Picture(photo, LumImage::thumbSide, {.longestSide = LumImage::thumbSide}, urgency);
 }
 
 LoadWish PhotoWishes::Full(ToviPhoto& photo, Urgency urgency) const
 {
-    return Picture(photo, 0, urgency);
+    return Picture(photo, 0, {.mostPixels = FileLoader::Ours().MostPixels()}, urgency);
 }
 
-LoadWish PhotoWishes::Picture(ToviPhoto& photo, int side, Urgency urgency) const
+LoadWish PhotoWishes::Screen(ToviPhoto& photo, int side, Urgency urgency) const
+{
+    // How large a drawing is shows when it is drawn, which takes the same time at any size.
+    if (ToviExifInfo::IsSvg(photo.GetImagePath())) return Full(photo, urgency);
+    const int rounded = (side / screenStep + 1) * screenStep;
+    return Picture(photo, rounded, {.longestSide = rounded, .fewPixels = fewPixels}, urgency);
+}
+
+LoadWish PhotoWishes::Picture(ToviPhoto& photo, int side, const PictureBounds& bounds,
+                              Urgency urgency) const
 {
     const CString path = photo.GetImagePath();
-    const long long mostPixels = FileLoader::Ours().MostPixels();
     return {{files, path, LoadKind::Picture, side},
             urgency,
-            [from = files, path, side, mostPixels](const CString& known) {
-                return ReadPicture(*from, path, side, mostPixels, known);
+            [from = files, path, bounds](const CString& known) {
+                return LoadPicture(*from, path, bounds, known);
+            }};
+}
+
+LoadWish PhotoWishes::Part(ToviPhoto& photo, const QRect& part, int side) const
+{
+    const CString path = photo.GetImagePath();
+    return {{.place = files, .path = path, .kind = LoadKind::Part, .side = side, .part = part},
+            Urgency::Visible,
+            [from = files, path, part, side](const CString& known) {
+                return LoadPart(*from, path, part, side, known);
+            }};
+}
+
+LoadWish PhotoWishes::Drawing(const CString& path, int sheet) const
+{
+    const long long mostPixels = picturesOfADrawing * FileLoader::Ours().MostPixels();
+    return {{.place = files, .path = path, .kind = LoadKind::Drawing, .sheet = sheet},
+            Urgency::Visible,
+            [from = files, path, sheet, mostPixels](const CString& known) {
+                return LoadDrawing(*from, path, sheet, mostPixels, known);
             }};
 }
 
@@ -117,7 +82,7 @@ LoadWish PhotoWishes::Facts(ToviPhoto& photo, Urgency urgency) const
     return {{files, path, LoadKind::Facts},
             urgency,
             [from = files, path, folder = workFolder.value_or("")](const CString& known) {
-                return ReadFacts(*from, path, folder, known);
+                return LoadFacts(*from, path, folder, known);
             }};
 }
 
@@ -128,7 +93,7 @@ std::optional<LoadWish> PhotoWishes::Check(ToviPhoto& photo, Urgency urgency) co
     return LoadWish{{check, path, LoadKind::Check},
                     urgency,
                     [from = files, path, by = check](const CString& known) {
-                        return DoCheck(*from, path, *by, known);
+                        return LoadCheck(*from, path, *by, known);
                     }};
 }
 

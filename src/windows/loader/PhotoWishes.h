@@ -1,35 +1,10 @@
 #pragma once
 
-#include "imagefacts/PhotoFacts.h"
-#include "photos/ToviPhoto.h"
-#include "platform/pictures/ReducedImages.h"
-#include "windows/loader/LoadKey.h"
+#include "windows/loader/LoadedFiles.h"
 
 #include <optional>
 
-class DeliveryFiles;
-class TamperCheck;
 class ToviData;
-
-/// A picture, ready to be drawn.
-struct LoadedPicture : Loaded
-{
-    LumImage image;
-    /// The same with its reduced copies.
-    ReducedImages images;
-    /// It is as large as in the file.
-    bool isWhole = false;
-};
-
-struct LoadedFacts : Loaded
-{
-    PhotoFacts facts;
-};
-
-struct LoadedCheck : Loaded
-{
-    ToviPhoto::EditJPEGCheckResult result = ToviPhoto::EditCheckUnknown;
-};
 
 /// What windows want of the photographs of a document, as it is now.
 class TOVI_EXPORT PhotoWishes
@@ -41,13 +16,21 @@ public:
     LoadWish Thumb(ToviPhoto& photo, Urgency urgency = Urgency::Visible) const;
     /// A LoadedPicture, whole unless it is so large that a page of them wouldn't fit.
     LoadWish Full(ToviPhoto& photo, Urgency urgency = Urgency::Visible) const;
+    /// A LoadedPicture that is sharp in a window of \p side device pixels; whole if that takes
+    /// hardly longer.
+    LoadWish Screen(ToviPhoto& photo, int side, Urgency urgency = Urgency::Visible) const;
+    /// A LoadedPart: \p part of the picture, sharp in such a window.
+    LoadWish Part(ToviPhoto& photo, const QRect& part, int side) const;
+    /// A LoadedDrawing: the \p sheet (from 0) of the reference drawing \p path.
+    LoadWish Drawing(const CString& path, int sheet) const;
     /// A LoadedFacts.
     LoadWish Facts(ToviPhoto& photo, Urgency urgency = Urgency::Visible) const;
     /// A LoadedCheck; nothing where no check is asked for.
     std::optional<LoadWish> Check(ToviPhoto& photo, Urgency urgency = Urgency::Visible) const;
 
 private:
-    LoadWish Picture(ToviPhoto& photo, int side, Urgency urgency) const;
+    LoadWish Picture(ToviPhoto& photo, int side, const PictureBounds& bounds,
+                     Urgency urgency) const;
 
     std::shared_ptr<const DeliveryFiles> files;
     std::shared_ptr<TamperCheck> check;

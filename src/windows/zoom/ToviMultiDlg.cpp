@@ -8,18 +8,18 @@
 #include "platform/controls/GaluDSplitter.h"
 #include "platform/controls/WenToolBarCtrl.h"
 #include "platform/controls/WindowId.h"
-#include "platform/pictures/LumPicture.h"
 #include "platform/text/QtText.h"
 #include "reports/CorrectionSave.h"
 #include "review/ToviLabelManager.h"
 #include "windows/cell/ToviNamePlate.h"
 #include "windows/keys/KeySet.h"
+#include "windows/loader/FileLoader.h"
+#include "windows/loader/PhotoWishes.h"
 #include "windows/pictures/Pictures.h"
 #include "windows/zoom/ZoomBar.h"
 #include "windows/zoom/ZoomInfo.h"
 #include "windows/zoom/ZoomMemory.h"
 #include "windows/zoom/ZoomRules.h"
-#include "windows/zoom/ZoomView.h"
 
 #include <QBoxLayout>
 #include <QGridLayout>
@@ -137,8 +137,14 @@ ToviMultiDlg::ToviMultiDlg(bool showsInfo)
     column->addLayout(body, 1);
     column->addWidget(zoomBar);
     ConnectKeys();
+    connect(&FileLoader::Ours(), &FileLoader::Arrived, this, &ToviMultiDlg::OnArrived);
     ClearPhoto();
     view->setFocus();
+}
+
+ToviMultiDlg::~ToviMultiDlg()
+{
+    FileLoader::Ours().Leave(this);
 }
 
 void ToviMultiDlg::CreateBars()
@@ -291,24 +297,49 @@ void ToviMultiDlg::SetPhoto(ToviData& newData, int index)
     path = photo.GetImagePath();
     canRevert = false;
     view->SetBrightness(ToviExifInfo::IsSvg(path) ? 0 : ZoomRules::BrightnessAt(slider->value()));
-    if (photo.IsImageLoaded()) {
-        view->Show(photo.ReadablePath(), LumPixels::Of(photo.GetImage()));
-    } else {
-        view->Load(photo.ReadablePath());
-    }
+    view->Load(*data, photo, FindNeighbours());
     canRevert = view->Brightness() != 0;
+    TellWishes();
     plate->SetHasDrawings(photo.GetPictureCount() > 0);
     plate->SetActive(true);
-    data->CheckEditJPEG(&photo);
-    plate->SetEditCheckResult(photo.GetEditChkResult());
-    photo.LoadExif();
+    ShowCheckResult();
     RefreshInfo();
     RefreshLabels();
     EnableCommands();
 }
 
+/// A window that follows the selection shows these next.
+PhotoNeighbours ToviMultiDlg::FindNeighbours() const
+{
+    const int position = data->GetSelectCurIndex();
+    if (isFixed || data->GetIndexPhotoArray(position) != photoIndex) return {};
+    return {data->GetPhoto(position + 1), data->GetPhoto(position - 1)};
+}
+
+void ToviMultiDlg::TellWishes()
+{
+    const PhotoWishes of(*data);
+    std::vector<LoadWish> wishes = {of.Facts(*Photo())};
+    if (auto check = of.Check(*Photo())) wishes.push_back(std::move(*check));
+    FileLoader::Ours().Want(this, std::move(wishes));
+}
+
+void ToviMultiDlg::OnArrived(const LoadKey& key)
+{
+    if (Photo() == nullptr || key.path != path) return;
+    if (key.kind == LoadKind::Facts) RefreshInfo();
+    if (key.kind == LoadKind::Check) ShowCheckResult();
+}
+
+void ToviMultiDlg::ShowCheckResult()
+{
+    TakeCheckInHand(*data, *Photo());
+    plate->SetEditCheckResult(Photo()->GetEditChkResult());
+}
+
 void ToviMultiDlg::ClearPhoto()
 {
+    FileLoader::Ours().Leave(this);
     data = nullptr;
     photoIndex = -1;
     path.clear();
@@ -326,14 +357,14 @@ void ToviMultiDlg::ClearPhoto()
 
 void ToviMultiDlg::RefreshInfo()
 {
-    const ToviPhoto* const photo = Photo();
+    ToviPhoto* const photo = Photo();
     if (photo == nullptr) return;
     const ToviPhotoCtrlVisualSetting& setting = data->GetVisualSetting();
     const ToviItemDef& definitions = *data->GetItemDef();
     const CString title = photo->GetTitle(definitions.GetIndexFromEnum(setting.GetTitleShowType()));
     plate->SetTitle(title);
     setWindowTitle(QtText(title));
-    info->SetContent(*photo, definitions, setting);
+    info->SetContent(*data, *photo, setting);
 }
 
 void ToviMultiDlg::RefreshLabels()

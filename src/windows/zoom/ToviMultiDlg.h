@@ -3,6 +3,7 @@
 #include "platform/controls/WenDialog.h"
 #include "platform/text/Text.h"
 #include "windows/keys/FrameCommand.h"
+#include "windows/zoom/ZoomView.h"
 
 #include <functional>
 #include <vector>
@@ -12,11 +13,9 @@ class QBoxLayout;
 class QSlider;
 class ToviData;
 class ToviNamePlate;
-class ToviPhoto;
 class WenToolBarCtrl;
 class ZoomBar;
 class ZoomInfo;
-class ZoomView;
 
 /// A window that shows one photograph large, with what there is to know of it. It is turned and
 /// made lighter on a working copy, which can be saved. A window that isn't fixed follows the
@@ -30,6 +29,7 @@ class TOVI_EXPORT ToviMultiDlg : public WenDialog
 public:
     /// \p showsInfo: with the information pane.
     explicit ToviMultiDlg(bool showsInfo);
+    ~ToviMultiDlg() override;
 
     /// Shows the photograph of \p data with the photo index \p index.
     void SetPhoto(ToviData& data, int index);
@@ -90,6 +90,10 @@ private:
     void LayOut();
 
     ToviPhoto* Photo() const;
+    PhotoNeighbours FindNeighbours() const;
+    void TellWishes();
+    void OnArrived(const LoadKey& key);
+    void ShowCheckResult();
     void OnCommand(int id);
     void OnBrightness(int position);
     void Revert();

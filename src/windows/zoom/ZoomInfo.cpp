@@ -1,5 +1,6 @@
 #include "windows/zoom/ZoomInfo.h"
 
+#include "delivery/ToviData.h"
 #include "imagefacts/ControlValueParser.h"
 #include "imagefacts/ToviControlValueArray.h"
 #include "photos/ToviPhoto.h"
@@ -7,6 +8,7 @@
 #include "platform/text/QtText.h"
 #include "windows/cell/ToviControlValueTable.h"
 #include "windows/cell/ToviSpiListCtrl.h"
+#include "windows/loader/PhotoWishes.h"
 
 #include <QPlainTextEdit>
 #include <QVBoxLayout>
@@ -41,16 +43,17 @@ ZoomInfo::ZoomInfo(QWidget* parent)
     ClearContent();
 }
 
-void ZoomInfo::SetContent(const ToviPhoto& photo, const ToviItemDef& definitions,
+void ZoomInfo::SetContent(ToviData& document, ToviPhoto& photo,
                           const ToviPhotoCtrlVisualSetting& newSetting)
 {
+    const ToviItemDef& definitions = *document.GetItemDef();
     setting = newSetting;
     const ToviItemShowSettings& shown = setting.GetItemShowSettings();
     itemList->itemColours.Clear();
     itemList->itemColours.AddDefinitions(definitions);
     itemList->itemColours.AddShowSettings(shown);
     ToviTextPairArray pairs;
-    photo.GetTextPairs(&definitions, shown, pairs);
+    GetShownPairs(document, photo, shown, pairs);
     itemList->Fill(pairs);
     const CString text = photo.GetTitle(definitions.GetIndexFromTitle(controlValueTitle));
     ToviControlValues values;

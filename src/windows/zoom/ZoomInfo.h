@@ -7,7 +7,7 @@
 class GaluDSplitter;
 class QPlainTextEdit;
 class ToviControlValueTable;
-class ToviItemDef;
+class ToviData;
 class ToviPhoto;
 class ToviSpiListCtrl;
 
@@ -19,8 +19,8 @@ class ZoomInfo : public QTabWidget
 public:
     explicit ZoomInfo(QWidget* parent = nullptr);
 
-    /// Shows of \p photo what \p newSetting wants. The Exif data are loaded.
-    void SetContent(const ToviPhoto& photo, const ToviItemDef& definitions,
+    /// Shows of \p photo of \p document what \p newSetting wants: of its file what is in hand.
+    void SetContent(ToviData& document, ToviPhoto& photo,
                     const ToviPhotoCtrlVisualSetting& newSetting);
     void ClearContent();
     int GetSelectedPage() const { return currentIndex(); }

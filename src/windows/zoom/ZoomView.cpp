@@ -2,15 +2,20 @@
 
 #include "platform/controls/LumImgWnd.h"
 #include "platform/controls/WindowId.h"
+#include "platform/pictures/LumPicture.h"
 #include "platform/pictures/ToneCurve.h"
 #include "windows/cell/CellChild.h"
+#include "windows/loader/FileLoader.h"
+#include "windows/loader/PhotoWishes.h"
 #include "windows/pictures/PhotoGround.h"
 #include "windows/zoom/ZoomRules.h"
 
 #include <QApplication>
 #include <QLabel>
 
+#include <algorithm>
 #include <chrono>
+#include <cmath>
 #include <utility>
 
 using namespace std::chrono_literals;
@@ -23,6 +28,13 @@ constexpr auto patienceTime = 300ms;
 QImage Turned(const QImage& image, int angle)
 {
     return angle % 360 == 0 ? image : image.transformed(QTransform().rotate(angle));
+}
+
+/// Nothing better than \p picture follows, which is sharp in the window.
+bool IsLast(const LoadedPicture& picture)
+{
+    const long long pixels = 1LL * picture.image.GetWidth() * picture.image.GetHeight();
+    return !picture.ok || picture.IsWhole() || pixels >= FileLoader::Ours().MostPixels();
 }
 } // namespace
 
@@ -41,9 +53,8 @@ ZoomView::ZoomView(QWidget* parent)
     rest.setInterval(restTime);
     patience.setSingleShot(true);
     patience.setInterval(patienceTime);
-    connect(&loader, &PictureLoader::Arrived, this, &ZoomView::OnArrived);
-    connect(&loader, &PictureLoader::PartArrived, this, &ZoomView::OnPartArrived);
-    connect(&rest, &QTimer::timeout, this, &ZoomView::LoadVisiblePart);
+    connect(&FileLoader::Ours(), &FileLoader::Arrived, this, &ZoomView::OnArrived);
+    connect(&rest, &QTimer::timeout, this, &ZoomView::WantVisiblePart);
     connect(&patience, &QTimer::timeout, this, [this] {
         imageWnd->SetDisableImage();
         ShowPlate(QStringLiteral("読み込み中です..."));
@@ -54,59 +65,119 @@ ZoomView::ZoomView(QWidget* parent)
     });
 }
 
+ZoomView::~ZoomView()
+{
+    FileLoader::Ours().Leave(this);
+}
+
 /// What is on show stays for a moment: the next one comes soon, and a window that goes dark between
 /// two photographs hides what differs between them. But it never stays for long under the title of
 /// the other.
-void ZoomView::Begin(const CString& file)
+void ZoomView::Begin()
 {
-    loader.Drop();
     rest.stop();
-    path = file;
     rotation = 0;
     hasFailed = false;
+    hasNoRoom = false;
     isFirst = true;
-    picture = {};
-    loadedPart = {};
+    shown.reset();
+    part.reset();
     patience.start();
 }
 
-void ZoomView::Load(const CString& file)
+void ZoomView::Load(ToviData& newDocument, ToviPhoto& newPhoto,
+                    const PhotoNeighbours& newNeighbours)
 {
-    Begin(file);
-    if (file.empty()) {
-        OnArrived({});
-        return;
-    }
+    document = &newDocument;
+    photo = &newPhoto;
+    neighbours = newNeighbours;
+    windowSide = WindowSide();
+    Begin();
     isLoading = true;
-    loader.Load(file, WindowSize());
+    TellWishes();
+    TakeBest();
     emit Changed();
-}
-
-void ZoomView::Show(const CString& file, const QImage& whole)
-{
-    Begin(file);
-    OnArrived({whole, whole.size(), whole.rect(), true});
 }
 
 void ZoomView::Clear()
 {
-    Begin({});
-    OnArrived({});
-    hasFailed = false;
-    ShowPlate({});
+    document = nullptr;
+    photo = nullptr;
+    FileLoader::Ours().Leave(this);
+    Begin();
+    patience.stop();
+    isLoading = false;
+    ShowPixels(true);
 }
 
-bool ZoomView::IsReduced() const
+/// The whole picture waits for the reduced one, so that this comes as soon as it can.
+void ZoomView::TellWishes()
 {
-    return HasPicture() && !isLoading && picture.size() != TurnedSize();
+    FileLoader& loader = FileLoader::Ours();
+    const PhotoWishes of(*document);
+    LoadWish screen = of.Screen(*photo, windowSide);
+    LoadWish full = of.Full(*photo);
+    const bool hasFull = FullInHand() != nullptr;
+    const auto reduced = loader.InHand<LoadedPicture>(screen.key);
+    std::vector<LoadWish> wishes;
+    if (!hasFull) wishes.push_back(std::move(screen));
+    const bool wantsFull = reduced && !IsLast(*reduced) && !hasNoRoom;
+    if (hasFull || wantsFull) wishes.push_back(std::move(full));
+    if (part) wishes.push_back(*part);
+    if (neighbours.next != nullptr) {
+        wishes.push_back(of.Screen(*neighbours.next, windowSide, Urgency::Next));
+        wishes.push_back(of.Full(*neighbours.next, Urgency::Idle));
+    }
+    if (neighbours.previous != nullptr) {
+        wishes.push_back(of.Screen(*neighbours.previous, windowSide, Urgency::Previous));
+    }
+    loader.Want(this, std::move(wishes));
+}
+
+void ZoomView::OnArrived(const LoadKey& key)
+{
+    if (photo == nullptr || key.path != photo->GetImagePath()) return;
+    if (key.kind == LoadKind::Part) {
+        TakePart();
+    } else if (key.kind == LoadKind::Picture) {
+        // What arrives and isn't in hand had no room, now as next time.
+        if (!FileLoader::Ours().InHand<LoadedPicture>(key)) hasNoRoom = true;
+        TakeBest();
+        if (!hasNoRoom) TellWishes();
+    }
+}
+
+/// Null, too, where the budget is so small that even it isn't sharp in the window.
+std::shared_ptr<const LoadedPicture> ZoomView::FullInHand() const
+{
+    auto full = FileLoader::Ours().InHand<LoadedPicture>(PhotoWishes(*document).Full(*photo).key);
+    if (!full || !full->ok || full->IsWhole()) return full;
+    const int side = std::max(full->image.GetWidth(), full->image.GetHeight());
+    return side >= windowSide ? full : nullptr;
+}
+
+void ZoomView::TakeBest()
+{
+    FileLoader& loader = FileLoader::Ours();
+    const PhotoWishes of(*document);
+    const auto full = FullInHand();
+    auto best = full ? full : loader.InHand<LoadedPicture>(of.Screen(*photo, windowSide).key);
+    if (full || hasNoRoom || (best && IsLast(*best))) isLoading = false;
+    if (!best) best = loader.InHand<LoadedPicture>(of.Thumb(*photo).key);
+    hasFailed = !isLoading && (!best || !best->ok);
+    if (best && !best->ok) best.reset();
+    if (best == nullptr && !hasFailed) return;
+    patience.stop();
+    if (best != nullptr && best == shown) return emit Changed();
+    shown = std::move(best);
+    ShowPixels(std::exchange(isFirst, false));
 }
 
 void ZoomView::Rotate(int angle)
 {
     if (!HasPicture()) return;
     rotation = ZoomRules::Turned(rotation, angle);
-    picture = Turned(picture, angle);
-    loadedPart = {};
+    part.reset();
     ShowPixels(true);
 }
 
@@ -122,22 +193,18 @@ void ZoomView::Revert()
     if (rotation != 0) Rotate(-rotation);
 }
 
-void ZoomView::OnArrived(const PictureStage& stage)
-{
-    if (stage.image.isNull() && !stage.isLast) return;
-    patience.stop();
-    isLoading = !stage.isLast;
-    hasFailed = stage.image.isNull();
-    size = stage.size;
-    picture = Turned(stage.image, rotation);
-    ShowPixels(std::exchange(isFirst, false));
-}
-
 /// \p isNew: it is another picture, not a better one of what is on show.
 void ZoomView::ShowPixels(bool isNew)
 {
-    imageWnd->SetPixels(picture, TurnedSize(), keepsView || !isNew);
+    ReducedImages images;
+    if (shown != nullptr && rotation == 0) {
+        images = shown->images;
+    } else if (shown != nullptr) {
+        images = ReducedImages(Turned(LumPixels::Of(shown->image), rotation), TurnedSize());
+    }
+    imageWnd->SetImages(std::move(images), keepsView || !isNew);
     ShowPlate(hasFailed ? QStringLiteral("表示できません") : QString());
+    TakePart();
     emit Changed();
 }
 
@@ -151,32 +218,36 @@ void ZoomView::ShowPlate(const QString& text)
     if (hadFocus) currentWidget()->setFocus();
 }
 
-void ZoomView::LoadVisiblePart()
+void ZoomView::WantVisiblePart()
 {
     const ImageView& view = imageWnd->View();
     const QRect seen = view.Visible().toAlignedRect().intersected({{0, 0}, TurnedSize()});
-    const bool isSharp = view.Zoom() * TurnedSize().width() <= picture.width();
-    if (!IsReduced() || isSharp || seen.isEmpty()) return;
+    if (!IsReduced() || seen.isEmpty()) return;
+    if (view.Zoom() * shown->wholeSize.width() <= shown->image.GetWidth()) return;
     const QRect wanted = ZoomRules::TurnedBack(seen, TurnedSize(), rotation);
-    if (loadedPart == wanted) return;
-    loadedPart = wanted;
-    const QSize window = WindowSize();
-    loader.LoadPart(path, wanted, rotation % 180 == 0 ? window : window.transposed());
+    if (part && part->key.part == wanted) return;
+    part = PhotoWishes(*document).Part(*photo, wanted, WindowSide());
+    TellWishes();
+    TakePart();
 }
 
-void ZoomView::OnPartArrived(const PictureStage& stage)
+void ZoomView::TakePart()
 {
-    if (stage.image.isNull() || !IsReduced()) return;
-    imageWnd->SetPart(Turned(stage.image, rotation),
-                      ZoomRules::TurnedBack(stage.part, size, -rotation));
+    if (!part || !HasPicture()) return;
+    const auto loaded = FileLoader::Ours().InHand<LoadedPart>(part->key);
+    if (!loaded || !loaded->ok) return;
+    imageWnd->SetPart(Turned(loaded->image, rotation),
+                      ZoomRules::TurnedBack(loaded->place, PictureSize(), -rotation));
 }
 
-QSize ZoomView::WindowSize() const
+int ZoomView::WindowSide() const
 {
-    return (QSizeF(imageWnd->size()) * devicePixelRatioF()).toSize().expandedTo({1, 1});
+    const double side = std::max({imageWnd->width(), imageWnd->height(), 1});
+    return static_cast<int>(std::ceil(side * devicePixelRatioF()));
 }
 
 QSize ZoomView::TurnedSize() const
 {
+    const QSize size = PictureSize();
     return rotation % 180 == 0 ? size : size.transposed();
 }

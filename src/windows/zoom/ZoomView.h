@@ -1,32 +1,45 @@
 #pragma once
 
-#include "windows/zoom/PictureStages.h"
+#include "windows/loader/LoadedFiles.h"
 
 #include <QStackedWidget>
 #include <QTimer>
 
+#include <optional>
+
 class LumImgWnd;
 class QLabel;
+class ToviData;
 
-/// One photograph, looked at closely: it is loaded in the background, and what is turned or made
-/// lighter is a working copy, always made from the picture as it was loaded.
+/// The photographs that the user probably turns to; null for none.
+struct PhotoNeighbours
+{
+    ToviPhoto* next = nullptr;
+    ToviPhoto* previous = nullptr;
+};
+
+/// One photograph, looked at closely: a picture that is sharp in the window comes first, the whole
+/// one behind it, and of one that is too large to be kept whole the parts that are looked at. What
+/// is turned or made lighter is a working copy, always made from the picture as it was loaded.
 class ZoomView : public QStackedWidget
 {
     Q_OBJECT
 
 public:
     explicit ZoomView(QWidget* parent = nullptr);
+    ~ZoomView() override;
 
-    /// Shows the image file \p file; when it is empty that there is none. The rotation begins anew.
-    void Load(const CString& file);
-    /// The same for a picture that is decoded already.
-    void Show(const CString& file, const QImage& whole);
+    /// Shows \p newPhoto of \p newDocument and has \p newNeighbours fetched; all of them outlive
+    /// their stay. The rotation begins anew.
+    void Load(ToviData& newDocument, ToviPhoto& newPhoto,
+              const PhotoNeighbours& newNeighbours = {});
     /// Shows nothing.
     void Clear();
     /// A picture is on show.
-    bool HasPicture() const { return !picture.isNull(); }
+    bool HasPicture() const { return shown != nullptr; }
     /// It is known that there is none to be shown.
     bool HasFailed() const { return hasFailed; }
+    /// A better one is on its way.
     bool IsLoading() const { return isLoading; }
 
     /// Turns the working copy clockwise by \p angle, a multiple of 90.
@@ -40,10 +53,10 @@ public:
 
     /// The next photograph is looked at where this one is, not fitted.
     void SetKeepsView(bool keeps) { keepsView = keeps; }
-    /// Of the picture as it was loaded; empty without one.
-    QSize PictureSize() const { return size; }
+    /// Of the picture in the file; empty without one.
+    QSize PictureSize() const { return shown ? shown->wholeSize : QSize(); }
     /// The picture on show is smaller than the one in the file, of which parts are loaded.
-    bool IsReduced() const;
+    bool IsReduced() const { return HasPicture() && !isLoading && !shown->IsWhole(); }
     LumImgWnd& Window() const { return *imageWnd; }
 
 signals:
@@ -51,32 +64,40 @@ signals:
     void Changed();
 
 private:
-    void Begin(const CString& file);
-    void OnArrived(const PictureStage& stage);
-    void OnPartArrived(const PictureStage& stage);
+    void Begin();
+    void TellWishes();
+    void OnArrived(const LoadKey& key);
+    std::shared_ptr<const LoadedPicture> FullInHand() const;
+    void TakeBest();
+    void TakePart();
     void ShowPixels(bool isNew);
     void ShowPlate(const QString& text);
-    void LoadVisiblePart();
-    QSize WindowSize() const;
+    void WantVisiblePart();
+    int WindowSide() const;
     QSize TurnedSize() const;
 
     LumImgWnd* imageWnd;
     QLabel* failPlate;
-    PictureLoader loader;
     /// The user has stopped moving.
     QTimer rest;
     /// The photograph before has been on show long enough.
     QTimer patience;
-    CString path;
-    /// What is there of the picture, turned by the rotation.
-    QImage picture;
-    QSize size;
-    QRect loadedPart;
+    ToviData* document = nullptr;
+    ToviPhoto* photo = nullptr;
+    PhotoNeighbours neighbours;
+    /// The room for the picture when it was asked for, in device pixels.
+    int windowSide = 0;
+    /// The best there is so far.
+    std::shared_ptr<const LoadedPicture> shown;
+    /// What is looked at of a picture that isn't sharp enough there.
+    std::optional<LoadWish> part;
     int rotation = 0;
     int brightness = 0;
     bool keepsView = false;
     bool isLoading = false;
     bool hasFailed = false;
+    /// The budget of memory leaves nothing for a better picture.
+    bool hasNoRoom = false;
     /// Nothing of this photograph was shown yet.
     bool isFirst = true;
 };

@@ -187,7 +187,6 @@ void ZoomWindows::CloseAll()
     for (ToviMultiDlg* window : std::exchange(windows, {})) {
         Remember(*window);
         window->disconnect(this);
-        window->ClearPhoto();
         Discard(*window);
     }
 }
@@ -199,10 +198,11 @@ void ZoomWindows::Close(ToviMultiDlg& window)
     Discard(window);
 }
 
-/// \p window may be amid one of its own events.
+/// \p window may be amid one of its own events, and outlive the document.
 void ZoomWindows::Discard(ToviMultiDlg& window)
 {
     window.hide();
+    window.ClearPhoto();
     window.deleteLater();
     std::erase_if(closed, [](const QPointer<ToviMultiDlg>& gone) { return gone.isNull(); });
     closed.emplace_back(&window);
