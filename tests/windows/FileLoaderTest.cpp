@@ -191,6 +191,8 @@ TEST(FileLoader, LeavesZoomAndDetailAliveWhileAShareDoesNotAnswer)
         detail.OnUpdate(nullptr, ToviData::HintPhotoSelected, nullptr);
         shown.panel.ShowMultiDlg();
         ToviMultiDlg& zoom = *shown.panel.Zooms().All().back();
+        zoom.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&zoom));
         QTest::keyClick(&zoom, Qt::Key_1);
         EXPECT_TRUE(shown.data->GetPhotoActualPhotoArray(photo)->IsLabelPasted(LabelNg1));
         EXPECT_FALSE(zoom.windowTitle().isEmpty());

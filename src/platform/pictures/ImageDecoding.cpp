@@ -2,6 +2,7 @@
 
 #include "platform/host/Headless.h"
 
+#include <QBuffer>
 #include <QImageReader>
 
 #include <algorithm>
@@ -33,7 +34,7 @@ bool IsCompleteJpeg(std::string_view bytes)
     return false;
 }
 
-void Prepare(QImageReader& reader, QIODevice& source)
+void Prepare(QImageReader& reader, QBuffer& source)
 {
     EnsureQuiet();
     // Qt's own limit knows bytes, and is below what cameras make; who decodes asks for the pixels.

@@ -8,8 +8,6 @@
 #include "platform/pictures/SvgRendering.h"
 
 #include <QBuffer>
-#include <QFile>
-#include <QImage>
 #include <QImageReader>
 
 #include <algorithm>
@@ -22,14 +20,29 @@ bool IsSvg(const CString& path)
     return EqualNoCase(MibGetExt(path), ".svg");
 }
 
-std::optional<QSize> SizeIn(QIODevice& source)
+/// Where nearly all files tell their size.
+constexpr std::size_t headBytes = std::size_t{64} << 10;
+constexpr std::size_t largestFile = std::size_t{512} << 20;
+
+/// Nothing when \p bytes are no picture, an empty size when they end too soon to tell.
+std::optional<QSize> SizeIn(const std::string& bytes)
 {
+    QByteArray shared = QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()));
+    QBuffer buffer(&shared);
     QImageReader reader;
-    Prepare(reader, source);
+    Prepare(reader, buffer);
     if (!IsLetIn(reader)) return std::nullopt;
-    const QSize size = reader.size();
-    if (size.isEmpty()) return std::nullopt;
-    return size;
+    return reader.size().isValid() ? reader.size() : QSize(0, 0);
+}
+
+/// What is at the beginning of the file \p path.
+std::string ReadHead(const CString& path)
+{
+    const RegularFile file(path);
+    std::string head(headBytes, '\0');
+    const ssize_t got = file.IsOpen() ? file.Read(head.data(), head.size()) : 0;
+    head.resize(got > 0 ? static_cast<std::size_t>(got) : 0);
+    return head;
 }
 
 qint64 PixelsOf(const QSize& size)
@@ -65,22 +78,14 @@ QSize WithinUnknown(const PictureBounds& bounds)
 
 std::optional<QSize> ReadImageSize(const CString& path)
 {
-    // The header is enough, so the file is not read whole; only an SVG photograph has to be
-    // unpacked.
-    if (IsSvg(path)) {
-        const std::optional<std::string> unpacked = ReadMainImageOfSvg(path);
-        if (!unpacked) return std::nullopt;
-        QByteArray shared =
-            QByteArray::fromRawData(unpacked->data(), static_cast<qsizetype>(unpacked->size()));
-        QBuffer buffer(&shared);
-        return SizeIn(buffer);
+    std::optional<std::string> bytes = IsSvg(path) ? ReadMainImageOfSvg(path) : ReadHead(path);
+    if (!bytes) return std::nullopt;
+    std::optional<QSize> size = SizeIn(*bytes);
+    if (size && size->isEmpty() && bytes->size() == headBytes) {
+        bytes = MibReadFile(path, largestFile);
+        size = bytes ? SizeIn(*bytes) : std::nullopt;
     }
-    const RegularFile opened(path);
-    QFile file;
-    if (!opened.IsOpen() || !file.open(opened.Descriptor(), QIODevice::ReadOnly)) {
-        return std::nullopt;
-    }
-    return SizeIn(file);
+    return size && !size->isEmpty() ? size : std::nullopt;
 }
 
 QImage ReadImage(const CString& path, int longestSide)

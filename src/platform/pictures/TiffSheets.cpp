@@ -1,40 +1,47 @@
 #include "platform/pictures/TiffSheets.h"
 
+#include "platform/files/MibFile.h"
 #include "platform/files/RegularFile.h"
-#include "platform/host/Headless.h"
+#include "platform/pictures/ImageDecoding.h"
 #include "platform/pictures/LumPicture.h"
 
-#include <QFile>
+#include <QBuffer>
 #include <QImageReader>
 
 #include <algorithm>
+#include <array>
 
 namespace
 {
 constexpr qint64 mostPixels = 60'000'000;
+constexpr std::size_t largestFile = std::size_t{512} << 20;
 /// A drawing has fewer; a file that says otherwise means harm.
 constexpr int mostSheets = 1000;
 
-/// An opened TIFF file; any other has no reader.
+/// A TIFF file; any other has no reader.
 class TiffFile
 {
 public:
-    explicit TiffFile(const CString& path) : opened(path)
+    explicit TiffFile(const CString& path)
     {
-        EnsureQuiet();
-        if (!opened.IsOpen() || !file.open(opened.Descriptor(), QIODevice::ReadOnly)) return;
-        reader.setDevice(&file);
-        reader.setDecideFormatFromContent(true);
-        reader.setAutoTransform(true);
+        const RegularFile file(path);
+        std::array<char, 2> order = {};
+        isThere = file.IsOpen();
+        if (!isThere || file.Read(order.data(), order.size()) != 2 || order[0] != order[1]) return;
+        bytes = MibReadFile(path, largestFile).value_or(std::string());
+        shared = QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()));
+        Prepare(reader, buffer);
     }
 
-    bool IsTiff() const { return file.isOpen() && reader.format() == "tiff"; }
-    bool IsThere() const { return file.isOpen(); }
+    bool IsTiff() const { return !bytes.empty() && reader.format() == "tiff"; }
+    bool IsThere() const { return isThere; }
     QImageReader& Reader() { return reader; }
 
 private:
-    RegularFile opened;
-    QFile file;
+    bool isThere = false;
+    std::string bytes;
+    QByteArray shared;
+    QBuffer buffer{&shared};
     QImageReader reader;
 };
 } // namespace
