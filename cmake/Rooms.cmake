@@ -52,13 +52,15 @@ room(windows windows/keys     ${base} ${model})
 room(windows windows/cell     ${base} ${model} windows/pictures windows/loader windows/keys)
 room(windows windows/list     ${base} ${model} windows/pictures windows/loader windows/keys windows/cell)
 room(windows windows/panel    ${base} ${model} windows/pictures windows/dialogs)
-room(windows windows/zoom     ${base} ${model} platform/store windows/pictures windows/loader windows/keys windows/cell)
+room(windows windows/property ${base} ${model} platform/files windows/pictures windows/loader windows/cell)
+room(windows windows/zoom     ${base} ${model} platform/store windows/pictures windows/loader windows/keys windows/cell
+     windows/property)
 room(windows windows/trees    ${base} ${model} windows/pictures windows/panel)
 room(windows windows/position ${base} ${model} platform/store windows/pictures windows/trees)
 room(windows windows/page     ${base} ${model} windows/pictures windows/dialogs windows/comments windows/loader windows/cell windows/list windows/panel
      windows/zoom windows/position)
 room(windows windows/detail   ${base} ${model} platform/files platform/store windows/pictures windows/loader windows/cell
-     windows/panel windows/zoom)
+     windows/panel windows/property windows/zoom)
 room(windows windows/extraction ${base} ${model} windows/panel)
 room(windows windows/setup    ${base} ${model} windows/pictures windows/comments windows/keys windows/cell)
 

@@ -3,7 +3,7 @@
 #include "platform/controls/LumImgWnd.h"
 #include "support/StallingShare.h"
 #include "windows/detail/ToviDetailPanel.h"
-#include "windows/detail/ToviTabBaseWnd.h"
+#include "windows/property/ToviTabBaseWnd.h"
 #include "windows/list/PhotoListContent.h"
 #include "windows/page/PagesAhead.h"
 #include "windows/ShownDelivery.h"

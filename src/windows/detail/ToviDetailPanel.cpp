@@ -10,7 +10,7 @@
 #include "reports/CorrectionSave.h"
 #include "windows/detail/DetailPlaces.h"
 #include "windows/detail/ToviImageWnd.h"
-#include "windows/detail/ToviTabBaseWnd.h"
+#include "windows/property/ToviTabBaseWnd.h"
 
 #include <QResizeEvent>
 

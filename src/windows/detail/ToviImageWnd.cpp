@@ -3,7 +3,7 @@
 #include "photos/ToviPhoto.h"
 #include "platform/controls/LumImgWnd.h"
 #include "platform/controls/WenToolBarCtrl.h"
-#include "windows/detail/ToviHtmlView.h"
+#include "windows/property/ToviHtmlView.h"
 #include "windows/loader/PhotoWishes.h"
 #include "windows/pictures/Pictures.h"
 

@@ -1,4 +1,4 @@
-#include "windows/detail/ToviPropertyDlg.h"
+#include "windows/property/ToviPropertyDlg.h"
 
 #include "delivery/ToviData.h"
 #include "imagefacts/ControlValueParser.h"
@@ -9,7 +9,7 @@
 #include "platform/text/QtText.h"
 #include "windows/cell/ToviControlValueTable.h"
 #include "windows/cell/ToviSpiListCtrl.h"
-#include "windows/detail/DrawingPane.h"
+#include "windows/property/DrawingPane.h"
 #include "windows/loader/FileLoader.h"
 #include "windows/loader/PhotoWishes.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/text/Text.h"
-#include "windows/detail/DrawingPages.h"
+#include "windows/property/DrawingPages.h"
 #include "windows/loader/LoadKey.h"
 
 #include <QWidget>

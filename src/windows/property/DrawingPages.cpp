@@ -1,4 +1,4 @@
-#include "windows/detail/DrawingPages.h"
+#include "windows/property/DrawingPages.h"
 
 #include "imagefacts/ToviExifInfo.h"
 

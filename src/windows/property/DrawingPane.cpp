@@ -1,4 +1,4 @@
-#include "windows/detail/DrawingPane.h"
+#include "windows/property/DrawingPane.h"
 
 #include "photos/ToviPhoto.h"
 #include "platform/controls/LumImgWnd.h"
@@ -6,7 +6,7 @@
 #include "platform/host/HostServices.h"
 #include "platform/text/QtText.h"
 #include "reports/ReadOnlyCopy.h"
-#include "windows/detail/ToviHtmlView.h"
+#include "windows/property/ToviHtmlView.h"
 #include "windows/loader/FileLoader.h"
 #include "windows/loader/PhotoWishes.h"
 

@@ -1,4 +1,4 @@
-#include "windows/detail/ToviHtmlView.h"
+#include "windows/property/ToviHtmlView.h"
 
 #include "platform/controls/LumImgWnd.h"
 #include "platform/host/HostServices.h"

@@ -1,7 +1,7 @@
-#include "windows/detail/ToviTabBaseWnd.h"
+#include "windows/property/ToviTabBaseWnd.h"
 
 #include "platform/controls/GaluFont.h"
-#include "windows/detail/ToviPropertyDlg.h"
+#include "windows/property/ToviPropertyDlg.h"
 
 #include <QTabBar>
 #include <QVBoxLayout>
