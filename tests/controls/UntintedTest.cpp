@@ -10,7 +10,9 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QListView>
 #include <QStandardItemModel>
+#include <QStyle>
 #include <QStyleFactory>
 #include <QTest>
 

@@ -8,6 +8,7 @@
 #include "windows/panel/ToviPopUpMenu.h"
 #include "windows/ShownDelivery.h"
 
+#include <QAbstractItemView>
 #include <QAccessible>
 
 namespace

@@ -9,6 +9,8 @@
 #include <gmock/gmock.h>
 
 #include <QDir>
+#include <QPainter>
+#include <QWidget>
 
 #include <array>
 #include <string>

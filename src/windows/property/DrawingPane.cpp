@@ -1,14 +1,15 @@
 #include "windows/property/DrawingPane.h"
 
 #include "photos/ToviPhoto.h"
+#include "platform/controls/ElidedButton.h"
 #include "platform/controls/LumImgWnd.h"
 #include "platform/files/MibFile.h"
 #include "platform/host/HostServices.h"
 #include "platform/text/QtText.h"
 #include "reports/ReadOnlyCopy.h"
-#include "windows/property/ToviHtmlView.h"
 #include "windows/loader/FileLoader.h"
 #include "windows/loader/PhotoWishes.h"
+#include "windows/property/ToviHtmlView.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -20,6 +21,7 @@
 namespace
 {
 constexpr QSize stepButton(115, 25);
+constexpr int smallestButton = 45;
 
 QLineEdit* MakeField(const QString& name)
 {
@@ -68,11 +70,11 @@ void DrawingPane::CreateControls()
 {
     previous = new QPushButton(QStringLiteral("前へ"));
     next = new QPushButton(QStringLiteral("次へ"));
-    open = new QPushButton(QStringLiteral("参考図を別アプリケーションで起動"));
+    open = new ElidedButton(QStringLiteral("参考図を別アプリケーションで起動"));
     open->setToolTip(QStringLiteral("読み取り専用の写しを開く"));
     for (QPushButton* button : {previous, next, open}) button->setAutoDefault(false);
     for (QPushButton* button : {previous, next}) {
-        button->setMinimumWidth(stepButton.width() / 2);
+        button->setMinimumWidth(smallestButton);
         button->setMaximumWidth(stepButton.width());
     }
     positionText = MakeField(QStringLiteral("参考図の順番"));
@@ -123,13 +125,13 @@ void DrawingPane::CreateViews()
     layout->addWidget(previous, 0, 0);
     layout->addWidget(next, 0, 1);
     layout->addWidget(positionText, 0, 2);
-    layout->addWidget(open, 1, 0, 1, 2);
-    layout->addWidget(fileName, 1, 2);
-    layout->addWidget(told, 2, 0, 1, 3);
-    layout->addWidget(MakeSheetBar(), 3, 0, 1, 3);
-    layout->addWidget(views, 4, 0, 1, 3);
+    layout->addWidget(open, 1, 0, 1, 3);
+    layout->addWidget(fileName, 2, 0, 1, 3);
+    layout->addWidget(told, 3, 0, 1, 3);
+    layout->addWidget(MakeSheetBar(), 4, 0, 1, 3);
+    layout->addWidget(views, 5, 0, 1, 3);
     layout->setColumnStretch(2, 1);
-    layout->setRowStretch(4, 1);
+    layout->setRowStretch(5, 1);
 }
 
 void DrawingPane::SetPhoto(ToviData* newDocument, ToviPhoto* newPhoto)
@@ -235,6 +237,7 @@ void DrawingPane::ShowView()
 void DrawingPane::ShowControls()
 {
     positionText->setText(QtText(pages.Text()));
+    positionText->setCursorPosition(0);
     previous->setEnabled(pages.HasPrevious());
     next->setEnabled(pages.HasNext());
     const bool isKnown = load != DrawingLoad::Running;

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "platform/text/Text.h"
-#include "windows/property/DrawingPages.h"
 #include "windows/loader/LoadKey.h"
+#include "windows/property/DrawingPages.h"
 
 #include <QWidget>
 

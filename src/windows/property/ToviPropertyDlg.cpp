@@ -9,9 +9,9 @@
 #include "platform/text/QtText.h"
 #include "windows/cell/ToviControlValueTable.h"
 #include "windows/cell/ToviSpiListCtrl.h"
-#include "windows/property/DrawingPane.h"
 #include "windows/loader/FileLoader.h"
 #include "windows/loader/PhotoWishes.h"
+#include "windows/property/DrawingPane.h"
 
 #include <QLabel>
 #include <QPlainTextEdit>

@@ -16,8 +16,8 @@
 #include "windows/loader/FileLoader.h"
 #include "windows/loader/PhotoWishes.h"
 #include "windows/pictures/Pictures.h"
+#include "windows/property/ToviTabBaseWnd.h"
 #include "windows/zoom/ZoomBar.h"
-#include "windows/zoom/ZoomInfo.h"
 #include "windows/zoom/ZoomMemory.h"
 #include "windows/zoom/ZoomRules.h"
 
@@ -111,8 +111,8 @@ WenToolBarCtrl* MakeBar(int pictures, const std::vector<WenToolBarButton>& butto
 
 ToviMultiDlg::ToviMultiDlg(bool showsInfo)
     : infoVisible(showsInfo), slider(new QSlider(Qt::Vertical)), view(new ZoomView),
-      plate(new ToviNamePlate(nullptr)), info(new ZoomInfo), zoomBar(new ZoomBar(view)),
-      splitter(new GaluDSplitter(Qt::Horizontal))
+      plate(new ToviNamePlate(nullptr)), info(new ToviTabBaseWnd(nullptr)),
+      zoomBar(new ZoomBar(view)), splitter(new GaluDSplitter(Qt::Horizontal))
 {
     setWindowFlags(Qt::Window | Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint);
     setWindowIcon(PictureIcon("zoom"));
@@ -318,16 +318,14 @@ PhotoNeighbours ToviMultiDlg::FindNeighbours() const
 
 void ToviMultiDlg::TellWishes()
 {
-    const PhotoWishes of(*data);
-    std::vector<LoadWish> wishes = {of.Facts(*Photo())};
-    if (auto check = of.Check(*Photo())) wishes.push_back(std::move(*check));
+    std::vector<LoadWish> wishes;
+    if (auto check = PhotoWishes(*data).Check(*Photo())) wishes.push_back(std::move(*check));
     FileLoader::Ours().Want(this, std::move(wishes));
 }
 
 void ToviMultiDlg::OnArrived(const LoadKey& key)
 {
     if (Photo() == nullptr || key.path != path) return;
-    if (key.kind == LoadKind::Facts) RefreshInfo();
     if (key.kind == LoadKind::Check) ShowCheckResult();
 }
 
@@ -364,7 +362,7 @@ void ToviMultiDlg::RefreshInfo()
     const CString title = photo->GetTitle(definitions.GetIndexFromEnum(setting.GetTitleShowType()));
     plate->SetTitle(title);
     setWindowTitle(QtText(title));
-    info->SetContent(*data, *photo, setting);
+    info->SetContent(*data, *photo, setting.GetItemShowSettings());
 }
 
 void ToviMultiDlg::RefreshLabels()

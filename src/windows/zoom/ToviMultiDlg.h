@@ -13,9 +13,9 @@ class QBoxLayout;
 class QSlider;
 class ToviData;
 class ToviNamePlate;
+class ToviTabBaseWnd;
 class WenToolBarCtrl;
 class ZoomBar;
-class ZoomInfo;
 
 /// A window that shows one photograph large, with what there is to know of it. It is turned and
 /// made lighter on a working copy, which can be saved. A window that isn't fixed follows the
@@ -118,7 +118,7 @@ private:
     QSlider* slider;
     ZoomView* view;
     ToviNamePlate* plate;
-    ZoomInfo* info;
+    ToviTabBaseWnd* info;
     ZoomBar* zoomBar;
     GaluDSplitter* splitter;
 };
