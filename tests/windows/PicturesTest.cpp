@@ -8,6 +8,7 @@
 
 #include <gmock/gmock.h>
 
+#include <QApplication>
 #include <QDir>
 #include <QPainter>
 #include <QWidget>
