@@ -11,9 +11,10 @@ constexpr std::chrono::seconds interval(1);
 
 CString WhyNotKept(const CString& path, const DatabaseError& error)
 {
-    if (error.Failure() == WriteFailure::NoSpace) return path + " を書き込む空き容量がありません。";
-    if (error.Failure() == WriteFailure::NotWritable) return path + " に書き込めません。";
-    return path + " に書き込めません（" + error.what() + "）。";
+    const CString folder = path.substr(0, path.rfind('/'));
+    if (error.Failure() == WriteFailure::NoSpace) return folder + " に空き容量がありません。";
+    if (error.Failure() == WriteFailure::NotWritable) return folder + " に書き込めません。";
+    return folder + " に書き込めません（" + error.what() + "）。";
 }
 } // namespace
 

@@ -1,3 +1,4 @@
+#include "extraction/ConditionEntries.h"
 #include "extraction/ToviExtractionDlg.h"
 #include "extraction/ToviSortCondition.h"
 #include "items/ToviPhotoCtrlVisualSetting.h"
@@ -243,6 +244,23 @@ TEST(Extraction, IsOnAndOffAsItIsTold)
     document.CancelExtraction();
     EXPECT_EQ(sample.Current().size(), 3u) << "rebuilds even when off";
     EXPECT_EQ(hints, std::vector<int>{ToviData::HintSelectionChanged});
+}
+
+TEST(Extraction, ConditionsOutliveTheProgram)
+{
+    ExtractionConditions all;
+    for (bool* on : {&all.keyPhoto, &all.ngPhoto, &all.notcheckPhoto, &all.notExifinfo,
+                     &all.neceNotwrite, &all.dateOn, &all.itemOn[0], &all.itemOn[2]}) {
+        *on = true;
+    }
+    all.itemTitle = {"工種", "種別", "細別"};
+    all.itemText = {"a=b", "", "0"};
+    all.dateKind = 1;
+    all.dateFrom = "2024-05-01";
+    all.dateTo = "2024-05-31";
+    all.orMode = 1;
+    EXPECT_EQ(ConditionsIn(EntriesOf(all)), all);
+    EXPECT_EQ(ConditionsIn({{"photo", "3"}}), ExtractionConditions());
 }
 
 TEST(Extraction, SortsWhatItLeaves)

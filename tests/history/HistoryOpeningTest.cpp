@@ -164,8 +164,10 @@ TEST_F(OpeningAgain, OffersTheSavedRecordBesideLaterChanges)
         EXPECT_EQ(unsaved.Labels(), "0,1,,");
         unsaved.Save(record);
     }
+    std::ofstream(record, std::ios::app) << '\n';
     user.options = {0};
     Program(sample).Paste(2, LabelOk);
+    EXPECT_THAT(user.choice.options[1].explanation, HasSubstr("ほかのプログラムで変更"));
     user.options = {0};
     EXPECT_EQ(Program(sample).Labels(), "0,1,0,");
     EXPECT_EQ(Asked(),

@@ -34,6 +34,7 @@ protected:
     /// As a program that ends, and one that starts and goes on with the last inspection.
     void Restart()
     {
+        const CString redo = history->RedoWords();
         history.reset();
         std::vector<PastInspection> kept = HistoryFile(path).Inspections(photoCount, 1);
         ASSERT_EQ(kept.size(), 1u);
@@ -41,6 +42,7 @@ protected:
         Data().GetLabelEdits().Apply(LabelEdits::Make(LabelEdit::RecordLoad, Data().GetReviews(),
                                                       ReviewsAfter(kept.front())));
         GoOn(std::move(kept.front()));
+        EXPECT_EQ(history->RedoWords(), redo);
     }
     void Do(LabelEdit::Kind kind, std::vector<int> photos, const LabelEdits::Rule& rule) const
     {
@@ -98,15 +100,15 @@ TEST_F(KeptInspection, GoesBackToTheStartByteForByte)
         if (edit.changes.empty()) continue;
         Data().GetLabelEdits().Apply(std::move(edit));
         states.push_back(Data().GetReviews());
-        if (random() % 5 == 0) {
+        for (int back = static_cast<int>(random() % 12) - 8; back > 0 && states.size() > 1;
+             --back) {
             EXPECT_FALSE(history->Undo().empty());
             states.pop_back();
             ASSERT_TRUE(Data().GetReviews() == states.back());
         }
-        if (random() % 250 == 0) Restart();
+        if (random() % 50 == 0) Restart();
     }
-    if (!history->RedoWords().empty()) {
-        history->Redo();
+    while (!history->Redo().empty()) {
         states.push_back(Data().GetReviews());
     }
     const CString end = Record();
@@ -123,6 +125,27 @@ TEST_F(KeptInspection, GoesBackToTheStartByteForByte)
     while (!history->RedoWords().empty()) history->Redo();
     EXPECT_TRUE(Data().IsCheckStatusChanged());
     EXPECT_TRUE(Record() == end);
+}
+
+TEST_F(KeptInspection, KnowsWhetherAllIsSaved)
+{
+    GoOn(InspectionHistory::New(photoCount));
+    const auto paste = [this](int photo) {
+        Do(LabelEdit::OnePhoto, {photo}, [](PhotoReview& review) { review.labels.flip(LabelOk); });
+    };
+    const auto step = [this](const std::function<void()>& act) {
+        act();
+        return history->IsAsSaved();
+    };
+    EXPECT_FALSE(step([&] { paste(1); }));
+    EXPECT_TRUE(step([&] { history->NoteRecord({"r.xml", "v", Data().GetReviews()}); }));
+    EXPECT_FALSE(step([&] { history->Undo(); }));
+    EXPECT_TRUE(step([&] { history->Redo(); }));
+    Restart();
+    EXPECT_TRUE(history->IsAsSaved());
+    history->Undo();
+    EXPECT_FALSE(step([&] { paste(2); })) << "as many steps, but others";
+    EXPECT_FALSE(step([&] { Restart(); }));
 }
 
 TEST(History, TellsItsStepsInWords)

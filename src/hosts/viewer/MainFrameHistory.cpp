@@ -58,9 +58,13 @@ void MainFrame::ShowAccess()
     using enum FrameCommand;
     const InspectionHistory* const history = document.History();
     if (history == nullptr || history->GetAccess() == InspectionHistory::Access::Change) return;
-    for (const FrameCommand command : {OpenRecord, LabelOk, LabelNg1, LabelNg2, LabelNg3, LabelFree,
-                                       LabelComment, RemoveLabels, FrameCommand::CorrectLabels}) {
+    for (const FrameCommand command : {OpenRecord, CommentDialog, FrameCommand::CorrectLabels}) {
         actions[command]->setEnabled(false);
+    }
+    for (const FrameCommand command :
+         {LabelOk, LabelNg1, LabelNg2, LabelNg3, LabelFree, LabelComment, RemoveLabels}) {
+        actions[command]->setEnabled(false);
+        actions.WithShift(command)->setEnabled(false);
     }
 }
 
