@@ -71,15 +71,16 @@ InspectionStart StartWith(const std::vector<PastInspection>& past, const CString
 }
 } // namespace
 
-OpenedHistory OpenHistory(ToviData& document, const CString& named)
+OpenedHistory OpenHistory(ToviData& document, const CString& named, const CString& path)
 {
     const int photoCount = document.GetTotalCountPhoto();
     HistoryPlace place;
-    place.path = HistoryPathOf(document.RootPath());
+    place.path = path;
     place.owner = NewOwner();
     MakePrivateFolder(FolderOfHistories());
     place.lock = std::make_unique<FileLock>(place.path);
-    const bool isOthers = !place.lock->Take();
+    place.isLocked = place.lock->Take();
+    const bool isOthers = !place.isLocked;
     const bool isLooking =
         isOthers && AskAboutOthers(place.lock->Holder()) == OthersInspection::Look;
     if (isLooking) place.owner.clear();

@@ -19,5 +19,6 @@ struct OpenedHistory
 /// Opens the history of the delivery \p document, in which nothing was said yet. Where there are
 /// earlier inspections of it the user chooses one, which the document has then, or a new one; where
 /// another program inspects it, whether to look or to take over. \p named is the record that the
-/// user wants to take up; empty for none.
-TOVI_EXPORT OpenedHistory OpenHistory(ToviData& document, const CString& named);
+/// user wants to take up; empty for none. \p path is that of the history (see HistoryPathOf).
+TOVI_EXPORT OpenedHistory OpenHistory(ToviData& document, const CString& named,
+                                      const CString& path);

@@ -47,7 +47,8 @@ PastInspection InspectionHistory::New(int photoCount)
 
 InspectionHistory::InspectionHistory(ToviData& theDocument, PastInspection past, HistoryPlace place)
     : document(theDocument), inspection(std::move(past)), begun(!inspection.steps.empty()),
-      lock(std::move(place.lock)), comparison(std::make_shared<Comparison>())
+      lock(std::move(place.lock)), isLocked(place.isLocked),
+      comparison(std::make_shared<Comparison>())
 {
     if (!place.owner.empty()) {
         access = Access::Change;
@@ -84,7 +85,7 @@ void InspectionHistory::Tend()
         return;
     }
     // Whoever was taken over from gives it back when he sees that.
-    if (lock) lock->Take();
+    if (lock && !isLocked) isLocked = lock->Take();
     // Where nothing was said, there is nothing that could have been said of other files.
     if (look && begun) NoteFiles();
 }

@@ -13,8 +13,9 @@ struct HistoryPlace
     CString owner;
     /// Null where it isn't there yet, or can't be opened now.
     std::unique_ptr<HistoryFile> file;
-    /// Keeps other programs out; perhaps not held yet by who has taken over.
+    /// Keeps other programs out, once it is taken: who takes over has to wait for it.
     std::unique_ptr<FileLock> lock;
+    bool isLocked = false;
 };
 
 /// The history of the inspection of the open delivery: it keeps every change of labels and comments
@@ -94,6 +95,7 @@ private:
     Access access = Access::Look;
     std::function<void()> onRefusal;
     std::unique_ptr<FileLock> lock;
+    bool isLocked;
     std::unique_ptr<FileLook> look;
     /// What the writer has found, from its thread.
     struct Comparison;

@@ -27,7 +27,7 @@ struct Program
         ToviEnouDataFactory factory;
         data.reset(factory.Create(nullptr, sample.temp.Path("PHOTO").c_str(), PhotoXMLMlit, nullptr,
                                   nullptr));
-        OpenedHistory opened = OpenHistory(*data, named);
+        OpenedHistory opened = OpenHistory(*data, named, HistoryPathOf(data->RootPath()));
         history = std::move(opened.history);
         notice = opened.notice;
         record = opened.record;

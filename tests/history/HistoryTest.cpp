@@ -29,7 +29,7 @@ protected:
         auto file = std::make_unique<HistoryFile>(path);
         file->Claim("test");
         history = std::make_unique<InspectionHistory>(
-            Data(), std::move(past), HistoryPlace{path, "test", std::move(file), nullptr});
+            Data(), std::move(past), HistoryPlace{path, "test", std::move(file), nullptr, true});
     }
     /// As a program that ends, and one that starts and goes on with the last inspection.
     void Restart()

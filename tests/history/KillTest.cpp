@@ -1,6 +1,7 @@
 // An inspection whose program is killed again and again. TOVI_KILLS is how often, 20 by default.
 
 #include "history/HistoryOpening.h"
+#include "history/HistoryPath.h"
 #include "platform/files/Digest.h"
 #include "review/LabelRules.h"
 #include "support/OpenedSample.h"
@@ -94,7 +95,8 @@ private:
     const Log log(logPath);
     std::mt19937 random(seed);
     sample.services.user.options = {0};
-    const OpenedHistory opened = OpenHistory(*sample.document, {});
+    const OpenedHistory opened =
+        OpenHistory(*sample.document, {}, HistoryPathOf(sample.document->RootPath()));
     ToviData& data = *sample.document;
     // Of the changes of this run.
     std::vector<CString> states{StateOf(data)};
@@ -153,7 +155,8 @@ TEST(Killed, InspectionIsOfferedBack)
         sample.services.user.options = {0};
         CString after;
         {
-            const OpenedHistory opened = OpenHistory(*sample.document, {});
+            const OpenedHistory opened =
+                OpenHistory(*sample.document, {}, HistoryPathOf(sample.document->RootPath()));
             after = StateOf(*sample.document);
         }
         sample.Open(sample.temp.Path("PHOTO"));

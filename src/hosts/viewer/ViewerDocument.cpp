@@ -5,11 +5,13 @@
 #include "delivery/ToviEnouDataFactory.h"
 #include "extraction/ToviSortCondition.h"
 #include "history/HistoryOpening.h"
+#include "history/HistoryPath.h"
 #include "hosts/viewer/ItemOrder.h"
 #include "inspection/RecordProblems.h"
 #include "items/ToviItemDef.h"
 #include "items/ToviItemManager.h"
 #include "items/ToviPhotoCtrlVisualSetting.h"
+#include "loading/DeliveryLocation.h"
 #include "loading/WorkTitle.h"
 #include "platform/controls/WindowHandle.h"
 #include "platform/files/DeliveredFolder.h"
@@ -17,9 +19,20 @@
 #include "reports/OutputPhotoFolder.h"
 #include "windows/panel/ToviPanel.h"
 
+#include <future>
+
 namespace
 {
 constexpr const char* familyHint = "要領の系統（［ファイル］→［要領を指定して開く］）";
+
+/// The path of the history of the delivery that \p path leads to, worked out while that is read.
+std::future<CString> FindHistoryPath(const CString& path)
+{
+    return std::async(std::launch::async, [path] {
+        const CStringArray found = FindPhotoFolders(path);
+        return found.GetSize() == 1 ? HistoryPathOf(found[0]) : CString();
+    });
+}
 } // namespace
 
 void ViewerDocument::AddPanel(ToviPanel* panel)
@@ -30,10 +43,11 @@ void ViewerDocument::AddPanel(ToviPanel* panel)
 CString ViewerDocument::Open(const CString& path, std::optional<PhotoXMLType> family,
                              const CString& named)
 {
+    std::future<CString> historyPath = FindHistoryPath(path);
     OpenedDelivery opened = OpenDelivery(*this, path, family, familyHint);
     if (!opened.IsLoaded()) return opened.problem;
     Close();
-    Take(std::move(opened), named);
+    Take(std::move(opened), historyPath.get(), named);
     return {};
 }
 
@@ -49,13 +63,14 @@ CString ViewerDocument::OpenDiscs(const CString& path)
                                             : "写真を取り込めませんでした。メディアと、作業フォルダ"
                                               "の空き容量を確かめてください。";
     }
-    Take(std::move(opened));
+    const CString historyPath = HistoryPathOf(opened.photoFolder);
+    Take(std::move(opened), historyPath);
     return {};
 }
 
-void ViewerDocument::Take(OpenedDelivery opened, const CString& named)
+void ViewerDocument::Take(OpenedDelivery opened, const CString& historyPath, const CString& named)
 {
-    OpenedHistory begun = OpenHistory(*opened.document, named);
+    OpenedHistory begun = OpenHistory(*opened.document, named, historyPath);
     history = std::move(begun.history);
     session = std::move(begun.session);
     history->SetOnRefusal([this] { emit EditRefused(); });

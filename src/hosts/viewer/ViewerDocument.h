@@ -78,8 +78,8 @@ signals:
     void EditRefused();
 
 private:
-    /// Shows \p opened, which is loaded.
-    void Take(OpenedDelivery opened, const CString& named = {});
+    /// Shows \p opened, which is loaded, and begins the inspection that is kept in \p historyPath.
+    void Take(OpenedDelivery opened, const CString& historyPath, const CString& named = {});
 
     std::vector<ToviPanel*> panels;
     std::unique_ptr<ToviData> data;
