@@ -42,7 +42,8 @@ void ToviData::UpdatePhotoInf(CWnd* sender, LabelEdit* edit)
 
 bool ToviData::AllLabelCorrection()
 {
-    LabelProcessSelectDlg dialog;
+    LabelProcessSelectDlg dialog(
+        ScopeOf(parts->photos, std::vector<int>(curPhotos.begin(), curPhotos.end())));
     if (!dialog.DoModal() || !ConfirmLabelCorrection()) return false;
     bool corrected = true;
     switch (dialog.GetAction()) {

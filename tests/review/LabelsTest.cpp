@@ -3,6 +3,7 @@
 #include "items/ToviPhotoCtrlVisualSetting.h"
 #include "photos/ToviPhoto.h"
 #include "photos/ToviPhotoArray.h"
+#include "review/LabelCorrection.h"
 #include "review/LabelEdits.h"
 #include "review/LabelRules.h"
 #include "review/ToviLabelManager.h"
@@ -246,5 +247,24 @@ TEST(BatchCorrection, AsksTwiceAndCorrectsWhatIsShown)
         EXPECT_EQ(sample.services.user.calls.back().text,
                   "付箋の一括訂正・削除処理を実行します。よろしいですか？");
     }
+}
+TEST(BatchCorrection, TellsItsScopeAndConsequencesBefore)
+{
+    const CorrectionScope scope{.photos = 2765, .ng = 3, .ok = 210, .marked = 1220};
+    EXPECT_EQ(PasteOkConsequence(scope),
+              "対象 2,765枚、うち 2,552枚に新しくOKを貼ります。NGの 3枚は変更しません。");
+    EXPECT_EQ(RemoveChecksConsequence(scope),
+              "対象 2,765枚、うち 213枚（OK 210枚、NG 3枚）が未検査に戻ります。");
+    EXPECT_EQ(RemoveAllConsequence(scope),
+              "対象 2,765枚、うち 1,220枚の付箋とコメントが消えます。");
+
+    OpenedSample sample(Photos(5));
+    PasteLabel(*sample.document, 0, LabelOk);
+    PasteLabel(*sample.document, 1, LabelOk);
+    PasteLabel(*sample.document, 1, LabelNg1);
+    SetComment(*sample.document, 2, "確認");
+    const int shown[] = {0, 1, 2, 3};
+    EXPECT_EQ(ScopeOf(*sample.document->GetPhotoDataArray(), shown),
+              (CorrectionScope{.photos = 4, .ng = 1, .ok = 1, .marked = 3}));
 }
 } // namespace

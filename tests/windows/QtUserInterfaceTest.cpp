@@ -51,7 +51,7 @@ TEST(QtUserInterface, AnswersAsTheKeysSay)
     using Answer = MessageAnswer;
     const std::tuple<MessageButtons, Answer, Answer> cases[] = {
         {Ok, Answer::Ok, Answer::Ok},
-        {OkCancel, Answer::Ok, Answer::Cancel},
+        {OkCancel, Answer::Cancel, Answer::Cancel},
         {YesNo, Answer::Yes, Answer::No},
         {YesNoCancel, Answer::Yes, Answer::Cancel}};
     Host host;

@@ -114,7 +114,9 @@ MessageAnswer QtUserInterface::ShowMessage(const CString& text, const CString& c
     for (const MessageAnswer answer : answers) {
         box.addButton(ButtonOf(answer).button)->setText(ButtonOf(answer).text);
     }
-    box.setDefaultButton(ButtonOf(answers.front()).button);
+    // What can only be done or left is asked because it changes much.
+    const bool isGrave = buttons == MessageButtons::OkCancel;
+    box.setDefaultButton(ButtonOf(isGrave ? answers.back() : answers.front()).button);
     box.setEscapeButton(ButtonOf(answers.back()).button);
     const int pressed = box.exec();
     for (const MessageAnswer answer : answers) {
