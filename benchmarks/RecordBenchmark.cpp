@@ -23,7 +23,7 @@ struct Inspected
     explicit Inspected(int photos) : document(OpenSample(SampleFolder(photos)))
     {
         SetEnvironment({Registry(temp.Path("user.ini"), temp.Path("machine.ini")),
-                        {"", temp.Path(), temp.Path(), temp.Path()},
+                        {"", temp.Path(), temp.Path(), temp.Path(), temp.Path()},
                         {}});
         InstallHostServices({nullptr, &host.profile, "Tovi", RunningProgramPath()});
         for (int i = 0; i < photos; i += 3) {

@@ -63,7 +63,7 @@ struct Reported
     explicit Reported(int photos) : document(OpenWithHost(SampleFolder(photos)))
     {
         SetEnvironment({Registry(temp.Path("user.ini"), temp.Path("machine.ini")),
-                        {"", temp.Path(), temp.Path(), temp.Path()},
+                        {"", temp.Path(), temp.Path(), temp.Path(), temp.Path()},
                         {}});
         document->BuildTreeNode(ToviPhotoCtrlVisualSetting::TreeWorkTypeFull);
         document->SetSelected(document.get(), true);

@@ -24,7 +24,7 @@ std::unique_ptr<ToviData> Open()
             .Write(Folder().Path("delivery"));
         const CString work = Folder().MakeFolder("work");
         SetEnvironment({Registry(Folder().Path("user.ini"), Folder().Path("machine.ini")),
-                        {"", work, work, work},
+                        {"", work, work, work, work},
                         {}});
         return true;
     }();

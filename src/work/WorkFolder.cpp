@@ -147,9 +147,8 @@ bool GetWorkFolder(Environment& environment, CString& path)
 {
     std::optional<CString> location = RegistryLocation(environment);
     if (!location) location = ProductLocation(environment.registry);
-    if (!location && !environment.folders.documents.empty()) {
-        location = environment.folders.documents;
-    }
+    // Not among the user's documents: nobody would know what it is there.
+    if (!location && !environment.folders.cache.empty()) location = environment.folders.cache;
     if (!location) return false;
     if (!location->ends_with('/')) *location += '/';
     path = *location + scratchName;

@@ -31,7 +31,7 @@ protected:
         builder.Write(temp.Path("set"));
         const CString discs = temp.Path("set");
         SetEnvironment({Registry(temp.Path("user.ini"), temp.Path("machine.ini")),
-                        {"", temp.MakeFolder("documents"), "", ""},
+                        {"", temp.MakeFolder("documents"), "", "", temp.Path("cache")},
                         [this, discs](const CString& path) {
                             return path.starts_with(discs) ? kind : DriveType::Fixed;
                         }});

@@ -128,7 +128,7 @@ TEST(IndexCopy, KeepsUtf16)
 class Index : public testing::Test
 {
 protected:
-    Index() { SetEnvironment({Registry("", ""), {"", work.Path(), "", ""}, {}}); }
+    Index() { SetEnvironment({Registry("", ""), {"", "", "", "", work.Path()}, {}}); }
     ~Index() override { SetEnvironment({Registry("", ""), {}, {}}); }
 
     /// Opens a delivery whose index file is \p bytes, under \p name.

@@ -53,7 +53,8 @@ protected:
     {
         EnsureSampleGui();
         SetEnvironment({Registry(temp.Path("user.ini"), temp.Path("machine.ini")),
-                        {"", temp.MakeFolder("documents"), "", temp.MakeFolder("temporary")},
+                        {"", temp.MakeFolder("documents"), "", temp.MakeFolder("temporary"),
+                         temp.Path("cache")},
                         [](const CString&) { return DriveType::Fixed; }});
     }
 

@@ -24,7 +24,7 @@ protected:
     {
         const CString work = temp.MakeFolder("work");
         SetEnvironment({Registry(temp.Path("user.ini"), temp.Path("machine.ini")),
-                        {"", work, work, work},
+                        {"", work, work, work, work},
                         {}});
         Paste(0, LabelOk);
         EXPECT_EQ(Save().outcome, Outcome::Saved);

@@ -141,7 +141,7 @@ TEST_F(Output, NeedsNoRoomAtHome)
     const DiskMount full(home, "tmpfs", "size=4k");
     temp.Write("home/x", CString(4096, 'x'));
     chmod(home.c_str(), 0500);
-    const CString first = "export HOME='" + home + "' XDG_CONFIG_HOME='" + home + "/.config'";
+    const CString first = "export HOME='" + home + "' XDG_CONFIG_HOME='" + home + "/.config' XDG_CACHE_HOME='" + home + "'";
     const CString copies = temp.MakeFolder("copies");
     const std::vector<CString> commands[] = {
         {"label", delivery, "--record", record, "--at", "0", "--paste", "0"},
@@ -156,7 +156,7 @@ TEST_F(Output, NeedsNoRoomAtHome)
     // What belongs there alone says so.
     const ProgramResult index = Run(first, {"index", delivery});
     EXPECT_EQ(index.status, 1);
-    EXPECT_THAT(index.errors, HasSubstr(home + "/QVScratch"));
+    EXPECT_THAT(index.errors, HasSubstr(home + "/tovi/QVScratch"));
     fs::rename(temp.Path("d/INDEX_C.XML"), temp.Path("INDEX_C.XML"));
     fs::create_symlink(temp.Path("INDEX_C.XML"), temp.Path("d/INDEX_C.XML"));
     EXPECT_THAT(Run(first, {"index", delivery}).errors, HasSubstr("リンク"));

@@ -91,8 +91,8 @@ protected:
     {
         EXPECT_TRUE(ReadFileTree(delivery) == delivered);
         EXPECT_TRUE(Processes("soffice", mark).empty());
-        EXPECT_FALSE(
-            std::filesystem::exists(temp.Path(documents + "/QVScratch/QV-SUITE/QV-ExcelData")));
+        const CString work = temp.Path("config/cache/tovi/QVScratch/QV-SUITE/QV-ExcelData");
+        EXPECT_FALSE(std::filesystem::exists(work));
         for (const auto& file : std::filesystem::directory_iterator(temp.Path())) {
             EXPECT_THAT(file.path().filename().string(), testing::Not(HasSubstr(".~lock")));
         }

@@ -125,7 +125,7 @@ struct Report
         : sample(DeliveryBuilder({.photos = photos, .drawings = 0, .images = false}))
     {
         SetEnvironment({Registry(temp.Path("user.ini"), temp.Path("machine.ini")),
-                        {"", temp.Path(), temp.Path(), temp.Path()},
+                        {"", temp.Path(), temp.Path(), temp.Path(), temp.Path()},
                         {}});
     }
     Report(const Report&) = delete;
@@ -248,9 +248,10 @@ TEST(CheckStatus, NeedsItsFormAndAWorkFolder)
     EXPECT_EQ(report.Write(), Outcome::NoForm);
     report.ExpectNothingLeft();
     report.temp.Write("file", "");
-    SetEnvironment({Registry(report.temp.Path("user.ini"), report.temp.Path("machine.ini")),
-                    {"", report.temp.Path("file/documents"), "", ""},
-                    {}});
+    SetEnvironment(
+        {Registry(report.temp.Path("user.ini"), report.temp.Path("machine.ini")),
+         {"", report.temp.Path("file/documents"), "", "", report.temp.Path("file/cache")},
+         {}});
     EXPECT_EQ(report.Write(), Outcome::NoWorkFolder);
 }
 
@@ -260,7 +261,7 @@ TEST(CheckStatus, MakesDoWithTheTemporaryFolder)
     const CString home = report.temp.MakeFolder("home");
     const CString temporary = report.temp.MakeFolder("temporary");
     SetEnvironment({Registry(report.temp.Path("user.ini"), report.temp.Path("machine.ini")),
-                    {"", home, "", temporary},
+                    {"", home, "", temporary, home},
                     {}});
     const auto writeWithRoomIn = [&report](const CString& place) {
         SetFreeSpaceQuery([place](const CString& folder) {

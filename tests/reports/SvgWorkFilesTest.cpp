@@ -15,7 +15,7 @@ TEST(SvgWorkFiles, AreMadeOnceAndThenUsedAgain)
     const TempFolder temp;
     const Environment before = GetEnvironment();
     SetEnvironment({Registry(temp.Path("user.ini"), temp.Path("machine.ini")),
-                    {"", temp.MakeFolder("documents"), "", ""},
+                    {"", temp.MakeFolder("documents"), "", "", temp.Path("cache")},
                     before.driveTypeOf});
     const CString svg = temp.Write(
         "D1.SVG", "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"40\" height=\"30\"/>");

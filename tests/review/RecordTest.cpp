@@ -26,7 +26,7 @@ protected:
         std::filesystem::remove(sample.temp.Path("INDEX_C.XML"));
         const CString work = sample.temp.MakeFolder("work");
         SetEnvironment({Registry(sample.temp.Path("user.ini"), sample.temp.Path("machine.ini")),
-                        {"", work, work, work},
+                        {"", work, work, work, work},
                         {}});
         SetFreeSpaceQuery([](const CString&) { return plenty; });
     }

@@ -32,6 +32,7 @@ pid_t Start(const std::vector<CString>& arguments, const CString& configFolder,
         Redirect(1, folder.Path("out"), O_WRONLY | O_CREAT);
         Redirect(2, folder.Path("err"), O_WRONLY | O_CREAT);
         setenv("XDG_CONFIG_HOME", configFolder.c_str(), 1);
+        setenv("XDG_CACHE_HOME", (configFolder + "/cache").c_str(), 1);
         execv(path.c_str(), argv.data());
         _exit(127);
     }

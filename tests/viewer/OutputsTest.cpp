@@ -18,7 +18,7 @@ struct Outputs : testing::Test, ShownFrame
     {
         builder.Write(discs);
         SetEnvironment({Registry(temp.Path("user.ini"), temp.Path("machine.ini")),
-                        {"", temp.MakeFolder("documents"), "", ""},
+                        {"", temp.MakeFolder("documents"), "", "", temp.Path("cache")},
                         [this](const CString& path) {
                             return path.starts_with(discs) ? DriveType::Optical : DriveType::Fixed;
                         }});
@@ -92,7 +92,7 @@ TEST_F(Outputs, ShowTheIndexInTheBrowser)
 
 TEST_F(Outputs, GatherADeliveryFromItsDiscs)
 {
-    const CString stale = temp.Write("documents/QVScratch/QV-SUITE/QV-CombineData/PHOTO/PIC/x", "");
+    const CString stale = temp.Write("cache/QVScratch/QV-SUITE/QV-CombineData/PHOTO/PIC/x", "");
     user.folders = {Disc(1), Disc(2) + "/PHOTO"};
     Choose(FrameCommand::OpenDiscs);
     EXPECT_EQ(user.Messages().GetSize(), 1) << "that all is there";

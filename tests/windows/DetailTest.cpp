@@ -89,7 +89,7 @@ struct ShownDetail
     explicit ShownDetail(const DeliveryBuilder& builder) : sample(builder)
     {
         SetEnvironment({Registry(work.Path("user.ini"), work.Path("machine.ini")),
-                        {"", work.MakeFolder("documents"), "", ""},
+                        {"", "", "", "", work.MakeFolder("cache")},
                         before.driveTypeOf});
         sample.document->Load();
         sample.document->SetSelected(sample.document.get(), true);

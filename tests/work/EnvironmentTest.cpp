@@ -21,7 +21,7 @@ protected:
     {
         SetEnvironment({Registry(temp.Path("user.ini"), temp.Path("machine.ini")),
                         {"", temp.MakeFolder("書類"), temp.MakeFolder("desk"),
-                         temp.MakeFolder("long temporary")},
+                         temp.MakeFolder("long temporary"), temp.Path("cache/tovi")},
                         [](const CString&) { return DriveType::Optical; }});
     }
 
@@ -60,13 +60,13 @@ TEST_F(WorkFolder, LocationOfTheUsersHive)
         {"$(WinDrive)" + ReplaceAll(temp.Path("desk"), "/", "\\"), "~/desk/QVScratch"},
         {"$(PersonalTemp)\\../long temporary$(WinDrive)$(WinDrive)",
          "~/long temporary/../long temporary/QVScratch"},
-        // What can't be used, is no macro in this case, or is too short gives the documents.
-        {temp.Path("missing/deep"), "~/書類/QVScratch"},
-        {"$(personaltemp)", "~/書類/QVScratch"},
-        {"desk", "~/書類/QVScratch"},
-        {"\\", "~/書類/QVScratch"},
-        {"x", "~/書類/QVScratch"},
-        {"", "~/書類/QVScratch"},
+        // What can't be used, is no macro in this case, or is too short gives the cache.
+        {temp.Path("missing/deep"), "~/cache/tovi/QVScratch"},
+        {"$(personaltemp)", "~/cache/tovi/QVScratch"},
+        {"desk", "~/cache/tovi/QVScratch"},
+        {"\\", "~/cache/tovi/QVScratch"},
+        {"x", "~/cache/tovi/QVScratch"},
+        {"", "~/cache/tovi/QVScratch"},
     };
     for (const auto& [text, expected] : cases) {
         for (const auto type : {RegistryType::Text, RegistryType::ExpandableText}) {
@@ -77,7 +77,7 @@ TEST_F(WorkFolder, LocationOfTheUsersHive)
     EXPECT_TRUE(std::filesystem::is_directory(temp.Path("書類/新規")));
     EXPECT_FALSE(std::filesystem::exists(temp.Path("desk/QVScratch")));
     Name(CurrentUser, temp.Path("desk"), RegistryType::Other);
-    EXPECT_EQ(Found(), "~/書類/QVScratch");
+    EXPECT_EQ(Found(), "~/cache/tovi/QVScratch");
 }
 
 TEST_F(WorkFolder, MachinesLocationBecomesTheUsers)
@@ -98,7 +98,7 @@ TEST_F(WorkFolder, UnusableLocationOfTheMachineGivesTheRootOnce)
     Name(LocalMachine, temp.Path("missing/deep"));
     EXPECT_EQ(Found(), "/QVScratch");
     // It is the user's by now.
-    EXPECT_EQ(Found(), "~/書類/QVScratch");
+    EXPECT_EQ(Found(), "~/cache/tovi/QVScratch");
 }
 
 TEST_F(WorkFolder, InstalledProductsFollowTheRegistry)
@@ -109,7 +109,7 @@ TEST_F(WorkFolder, InstalledProductsFollowTheRegistry)
     for (const char* name : {"a/1/p", "b/1/p", "c/1/p", "d/1/p", "e/1/2/p"}) temp.MakeFolder(name);
 
     Install(CurrentUser, last.key, temp.Path("e/1/2/p"));
-    EXPECT_EQ(Found(), "~/書類/QVScratch") << "not under a version";
+    EXPECT_EQ(Found(), "~/cache/tovi/QVScratch") << "not under a version";
     Install(CurrentUser, CString(last.key) + "\\1.0", temp.Path("e/1/2/p"));
     EXPECT_EQ(Found(), "~/e/QVScratch");
     Install(CurrentUser, firstKey + "\\9.9", temp.Path("a/1/p"));
@@ -128,7 +128,7 @@ TEST_F(WorkFolder, InstalledProductsFollowTheRegistry)
 
 TEST_F(WorkFolder, FailsWithNothingToGoBy)
 {
-    GetEnvironment().folders.documents.clear();
+    GetEnvironment().folders.cache.clear();
     EXPECT_EQ(Found(), "none");
     char buffer[4] = "abc";
     EXPECT_EQ(SuiteFolder(), "");
@@ -138,7 +138,7 @@ TEST_F(WorkFolder, FailsWithNothingToGoBy)
 
 TEST_F(WorkFolder, SuiteFolderInABuffer)
 {
-    const CString expected = temp.Path("書類/QVScratch/QV-SUITE/");
+    const CString expected = temp.Path("cache/tovi/QVScratch/QV-SUITE/");
     const auto length = static_cast<unsigned int>(expected.size());
     EXPECT_EQ(SuiteFolder(), expected);
     CString buffer(expected.size() + 1, '?');

@@ -114,6 +114,9 @@ UserFolders CurrentUserFolders()
     folders.desktop =
         FirstFolder({DesktopSetting("XDG_DESKTOP_DIR", home), home + "/Desktop", home});
     folders.temporary = TemporaryFolder();
+    if (const CString cache = FolderFor("XDG_CACHE_HOME", "/.cache"); !cache.empty()) {
+        folders.cache = cache + "/tovi";
+    }
     return folders;
 }
 

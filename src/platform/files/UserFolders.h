@@ -2,7 +2,7 @@
 
 #include "platform/text/Text.h"
 
-/// The places of the user that registry texts may name. All without a trailing separator; empty
+/// The places of the user, most of which registry texts may name. All without a trailing separator; empty
 /// when there is no such folder.
 struct UserFolders
 {
@@ -13,6 +13,8 @@ struct UserFolders
     CString desktop;
     /// The folder for temporary files, without symbolic links.
     CString temporary;
+    /// Our folder for what can be made again. It needs not be there.
+    CString cache;
 };
 
 /// The folders of the user that runs the program, as the desktop's settings name them. Documents
