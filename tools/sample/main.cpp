@@ -1,4 +1,5 @@
 #include "sample/DeliveryBuilder.h"
+#include "sample/SampleOptionRows.h"
 
 #include <CLI/CLI.hpp>
 
@@ -44,36 +45,31 @@ CString CheckSection(const CString& section)
     return "\"" + section + "\" is no kind of delivery, choose one of " + known;
 }
 
+const char* HelpOf(std::string_view name)
+{
+    return std::ranges::find(sampleOptionRows, name, &SampleOptionRow::name)->help;
+}
+
 void Declare(CLI::App& app, Arguments& arguments)
 {
     SampleOptions& options = arguments.options;
     const CLI::Range count(0, 9'999'999);
-    app.add_option("FOLDER", arguments.folder,
-                   "The folder that gets INDEX_C.XML and PHOTO; new or empty")
-        ->required();
-    app.add_option("--section", options.section, "The kind of delivery")
+    const auto add = [&app](const char* name, auto& target) {
+        return app.add_option(name, target, HelpOf(name));
+    };
+    add("FOLDER", arguments.folder)->required();
+    add("--section", options.section)
         ->check(CLI::Validator(CheckSection, "KIND"))
         ->capture_default_str();
-    app.add_option("--photos", options.photos, "How many photographs")
-        ->check(count)
-        ->capture_default_str();
-    app.add_option("--drawings", arguments.drawings,
-                   "How many reference drawings (a sixth of the photographs if not given)")
-        ->check(count);
-    app.add_option("--discs", options.discs,
-                   "Spread the pictures over the folders DISK1, DISK2 and so on")
-        ->check(CLI::Range(1, 99))
-        ->capture_default_str();
-    app.add_option("--encoding", arguments.encoding, "The encoding of the XML files")
+    add("--photos", options.photos)->check(count)->capture_default_str();
+    add("--drawings", arguments.drawings)->check(count);
+    add("--discs", options.discs)->check(CLI::Range(1, 99))->capture_default_str();
+    add("--encoding", arguments.encoding)
         ->check(CLI::IsMember({shiftJisName, utf8Name}, CLI::ignore_case))
         ->capture_default_str();
-    app.add_option("--fault", arguments.fault,
-                   "What the program that writes PHOTO.XML gets wrong: flags-inside puts 代表写真 "
-                   "and 提出頻度写真 into 撮影情報")
-        ->check(CLI::IsMember({flagsInsideName}));
-    app.add_flag("--no-images", arguments.noImages, "Leave out the picture files");
-    app.add_option("--seed", options.seed, "Another number makes another delivery")
-        ->capture_default_str();
+    add("--fault", arguments.fault)->check(CLI::IsMember({flagsInsideName}));
+    app.add_flag("--no-images", arguments.noImages, HelpOf("--no-images"));
+    add("--seed", options.seed)->capture_default_str();
 }
 
 /// Turns what was given into the options of the builder.

@@ -1,29 +1,16 @@
 #include "hosts/viewer/ViewerOptions.h"
 
-#include "kinds/DeliveryFamilies.h"
+#include "hosts/viewer/ViewerOptionRows.h"
 #include "platform/text/QtText.h"
 #include "platform/text/TerminalText.h"
 
 #include <QCommandLineParser>
 
+#include <algorithm>
 #include <iostream>
 
 namespace
 {
-constexpr const char* usage =
-    "使い方: tovi-viewer [オプション] [DELIVERY]\n"
-    "工事写真の電子納品データを検査する。納品データには書き込まない。\n"
-    "\n"
-    "引数:\n"
-    "  DELIVERY         PHOTO.XML か INDEX_*.XML、またはそのあるフォルダ\n"
-    "\n"
-    "オプション:\n"
-    "  -h, --help       この説明を表示する\n"
-    "  -v, --version    名前と版を表示する\n"
-    "  --family NAME    要領の系統: %s\n"
-    "  --record FILE    検査状況の記録ファイル\n"
-    "  --profile FILE   設定ファイル\n";
-
 /// What the window system's side of Qt takes off the command line later, each with a value.
 constexpr const char* windowOptions[] = {
     "platform",    "platformpluginpath", "platformtheme",   "plugin",
@@ -36,14 +23,33 @@ QString Named(const char* name)
     return QString::fromLatin1(name);
 }
 
+bool IsArgument(const ViewerOptionRow& row)
+{
+    return *row.name != '-';
+}
+
+CString Usage()
+{
+    CString lines[2];
+    for (const ViewerOptionRow& row : ViewerOptionRows()) {
+        const CString letter = *row.letter != '\0' ? CString(row.letter) + ", " : CString();
+        CString line = "  " + letter + row.name + " " + row.value;
+        line.resize(std::max<std::size_t>(line.size(), 19), ' ');
+        lines[IsArgument(row) ? 0 : 1] += line + row.help + "\n";
+    }
+    return CString("使い方: tovi-viewer [オプション] [DELIVERY]\n") + viewerHelp + "\n\n引数:\n" +
+           lines[0] + "\nオプション:\n" + lines[1];
+}
+
 void Describe(QCommandLineParser& parser)
 {
     parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
-    parser.addOption(QCommandLineOption(QStringList{Named("h"), Named("help")}));
-    parser.addOption(QCommandLineOption(QStringList{Named("v"), Named("version")}));
-    parser.addOption({Named("family"), {}, Named("NAME"), Named(familyIsGuessed)});
-    parser.addOption({Named("record"), {}, Named("FILE")});
-    parser.addOption({Named("profile"), {}, Named("FILE")});
+    for (const ViewerOptionRow& row : ViewerOptionRows()) {
+        if (IsArgument(row)) continue;
+        QStringList names(Named(row.name).mid(2));
+        if (*row.letter != '\0') names << Named(row.letter).mid(1);
+        parser.addOption({names, {}, Named(row.value)});
+    }
     for (const char* name : windowOptions) parser.addOption({Named(name), {}, Named("VALUE")});
     parser.addOption(QCommandLineOption(Named("reverse")));
 }
@@ -60,7 +66,9 @@ CString WhatIsWrong(const QCommandLineParser& parser, bool parsed)
     if (!unknown.isEmpty()) return "オプション " + FromQtText(unknown.front()) + " はありません。";
     if (!parsed) return "オプションの値がないか、余分です。";
     if (parser.positionalArguments().size() > 1) return "フォルダは1つだけ指定してください。";
-    if (IsFamily(FromQtText(parser.value(Named("family"))))) return {};
+    const bool isFamily =
+        !parser.isSet(Named("family")) || IsFamily(FromQtText(parser.value(Named("family"))));
+    if (isFamily) return {};
     return "--family は " + FamilyKeys(false) + " のどれかを指定してください。";
 }
 } // namespace
@@ -78,8 +86,7 @@ std::optional<ViewerOptions> ReadOptions(const QStringList& arguments, int& stat
         return std::nullopt;
     }
     if (parser.isSet(Named("help")) || parser.isSet(Named("version"))) {
-        std::cout << (parser.isSet(Named("help")) ? Format(usage, FamilyKeys(true).c_str())
-                                                  : "tovi-viewer " TOVI_VERSION "\n");
+        std::cout << (parser.isSet(Named("help")) ? Usage() : "tovi-viewer " TOVI_VERSION "\n");
         return std::nullopt;
     }
     ViewerOptions options;
