@@ -104,6 +104,7 @@ const Row rows[] = {
     {StepAfterLabel, {}, Checked},
     {NextUnchecked, Picture("next-unchecked"), OnDelivery, "次の未検査"},
     {ShowPosition, Picture("location"), OnDelivery},
+    {ShowManual, {}, Plain},
     {ShowKeys, {}, Plain},
     {ChangeKeys, {}, Plain},
     {About, {}, Plain},
@@ -257,7 +258,7 @@ void FrameActions::FillMenus(QMainWindow* frame, QMenu* recent,
     fill(review, {CheckTampering, SetUp});
 
     QMenu* help = add("ヘルプ(&H)");
-    fill(help, {ShowKeys, ChangeKeys});
+    fill(help, {ShowManual, ShowKeys, ChangeKeys});
     help->addSeparator();
     fill(help, {About});
 }

@@ -5,6 +5,7 @@
 #include "hosts/viewer/FrameKeys.h"
 #include "hosts/viewer/FrameLabels.h"
 #include "hosts/viewer/FrameSession.h"
+#include "hosts/viewer/FrameManual.h"
 #include "hosts/viewer/FrameState.h"
 #include "hosts/viewer/GroundMenu.h"
 #include "hosts/viewer/HistoryWatch.h"
@@ -79,6 +80,7 @@ MainFrame::MainFrame()
     labels = new FrameLabels(this, actions, photoPanel.get());
     historyWatch = new HistoryWatch(this, document);
     slideShow = std::make_unique<SlideShow>(this, photoPanel.get());
+    new FrameManual(this, actions);
     CreatePanels();
     CreateDock();
     CreateBars();

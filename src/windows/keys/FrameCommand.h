@@ -64,6 +64,7 @@ enum class FrameCommand
     StepAfterLabel,
     NextUnchecked,
     ShowPosition,
+    ShowManual,
     ShowKeys,
     ChangeKeys,
     About,
