@@ -31,5 +31,6 @@ file(WRITE ${FOLDER}/manual.ja.html
 string(REGEX MATCHALL "src=\"[^\"]+" pictures "${body}")
 foreach(picture IN LISTS pictures)
     string(REPLACE "src=\"" "" picture ${picture})
-    file(COPY ${SOURCE}/${picture} DESTINATION ${FOLDER})
+    cmake_path(GET picture PARENT_PATH place)
+    file(COPY ${SOURCE}/${picture} DESTINATION ${FOLDER}/${place})
 endforeach()
