@@ -82,7 +82,7 @@ int main(int argc, char** argv)
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("tovi-viewer"));
     QApplication::setApplicationVersion(QStringLiteral(TOVI_VERSION));
-    QApplication::setDesktopFileName(QStringLiteral("jp.tovi.Viewer"));
+    QApplication::setDesktopFileName(QStringLiteral("jp.tovi.viewer"));
     QApplication::setFont(GaluFont::MsPGothic9pt());
     // Days and sizes in Qt's own dialogs are told in the language of everything else.
     QLocale::setDefault(QLocale(QLocale::Japanese, QLocale::Japan));
