@@ -135,9 +135,9 @@ SamplePhoto DeliveryBuilder::Photo(int photo) const
     const auto [from, to] = std::equal_range(drawingOwners.begin(), drawingOwners.end(), photo);
     const auto first = static_cast<int>(from - drawingOwners.begin());
     const auto count = static_cast<int>(to - from);
-    return MakeSamplePhoto(
-        *schema, work, options.seed,
-        {photo, options.photos, first, first + count, options.drawings, DiscOf(photo)});
+    return MakeSamplePhoto(*schema, work, options.seed,
+                           {photo, options.photos, first, first + count, options.drawings,
+                            DiscOf(photo), options.tidy});
 }
 
 SamplePhoto& DeliveryBuilder::Changed(int photo)
@@ -240,7 +240,7 @@ CString DeliveryBuilder::PhotoXmlElement(int photo) const
 {
     SampleXml xml = NewXml(1);
     SamplePhoto sample = Photo(photo);
-    if (options.fault == SampleFault::FlagsInside) MoveFlagsInside(sample);
+    if (options.flagsInside) MoveFlagsInside(sample);
     xml.Open("写真情報");
     for (const SampleGroup& group : sample.groups) {
         const bool nested = group.name != "写真情報";
@@ -340,7 +340,9 @@ void DeliveryBuilder::WritePictures(const CString& folder, int photo) const
     const SamplePhoto sample = Photo(photo);
     const CString name = sample.Value("写真ファイル名");
     if (IsPlainFileName(name)) {
-        const SampleScene scene = SceneOf(sample, work, options.seed, photo);
+        SampleScene scene = SceneOf(sample, work, options.seed, photo);
+        scene.plain = options.plainPictures;
+        scene.alwaysExif = options.tidy;
         WriteSampleFile(PathOf(folder, "PHOTO/PIC/" + name),
                         PhotoPicture(scene, ExtensionOf(name)));
     }

@@ -27,6 +27,10 @@ struct SampleScene
     /// Scenes of the same facts with another number look different.
     unsigned seed;
     int number;
+    /// One colour stands for all of it.
+    bool plain = false;
+    /// The picture has Exif data in any case.
+    bool alwaysExif = false;
 };
 
 /// The Japanese font of the samples, \p height units high.

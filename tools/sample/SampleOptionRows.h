@@ -23,8 +23,14 @@ inline constexpr SampleOptionRow sampleOptionRows[] = {
     {"--encoding", "The encoding of the XML files: shift_jis or utf-8",
      "XMLの文字コード: shift_jis（既定）、utf-8", "NAME"},
     {"--fault",
-     "What the program that writes PHOTO.XML gets wrong: flags-inside puts 代表写真 and "
-     "提出頻度写真 into 撮影情報",
-     "PHOTO.XML の誤り: flags-inside は代表写真と提出頻度写真を撮影情報の中に書く", "NAME"},
+     "What is wrong with an otherwise tidy delivery, several with commas between them; \"list\" "
+     "lists all "
+     "faults. The kind and the discs are those of the fault",
+     "ほかに誤りのない納品データに入れる誤り。コンマで区切って何個でも。list "
+     "で一覧を表示する。要領の世代と"
+     "ディスクの数は誤りに合わせる",
+     "NAME"},
+    {"--tidy", "Leave nothing out and use no character that a checker could find",
+     "検査で指摘される省略や文字のない納品データにする"},
     {"--no-images", "Leave out the picture files", "写真のファイルを作らない"},
     {"--seed", "Another number makes another delivery", "数を変えると別の納品データになる", "N"}};

@@ -25,6 +25,15 @@ CString FullWidth(std::string_view text)
     return wide;
 }
 
+/// \p text without the characters that the standards don't allow.
+CString Tidied(CString text)
+{
+    constexpr std::pair<std::string_view, std::string_view> replacements[] = {
+        {"①", "1"}, {"②", "2"}, {"㈱", "(株)"}, {"髙", "高"}};
+    for (const auto& [from, to] : replacements) text = ReplaceAll(std::move(text), from, to);
+    return text;
+}
+
 CString FigureText(int millimetres, std::string_view unit)
 {
     return unit == "m" ? Format("%.3fm", millimetres / 1000.0) : Format("%dmm", millimetres);
@@ -70,6 +79,8 @@ private:
     void AddNamedDrawing(int drawing);
     void AddNumberedDrawings(int first, int end);
 
+    bool HasWhatSubmittingNeeds() const;
+
     CString Title();
     CString PlaceName();
     CString LongFileName(int serial);
@@ -79,7 +90,7 @@ private:
 
     void Put(std::string_view title, CString value)
     {
-        items.push_back({CString(title), std::move(value)});
+        items.push_back({CString(title), place.tidy ? Tidied(std::move(value)) : std::move(value)});
     }
     void PutConditional(std::string_view title, CString value, int absent, int empty);
 
@@ -111,7 +122,8 @@ private:
 /// it has no text. An element that the kind demands always comes with its value.
 void PhotoMaker::PutConditional(std::string_view title, CString value, int absent, int empty)
 {
-    const int dice = random.Below(100);
+    constexpr int neither = 100;
+    const int dice = place.tidy ? (random.Below(100), neither) : random.Below(100);
     const SampleElement* element = schema.Find(title);
     if (element == nullptr) return;
     if (element->occurrence == '1' || dice >= absent + empty) {
@@ -137,7 +149,9 @@ void PhotoMaker::AddWorkTypes()
     Put("写真-大分類", CString(division));
     if (IsWork()) {
         PutConditional("写真区分", CString(category), 0, 2);
-        if (subject != SampleSubject::BeforeAfter && subject != SampleSubject::Safety) {
+        const bool isPart =
+            subject != SampleSubject::BeforeAfter && subject != SampleSubject::Safety;
+        if (isPart || place.tidy) {
             PutConditional("工種", CString(branch.type), 3, 3);
             PutConditional("種別", CString(branch.kind), 5, 4);
             PutConditional("細別", CString(branch.detail), 8, 6);
@@ -211,7 +225,8 @@ CString PhotoMaker::PlaceName()
     case 2:
         return Format("No.%d～No.%d 左岸", station, station + 2);
     case 3:
-        return FullWidth(Format("測点:No.%d+%d", station, rest));
+        return place.tidy ? Format("測点:No.%d+%d", station, rest)
+                          : FullWidth(Format("測点:No.%d+%d", station, rest));
     case 4:
         return schema.family == SampleFamily::Nexco
                    ? Format("STA.%d+%d 上り線", station * 7, rest)
@@ -239,16 +254,27 @@ void PhotoMaker::AddControlValues()
         {"{設計}", photo.design},   {"{測定}", CString(branch.measure)},
         {"{実測}", photo.measured}, {"{差}", Format("%+d", difference)}};
     for (const auto& [field, value] : fields) text = ReplaceAll(std::move(text), field, value);
-    if (random.Chance(15)) text = FullWidth(text);
+    if (random.Chance(15) && !place.tidy) text = FullWidth(text);
     PutConditional("施工管理値", std::move(text), subject == SampleSubject::Dimension ? 5 : 70, 5);
 }
 
 void PhotoMaker::AddFlagsAndRemarks()
 {
-    PutConditional("代表写真", random.Chance(25) ? "1" : "0", 5, 2);
-    PutConditional("提出頻度写真", random.Chance(40) ? "1" : "0", 15, 5);
+    const bool isKey = random.Chance(25) || (place.tidy && IsFirst());
+    PutConditional("代表写真", isKey ? "1" : "0", 5, 2);
+    const bool isSubmitted = random.Chance(40) && HasWhatSubmittingNeeds();
+    PutConditional("提出頻度写真", isSubmitted ? "1" : "0", 15, 5);
     PutConditional("請負者説明文", CString(random.Pick(SampleWords::remarks)), 55, 15);
     PutConditional("整理フラグ", random.Chance(50) ? "1" : "0", 30, 5);
+}
+
+/// Figures and test results that are submitted can't do without 工種.
+bool PhotoMaker::HasWhatSubmittingNeeds() const
+{
+    const bool isResult = subject == SampleSubject::Dimension || subject == SampleSubject::Quality;
+    return !IsWork() || !isResult || std::ranges::any_of(items, [](const SampleItem& item) {
+        return item.title == "工種" && !item.value.empty();
+    });
 }
 
 CString PhotoMaker::DrawingName(int drawing) const

@@ -66,6 +66,8 @@ struct SamplePlace
     /// All drawings of the delivery.
     int drawings;
     int disc;
+    /// Nothing is left out, and nothing stands outside of what the standards allow.
+    bool tidy = false;
 };
 
 /// The photograph at \p place with values as they are found in real deliveries. The same arguments

@@ -57,6 +57,15 @@ std::chrono::sys_days DayOf(const SamplePhoto& photo)
     return date.ok() ? std::chrono::sys_days(date) : photo.day;
 }
 
+QImage PlainPicture(const SampleScene& scene, QSize size)
+{
+    constexpr int degrees = 360;
+    constexpr int step = 37;
+    QImage image(size, QImage::Format_RGB32);
+    image.fill(QColor::fromHsv(scene.number * step % degrees, 120, 180));
+    return image;
+}
+
 /// A picture from the camera: its size, its way of holding and its Exif vary.
 std::string CameraJpeg(const SampleScene& scene, bool inLayers)
 {
@@ -64,12 +73,14 @@ std::string CameraJpeg(const SampleScene& scene, bool inLayers)
     SampleRandom random(scene.seed, SamplePart::Camera, scene.number);
     SampleShot shot = MakeSampleShot(random, scene.takenAt);
     QSize size = random.Pick(sizes);
-    const bool hasExif = inLayers || !random.Chance(8);
+    const bool hasExif = inLayers || !random.Chance(8) || scene.alwaysExif;
     if (!inLayers && random.Chance(16)) {
         size = QSize(1200, 1600);
         if (hasExif && random.Chance(70)) shot.orientation = random.Chance(60) ? 6 : 8;
     }
-    const QImage stored = Stored(PaintSite(scene, size, !inLayers), shot.orientation);
+    const QImage upright =
+        scene.plain ? PlainPicture(scene, size) : PaintSite(scene, size, !inLayers);
+    const QImage stored = Stored(upright, shot.orientation);
     shot.width = stored.width();
     shot.height = stored.height();
     const std::string jpeg = Encode(stored, "jpeg", random.Between(72, 80));
@@ -140,7 +151,9 @@ SampleScene SceneOf(const SamplePhoto& photo, const SampleWork& work, unsigned s
             photo.measured,
             DayOf(photo) + time,
             seed,
-            number};
+            number,
+            false,
+            false};
 }
 
 std::string PhotoPicture(const SampleScene& scene, std::string_view extension)

@@ -1,4 +1,4 @@
-#include "sample/DeliveryBuilder.h"
+#include "sample/SampleFaults.h"
 #include "sample/SampleOptionRows.h"
 
 #include <CLI/CLI.hpp>
@@ -22,7 +22,7 @@ enum ExitCode
 
 constexpr auto shiftJisName = "shift_jis";
 constexpr auto utf8Name = "utf-8";
-constexpr auto flagsInsideName = "flags-inside";
+constexpr auto listName = "list";
 
 struct Arguments
 {
@@ -32,7 +32,7 @@ struct Arguments
     int drawings = -1;
     CString encoding = shiftJisName;
     bool noImages = false;
-    CString fault;
+    std::vector<CString> faults;
 };
 
 CString CheckSection(const CString& section)
@@ -50,6 +50,19 @@ const char* HelpOf(std::string_view name)
     return std::ranges::find(sampleOptionRows, name, &SampleOptionRow::name)->help;
 }
 
+CString CheckFault(const CString& name)
+{
+    if (name == listName || FindSampleFault(name) != nullptr) return {};
+    return "\"" + name + "\" is no fault, --fault list lists them";
+}
+
+void ListFaults()
+{
+    for (const SampleFault& fault : SampleFaults()) {
+        std::cout << fault.name << '\t' << fault.rule << '\t' << fault.what << '\n';
+    }
+}
+
 void Declare(CLI::App& app, Arguments& arguments)
 {
     SampleOptions& options = arguments.options;
@@ -57,7 +70,7 @@ void Declare(CLI::App& app, Arguments& arguments)
     const auto add = [&app](const char* name, auto& target) {
         return app.add_option(name, target, HelpOf(name));
     };
-    add("FOLDER", arguments.folder)->required();
+    add("FOLDER", arguments.folder);
     add("--section", options.section)
         ->check(CLI::Validator(CheckSection, "KIND"))
         ->capture_default_str();
@@ -67,9 +80,17 @@ void Declare(CLI::App& app, Arguments& arguments)
     add("--encoding", arguments.encoding)
         ->check(CLI::IsMember({shiftJisName, utf8Name}, CLI::ignore_case))
         ->capture_default_str();
-    add("--fault", arguments.fault)->check(CLI::IsMember({flagsInsideName}));
+    add("--fault", arguments.faults)->delimiter(',')->check(CLI::Validator(CheckFault, "NAME"));
+    app.add_flag("--tidy", options.tidy, HelpOf("--tidy"));
     app.add_flag("--no-images", arguments.noImages, HelpOf("--no-images"));
     add("--seed", options.seed)->capture_default_str();
+}
+
+/// A list needs no folder.
+void RequireFolder(const Arguments& arguments)
+{
+    const bool isList = std::ranges::find(arguments.faults, listName) != arguments.faults.end();
+    if (arguments.folder.empty() && !isList) throw CLI::RequiredError("FOLDER");
 }
 
 /// Turns what was given into the options of the builder.
@@ -78,7 +99,6 @@ void Complete(Arguments& arguments)
     SampleOptions& options = arguments.options;
     options.drawings = arguments.drawings >= 0 ? arguments.drawings : options.photos / 6;
     options.images = !arguments.noImages;
-    if (arguments.fault == flagsInsideName) options.fault = SampleFault::FlagsInside;
     const bool utf8 = EqualNoCase(arguments.encoding, utf8Name);
     options.encoding = utf8 ? SampleEncoding::Utf8 : SampleEncoding::ShiftJis;
 }
@@ -107,15 +127,23 @@ void ShowProgress(int done, int all)
 
 int Run(const Arguments& arguments)
 {
+    if (std::ranges::find(arguments.faults, listName) != arguments.faults.end()) {
+        ListFaults();
+        return Success;
+    }
     if (const CString problem = FolderProblem(arguments.folder); !problem.empty()) {
         std::cerr << "tovi-sample: \"" << arguments.folder << "\" " << problem << ".\n";
         return Failure;
     }
     const int photos = arguments.options.photos;
     try {
-        DeliveryBuilder(arguments.options).Write(arguments.folder, [photos](int done) {
-            ShowProgress(done, photos);
-        });
+        std::vector<const SampleFault*> faults;
+        for (const CString& name : arguments.faults) faults.push_back(FindSampleFault(name));
+        WriteFaultySample(arguments.options, faults, arguments.folder,
+                          [photos](int done) { ShowProgress(done, photos); });
+    } catch (const std::invalid_argument& error) {
+        std::cerr << "tovi-sample: " << error.what() << ".\n";
+        return WrongUsage;
     } catch (const std::runtime_error& error) {
         std::cerr << "tovi-sample: " << error.what()
                   << "; make room or choose a folder that can be written.\n";
@@ -132,6 +160,7 @@ int main(int argc, char** argv)
     Declare(app, arguments);
     try {
         app.parse(argc, argv);
+        RequireFolder(arguments);
     } catch (const CLI::CallForHelp& help) {
         return app.exit(help);
     } catch (const CLI::ParseError& error) {
