@@ -39,6 +39,8 @@ room(model review     ${base} platform/store platform/xml work items photos)
 room(model extraction ${base} platform/store work items photos)
 room(model delivery   ${base} platform/xml work kinds items imagefacts photos loading review extraction)
 room(model inspection ${base} work items photos review delivery)
+room(model intake     ${base} work platform/store platform/xml platform/exif platform/pictures kinds items photos
+     loading review delivery)
 room(model history    ${base} platform/store items photos review delivery inspection)
 room(model reports    ${base} platform/pictures platform/sheets work kinds items imagefacts photos review delivery inspection)
 

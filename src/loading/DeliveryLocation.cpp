@@ -153,6 +153,26 @@ CStringArray FindPhotoFolders(const CString& path)
     return MibIsFileExist(folder) ? FoldersOfFile(folder) : FoldersInFolder(std::move(folder));
 }
 
+std::map<int, CString> FindDiscs(const CString& photoFolder)
+{
+    CString wrapper = MibAbsolutePath(photoFolder);
+    MibParentDir(wrapper);
+    CString above = wrapper;
+    MibParentDir(above);
+    wrapper.pop_back();
+    std::map<int, CString> discs;
+    const int own = DiscNumber(wrapper);
+    if (own == 0) return discs;
+    discs.emplace(own, photoFolder);
+    for (const CString& beside : MibFileFind(above, "DISK*")) {
+        const int number = DiscNumber(beside);
+        const CString other = beside + "/PHOTO/";
+        const bool isNew = number > 0 && !discs.contains(number) && HoldsPhotoXml(other);
+        if (isNew && IsOfOneDelivery(photoFolder, other)) discs.emplace(number, other);
+    }
+    return discs;
+}
+
 PhotoXMLType GuessFamily(const CString& photoFolder)
 {
     CString xmlPath = photoFolder;

@@ -14,5 +14,5 @@ Program AllOfTovi(std::string& profile)
                          SheetCommand(), LabelCommand(), CorrectCommand(), RecordCommand(),
                          ReturnCommand(), ExifCommand(), ValuesCommand(), PairsCommand(),
                          SettingsCommand(), VerifyCommand(), IndexCommand(), ExportCommand(),
-                         CombineCommand(), ReportCommand()}};
+                         CombineCommand(), ReportCommand(), CheckCommand()}};
 }

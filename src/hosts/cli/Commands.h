@@ -20,6 +20,7 @@ Command IndexCommand();
 Command ExportCommand();
 Command CombineCommand();
 Command ReportCommand();
+Command CheckCommand();
 
 /// The whole program. What --profile names comes to stand in \p profile, which outlives it.
 Program AllOfTovi(std::string& profile);

@@ -8,6 +8,8 @@ enum ExitStatus
     ExitDone = 0,
     ExitFailed = 1,
     ExitWrongUsage = 2,
+    /// The command has done its work and found errors in the delivery.
+    ExitFoundErrors = 3,
     /// Ctrl+C, as a shell tells it.
     ExitInterrupted = 130
 };

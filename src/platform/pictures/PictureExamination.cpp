@@ -1,0 +1,214 @@
+#include "platform/pictures/PictureExamination.h"
+
+#include "platform/files/MibFile.h"
+#include "platform/pictures/ImageDecoding.h"
+#include "platform/pictures/ImageSource.h"
+#include "platform/pictures/SvgPhoto.h"
+
+#include <array>
+#include <cstdio>
+
+#include <jerror.h>
+#include <jpeglib.h>
+
+namespace
+{
+constexpr std::size_t largestPicture = std::size_t{512} << 20;
+constexpr int reduction = 8;
+
+struct Signature
+{
+    std::string_view bytes;
+    std::size_t at;
+    PictureForm form;
+};
+
+constexpr Signature signatures[] = {
+    {"\xFF\xD8\xFF", 0, PictureForm::Jpeg},
+    {std::string_view("II*\0", 4), 0, PictureForm::Tiff},
+    {std::string_view("MM\0*", 4), 0, PictureForm::Tiff},
+    {"\x89PNG\r\n\x1A\n", 0, PictureForm::Png},
+    {"GIF8", 0, PictureForm::Gif},
+    {"BM", 0, PictureForm::Bitmap},
+    {"%PDF-", 0, PictureForm::Pdf},
+    {"ftyp", 4, PictureForm::Movie},
+    {std::string_view("\0\0\1\xBA", 4), 0, PictureForm::Movie},
+    {std::string_view("\0\0\1\xB3", 4), 0, PictureForm::Movie},
+};
+
+PictureForm FormOf(std::string_view bytes)
+{
+    for (const Signature& signature : signatures) {
+        if (bytes.size() > signature.at &&
+            bytes.substr(signature.at).starts_with(signature.bytes)) {
+            return signature.form;
+        }
+    }
+    constexpr std::size_t head = 4096;
+    return bytes.substr(0, head).find("<svg") == std::string_view::npos ? PictureForm::Unknown
+                                                                        : PictureForm::Svg;
+}
+
+struct DecodingEnds
+{};
+
+/// Decodes a JPEG file at an eighth of its size and notes what the decoder had to make up.
+class JpegExaminer
+{
+public:
+    explicit JpegExaminer(std::string_view bytes)
+    {
+        jpeg.err = jpeg_std_error(&errors);
+        errors.error_exit = [](j_common_ptr) { throw DecodingEnds(); };
+        errors.emit_message = [](j_common_ptr state, int level) {
+            if (level < 0) Of(state)->NoteWarning(state->err->msg_code);
+        };
+        errors.output_message = [](j_common_ptr) {};
+        jpeg_create_decompress(&jpeg);
+        jpeg.client_data = this;
+        jpeg_mem_src(&jpeg, reinterpret_cast<const unsigned char*>(bytes.data()),
+                     static_cast<unsigned long>(bytes.size()));
+    }
+    JpegExaminer(const JpegExaminer&) = delete;
+    JpegExaminer& operator=(const JpegExaminer&) = delete;
+    ~JpegExaminer() { jpeg_destroy_decompress(&jpeg); }
+
+    /// False when the picture can't be decoded whole.
+    bool Decode(PictureExamination& found, GreyPicture& reduced)
+    {
+        try {
+            jpeg_read_header(&jpeg, TRUE);
+            found.width = static_cast<int>(jpeg.image_width);
+            found.height = static_cast<int>(jpeg.image_height);
+            if (qint64{found.width} * found.height > ImageSource::mostPixels) return false;
+            DecodeRows(reduced);
+        } catch (const DecodingEnds&) {
+            return false;
+        }
+        return !isDamaged;
+    }
+
+private:
+    static JpegExaminer* Of(j_common_ptr state)
+    {
+        return static_cast<JpegExaminer*>(state->client_data);
+    }
+
+    void NoteWarning(int code)
+    {
+        // Cameras leave stray bytes between segments, which cost nothing of the picture.
+        constexpr int harmless[] = {JWRN_EXTRANEOUS_DATA, JWRN_ADOBE_XFORM, JWRN_JFIF_MAJOR};
+        for (const int each : harmless) {
+            if (code == each) return;
+        }
+        isDamaged = true;
+    }
+
+    void DecodeRows(GreyPicture& reduced)
+    {
+        jpeg.scale_num = 1;
+        jpeg.scale_denom = reduction;
+        jpeg.do_fancy_upsampling = FALSE;
+        const bool hasLight =
+            jpeg.jpeg_color_space == JCS_YCbCr || jpeg.jpeg_color_space == JCS_GRAYSCALE;
+        if (hasLight) jpeg.out_color_space = JCS_GRAYSCALE;
+        jpeg_start_decompress(&jpeg);
+        const auto width = static_cast<std::size_t>(jpeg.output_width);
+        const auto channels = static_cast<std::size_t>(jpeg.output_components);
+        reduced.width = static_cast<int>(width);
+        reduced.height = static_cast<int>(jpeg.output_height);
+        reduced.pixels.resize(width * jpeg.output_height);
+        std::vector<unsigned char> row(width * channels);
+        unsigned char* to = reduced.pixels.data();
+        while (jpeg.output_scanline < jpeg.output_height) {
+            JSAMPROW rows[] = {row.data()};
+            jpeg_read_scanlines(&jpeg, rows, 1);
+            // The second of three channels is green, the best stand-in for light.
+            const std::size_t channel = channels > 1 ? 1 : 0;
+            for (std::size_t x = 0; x < width; ++x) *to++ = row[x * channels + channel];
+        }
+        jpeg_finish_decompress(&jpeg);
+    }
+
+    jpeg_decompress_struct jpeg = {};
+    jpeg_error_mgr errors = {};
+    bool isDamaged = false;
+};
+
+void ExamineJpeg(std::string_view bytes, PictureExamination& found, GreyPicture& reduced)
+{
+    const bool isWhole = JpegExaminer(bytes).Decode(found, reduced);
+    found.state = !IsCompleteJpeg(bytes) ? PictureState::CutOff
+                  : isWhole              ? PictureState::Whole
+                                         : PictureState::Damaged;
+    if (found.state != PictureState::Whole) reduced = {};
+}
+
+/// Of what Qt decodes.
+void ExamineOther(std::string bytes, PictureExamination& found, GreyPicture& reduced)
+{
+    const ImageSource source(std::move(bytes));
+    found.width = source.Size().width();
+    found.height = source.Size().height();
+    const QSize eighth = (source.Size() / reduction).expandedTo(QSize(1, 1));
+    const QImage image =
+        source.Read(eighth, ImageSource::mostPixels).convertToFormat(QImage::Format_Grayscale8);
+    found.state = image.isNull() ? PictureState::Damaged : PictureState::Whole;
+    reduced.width = image.width();
+    reduced.height = image.height();
+    for (int y = 0; y < image.height(); ++y) {
+        const unsigned char* row = image.constScanLine(y);
+        reduced.pixels.insert(reduced.pixels.end(), row, row + image.width());
+    }
+}
+
+void ExamineSvg(const CString& path, PictureExamination& found, GreyPicture& reduced)
+{
+    const std::optional<SvgContent> content = ReadSvgContent(path);
+    if (!content) {
+        found.state = PictureState::Damaged;
+    } else if (content->mainImage) {
+        ExamineJpeg(*content->mainImage, found, reduced);
+    } else {
+        found.state = PictureState::NotExamined;
+    }
+}
+
+void Examine(const CString& path, std::string bytes, PictureExamination& found,
+             GreyPicture& reduced)
+{
+    switch (found.form) {
+    case PictureForm::Jpeg:
+        ExamineJpeg(bytes, found, reduced);
+        return;
+    case PictureForm::Svg:
+        ExamineSvg(path, found, reduced);
+        return;
+    case PictureForm::Tiff:
+    case PictureForm::Png:
+    case PictureForm::Gif:
+    case PictureForm::Bitmap:
+        ExamineOther(std::move(bytes), found, reduced);
+        return;
+    case PictureForm::Movie:
+    case PictureForm::Pdf:
+    case PictureForm::Unknown:
+        found.state = PictureState::NotExamined;
+        return;
+    }
+}
+} // namespace
+
+PictureExamination ExaminePicture(const CString& path, GreyPicture* reduced)
+{
+    PictureExamination found;
+    std::optional<std::string> bytes = MibReadFile(path, largestPicture);
+    if (!bytes) return found;
+    found.bytes = bytes->size();
+    found.state = PictureState::Empty;
+    if (bytes->empty()) return found;
+    found.form = FormOf(*bytes);
+    GreyPicture grey;
+    Examine(path, std::move(*bytes), found, reduced == nullptr ? grey : *reduced);
+    return found;
+}

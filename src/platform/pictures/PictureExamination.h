@@ -1,0 +1,59 @@
+#pragma once
+
+#include "platform/text/Text.h"
+
+#include <cstdint>
+#include <vector>
+
+/// What the first bytes of a file say that it is.
+enum class PictureForm
+{
+    Unknown,
+    Jpeg,
+    Tiff,
+    Svg,
+    Png,
+    Gif,
+    Bitmap,
+    Movie,
+    Pdf
+};
+
+/// How the bytes of a picture file hold together.
+enum class PictureState
+{
+    /// The file isn't there, can't be opened, or is larger than any picture.
+    Unreadable,
+    Empty,
+    /// It ends before its picture does.
+    CutOff,
+    /// Its picture can't be decoded whole.
+    Damaged,
+    Whole,
+    /// It is of a form that is not decoded here.
+    NotExamined
+};
+
+/// A picture in light alone, row by row from above.
+struct GreyPicture
+{
+    int width = 0;
+    int height = 0;
+    std::vector<unsigned char> pixels;
+};
+
+struct PictureExamination
+{
+    PictureForm form = PictureForm::Unknown;
+    PictureState state = PictureState::Unreadable;
+    std::uint64_t bytes = 0;
+    /// The dimensions of the picture, before any turning; of an SVG photograph those of its main
+    /// picture. 0 where they can't be told.
+    int width = 0;
+    int height = 0;
+};
+
+/// Reads the file \p path once, whole, and decodes its picture reduced: nothing in it that can't be
+/// read stays unnoticed. Any thread may call it. \p reduced, unless null, gets the picture at an
+/// eighth of its size; nothing of one that can't be decoded.
+PictureExamination ExaminePicture(const CString& path, GreyPicture* reduced = nullptr);
