@@ -28,6 +28,11 @@ constexpr CommandRow commandRows[] = {
      "3 the item definitions can't be read, 4 sound, null PHOTO.XML can't be read\n"
      "Adds \"adoptedValues\", the values read from other places than the standard's, and "
      "\"photoElements\" where some photographs can't be read."},
+    {"check", "check a received delivery by the rules of its standard",
+     "Output: {\"edition\",\"standard\",\"owner\",\"findings\":[{\"rule\",\"grade\":"
+     "\"error|warning|hint\",\"photos\":[numbers],\"file\",\"item\",\"text\",\"action\"}],"
+     "\"notRun\":[{\"rule\",\"why\"}]}\n"
+     "Exit status: 0 no error found, 3 errors found; 1, 2 and 130 as in the other commands."},
     {"photos", "tell all photographs in the order of PHOTO.XML",
      "Output: [{\"index\",\"imagePath\",\"pictures\":[reference drawings],"
      "\"items\":[{\"title\",\"value\"}]}]\n"
@@ -125,7 +130,15 @@ constexpr OptionRow optionRows[] = {
     {"--types", "the detectors in their order: 0 RICOH G800/G700/G600, 1 electronic blackboards, "
                 "2 RICOH G900; those of the settings if not given"},
     {"--html", "make an HTML page for any browser instead of a copy of the XML file"},
-    {"--next", "the folders of the other discs, in order"}};
+    {"--next", "the folders of the other discs, in order"},
+    {"--owner",
+     "by whose rules to check: auto (those of the family, default), mlit, kowan, maff, nexco"},
+    {"--rules",
+     "a table of rules of your own: a line \"rule,error|warning|hint|off\" changes the grade of "
+     "a built-in rule, a line \"name,grade,item,condition,value,sentence\" adds one; "
+     "conditions are required, longest, one-of, like, without"},
+    {"--format", "the form of the output: json (default), csv or text"},
+    {"--quick", "don't read what is in the files"}};
 
 std::string_view HelpOf(std::string_view command, std::string_view option)
 {
