@@ -7,6 +7,7 @@
 #include <QAction>
 #include <QDialogButtonBox>
 #include <QInputDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -44,7 +45,18 @@ FileDialog::FileDialog(Use dialogUse, const QString& title, const QString& folde
 
 QString FileDialog::Ask()
 {
-    return exec() == Accepted ? selectedFiles().value(0) : QString();
+    return exec() == Accepted ? Chosen() : QString();
+}
+
+/// A folder that is typed is the one that is meant, whatever the list has selected.
+QString FileDialog::Chosen() const
+{
+    const auto* const field = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+    if (fileMode() == Directory && field != nullptr && !field->text().isEmpty()) {
+        const QString typed = QDir::cleanPath(directory().absoluteFilePath(field->text()));
+        if (QFileInfo(typed).isDir()) return typed;
+    }
+    return selectedFiles().value(0);
 }
 
 void FileDialog::OnlyChoose()
@@ -63,7 +75,7 @@ void FileDialog::OnlyChoose()
 
 void FileDialog::accept()
 {
-    const QString chosen = selectedFiles().value(0);
+    const QString chosen = Chosen();
     const bool leadsOn = use == Use::SaveFile && QFileInfo(chosen).isDir();
     if (Saves(use) && !leadsOn && Refuse(chosen)) return;
     QFileDialog::accept();

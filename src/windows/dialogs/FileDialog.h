@@ -31,6 +31,7 @@ protected:
     void accept() override;
 
 private:
+    QString Chosen() const;
     /// Takes away whatever could change a file.
     void OnlyChoose();
     void MakeFolder();

@@ -55,5 +55,7 @@ void CellPage::Place(QSize size, int columns, int rows)
     for (std::size_t index = 0; index < std::min(cells.size(), places.size()); ++index) {
         const CellPlace& place = places[index];
         cells[index]->setGeometry(place.x, place.y, place.width, place.height);
+        // One that is hidden hears of its size only as it shows.
+        cells[index]->LayoutChildren();
     }
 }
