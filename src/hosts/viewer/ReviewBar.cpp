@@ -18,6 +18,8 @@ QLabel* AddLabel(QStatusBar* bar)
 QString SavedText(const ViewerDocument& document)
 {
     if (document.HasUnsavedWork()) return QStringLiteral("未保存の検査があります");
+    if (document.History()->GetAccess() == InspectionHistory::Access::Look)
+        return QStringLiteral("見るだけ");
     return document.RecordPath().empty() ? QStringLiteral("検査は未着手")
                                          : QStringLiteral("検査状況は保存済み");
 }

@@ -46,7 +46,9 @@ ChoiceDialog::ChoiceDialog(const Choice& choice, QWidget* parent)
     QPushButton* const usual =
         buttons->button(choice.enterAccepts ? QDialogButtonBox::Ok : QDialogButtonBox::Cancel);
     usual->setDefault(true);
-    usual->setFocus();
+    // Where Enter accepts, the arrows choose first.
+    QWidget* const first = choice.enterAccepts ? options->button(0) : nullptr;
+    (first != nullptr ? first : usual)->setFocus();
     setMinimumWidth(480);
 }
 
