@@ -2,7 +2,9 @@
 // before work is lost.
 
 #include "hosts/viewer/FrameState.h"
+#include "hosts/viewer/RecentFacts.h"
 #include "platform/text/Cp932.h"
+#include "support/Labels.h"
 #include "support/Texts.h"
 #include "viewer/ShownFrame.h"
 
@@ -87,6 +89,12 @@ TEST(FrameFiles, OfferTheDeliveriesOpenedLast)
     EXPECT_TRUE(shown.IsOpen());
     EXPECT_THAT(Texts(FrameState::RecentDeliveries()),
                 ElementsAre(EndsWith("A&B"), EndsWith("delivery")));
+    PasteLabel(shown.Data(), 2, LabelNg1);
+    shown.Start();
+    const RecentFacts facts = ReadRecentFacts(shown.temp.Path("A&B"));
+    EXPECT_FALSE(facts.title.isEmpty());
+    EXPECT_THAT(FromQtText(RecentText(facts)), HasSubstr("未検査 7 / 8枚"));
+    EXPECT_EQ(RecentText(ReadRecentFacts("/ない")), QString());
 }
 
 TEST(FrameFiles, OpenWhatIsDropped)

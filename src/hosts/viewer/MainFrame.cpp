@@ -11,6 +11,7 @@
 #include "hosts/viewer/HistoryWatch.h"
 #include "hosts/viewer/NoPhotosPage.h"
 #include "hosts/viewer/NoticeStrip.h"
+#include "hosts/viewer/RecentFacts.h"
 #include "hosts/viewer/ReviewBar.h"
 #include "hosts/viewer/SlideShow.h"
 #include "hosts/viewer/StartPage.h"
@@ -216,6 +217,8 @@ void MainFrame::ConnectCommands()
     connect(photoPanel.get(), &ToviMpiPanel::ModeChanged, this, &MainFrame::ShowPage);
     connect(photoPanel.get(), &ToviMpiPanel::SelectionChanged, this,
             [this] { reviewBar->ShowSelected(photoPanel->CountSelected()); });
+    connect(startPage, &StartPage::SampleRequested, this, &MainFrame::OpenSample);
+    connect(&document, &ViewerDocument::Closing, this, [this] { KeepRecentFacts(document); });
     connect(startPage, &StartPage::DeliveryChosen, this, [this](const QString& folder) {
         MainFrame::OpenDelivery(FromQtText(folder), std::nullopt);
     });
@@ -300,7 +303,8 @@ void MainFrame::SaveState()
     // The show has put windows away that come back.
     if (slideShow->IsOn()) return;
     FrameState::WriteBytes("Geometry", saveGeometry());
-    FrameState::WriteBytes("Docks", saveState(frameStateVersion));
+    FrameState::WriteBytes("Docks",
+                           docksAside.isEmpty() ? saveState(frameStateVersion) : docksAside);
 }
 
 void MainFrame::SwitchTree(int tab)
@@ -349,6 +353,21 @@ void MainFrame::Refresh()
     setWindowModified(document.HasUnsavedWork());
 }
 
+/// Beside the start page there is nothing for them to show.
+void MainFrame::ShowDocks(bool show)
+{
+    if (show == docksAside.isEmpty()) return;
+    const QList<QDockWidget*> docks =
+        findChildren<QDockWidget*>(QString(), Qt::FindDirectChildrenOnly);
+    if (show) {
+        restoreState(std::exchange(docksAside, QByteArray()), frameStateVersion);
+    } else {
+        docksAside = saveState(frameStateVersion);
+        for (QDockWidget* dock : docks) dock->hide();
+    }
+    for (QDockWidget* dock : docks) dock->toggleViewAction()->setEnabled(show);
+}
+
 void MainFrame::ShowCentre()
 {
     const bool isOpen = document.Data() != nullptr;
@@ -356,6 +375,7 @@ void MainFrame::ShowCentre()
     actions.EnableForDelivery(isOpen);
     if (isOpen) actions.ShowLabelNames(*document.Data()->GetLabelManager());
     if (isEmpty) actions.DisableForPhotos();
+    ShowDocks(isOpen);
     treeDock->setEnabled(isOpen);
     treePages->setCurrentIndex(isOpen ? 0 : 1);
     QWidget* photos = photoPanel.get();
@@ -416,7 +436,9 @@ void MainFrame::FillRecent()
     recentMenu->clear();
     recentMenu->setEnabled(!folders.IsEmpty());
     for (const CString& folder : folders) {
-        QString text = QtText(folder);
+        const QString title = ReadRecentFacts(folder).title;
+        QString text =
+            title.isEmpty() ? QtText(folder) : title + QStringLiteral(" — ") + QtText(folder);
         recentMenu->addAction(text.replace(QLatin1Char('&'), QStringLiteral("&&")), this,
                               [this, folder] { OpenDelivery(folder, std::nullopt); });
     }

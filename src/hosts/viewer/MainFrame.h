@@ -81,6 +81,8 @@ private:
 
     void ConnectOutputs();
     void ChooseDiscs();
+    /// Makes the sample to try, if need be, and opens it.
+    void OpenSample();
     void WriteReport();
     void SavePhoto();
     void SaveShownPhotos();
@@ -117,6 +119,7 @@ private:
     void ShowSettings();
     void ShowPage();
     void ShowCentre();
+    void ShowDocks(bool show);
     void FillRecent();
 
     ViewerDocument document;
@@ -133,6 +136,8 @@ private:
     std::unique_ptr<ToviMpiPanel> photoPanel;
     std::unique_ptr<ToviFolderTreePanel> folderTree;
     std::unique_ptr<ToviLabelTreePanel> labelTree;
+    /// The docks of an open delivery, while none is and they are out of sight.
+    QByteArray docksAside;
     FrameExtraction* extraction = nullptr;
     FrameKeys* keys = nullptr;
     FrameLabels* labels = nullptr;

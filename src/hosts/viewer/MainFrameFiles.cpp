@@ -5,6 +5,8 @@
 #include "hosts/viewer/FrameSession.h"
 #include "hosts/viewer/FrameState.h"
 #include "hosts/viewer/MainFrame.h"
+#include "hosts/viewer/RecentFacts.h"
+#include "hosts/viewer/SampleDelivery.h"
 #include "hosts/viewer/SlideShow.h"
 #include "hosts/viewer/StartPage.h"
 #include "inspection/RecordProblems.h"
@@ -17,6 +19,7 @@
 #include "windows/page/ToviMpiPanel.h"
 #include "windows/trees/ToviFolderTreePanel.h"
 
+#include <QGuiApplication>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTabWidget>
@@ -24,6 +27,15 @@
 namespace
 {
 constexpr const char* recordFolderEntry = "RecordFolder";
+
+/// Shows that the program is at work.
+struct WaitCursor
+{
+    WaitCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+    WaitCursor(const WaitCursor&) = delete;
+    WaitCursor& operator=(const WaitCursor&) = delete;
+    ~WaitCursor() { QGuiApplication::restoreOverrideCursor(); }
+};
 
 QStringList RecordFilters()
 {
@@ -38,13 +50,27 @@ bool MainFrame::OpenDelivery(const CString& path, std::optional<PhotoXMLType> fa
     if (!AskToSave() || !ChooseAmongDeliveries(chosen)) return false;
     slideShow->End();
     if (!ShowOpened(document.Open(chosen, family, record))) return false;
-    CString folder = MibAbsolutePath(document.Folder());
-    while (folder.size() > 1 && folder.ends_with('/')) folder.pop_back();
+    const CString folder = RecentFolder(document);
     FrameState::AddRecentDelivery(folder);
+    KeepRecentFacts(document);
     FrameState::SetOpenDelivery(folder);
     FrameState::SetLastFolder(FrameState::deliveryFolder, FolderOfFile(folder));
     FillRecent();
     return true;
+}
+
+void MainFrame::OpenSample()
+{
+    const CString folder = [] {
+        const WaitCursor wait;
+        return SampleDelivery::Make();
+    }();
+    if (folder.empty()) {
+        startPage->ShowProblem(
+            "見本の納品データを作れませんでした。ホームフォルダの空き容量を確かめてください。");
+    } else {
+        OpenDelivery(folder, std::nullopt);
+    }
 }
 
 void MainFrame::OpenLast()
@@ -149,6 +175,7 @@ void MainFrame::CloseDelivery()
     document.Close();
     FrameState::SetOpenDelivery({});
     Refresh();
+    FillRecent();
 }
 
 bool MainFrame::AskToSave()

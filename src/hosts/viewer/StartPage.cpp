@@ -1,12 +1,15 @@
 #include "hosts/viewer/StartPage.h"
 
 #include "hosts/viewer/FrameState.h"
+#include "hosts/viewer/RecentFacts.h"
+#include "hosts/viewer/SampleDelivery.h"
 #include "platform/controls/ToolTipText.h"
 #include "platform/text/QtText.h"
 #include "windows/pictures/Pictures.h"
 
 #include <QAction>
 #include <QCheckBox>
+#include <QCommandLinkButton>
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollArea>
@@ -17,6 +20,7 @@ namespace
 constexpr int contentWidth = 560;
 constexpr int buttonHeight = 40;
 constexpr int headPicture = 48;
+constexpr QSize pictureSize(80, 60);
 
 QLabel* Line(const QString& text)
 {
@@ -69,7 +73,17 @@ StartPage::StartPage(QAction* open)
     button->setMinimumHeight(buttonHeight);
     button->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
     connect(button, &QPushButton::clicked, open, &QAction::trigger);
-    column->addWidget(button);
+    auto* const buttons = new QHBoxLayout;
+    buttons->addWidget(button);
+    if (SampleDelivery::CanBeMade()) {
+        auto* const sample = new QPushButton(QStringLiteral("見本で試す"));
+        sample->setMinimumHeight(buttonHeight);
+        sample->setToolTip(QStringLiteral("見本の納品データを作って開きます。"));
+        connect(sample, &QPushButton::clicked, this, &StartPage::SampleRequested);
+        buttons->addWidget(sample);
+    }
+    buttons->addStretch(1);
+    column->addLayout(buttons);
     column->addSpacing(16);
     recentTitle->hide();
     column->addWidget(recentTitle);
@@ -111,15 +125,25 @@ void StartPage::ShowRecent(const CStringArray& folders)
     recentTitle->setVisible(!folders.IsEmpty());
     opensLast->setVisible(!folders.IsEmpty());
     opensLast->setChecked(FrameState::OpensLast());
-    for (const CString& folder : folders) {
-        const QString path = QtText(folder);
-        QString text = fontMetrics().elidedText(path, Qt::ElideMiddle, contentWidth - 60);
-        auto* button = new QPushButton(text.replace(QLatin1Char('&'), QStringLiteral("&&")));
-        button->setFlat(true);
-        button->setToolTip(ToolTipText(folder));
-        button->setAccessibleName(path);
-        button->setStyleSheet(QStringLiteral("text-align: left; padding: 4px;"));
-        connect(button, &QPushButton::clicked, this, [this, path] { emit DeliveryChosen(path); });
-        recent->addWidget(button);
-    }
+    for (const CString& folder : folders) recent->addWidget(MakeRecent(folder));
+}
+
+QPushButton* StartPage::MakeRecent(const CString& folder)
+{
+    const QString path = QtText(folder);
+    const RecentFacts facts = ReadRecentFacts(folder);
+    const QString shown = fontMetrics().elidedText(path, Qt::ElideMiddle, contentWidth - 160);
+    QString title = facts.title.isEmpty() ? shown : facts.title;
+    auto* const button =
+        new QCommandLinkButton(title.replace(QLatin1Char('&'), QStringLiteral("&&")));
+    const QString rest = RecentText(facts);
+    if (!rest.isEmpty()) button->setDescription(shown + QLatin1Char('\n') + rest);
+    button->setIcon(facts.picture.isNull() ? PictureIcon("open")
+                                           : QIcon(QPixmap::fromImage(facts.picture)));
+    button->setIconSize(pictureSize);
+    button->setToolTip(ToolTipText(folder));
+    button->setAccessibleName(path);
+    button->setAccessibleDescription(facts.title + QLatin1Char(' ') + rest);
+    connect(button, &QPushButton::clicked, this, [this, path] { emit DeliveryChosen(path); });
+    return button;
 }

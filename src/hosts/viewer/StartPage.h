@@ -6,6 +6,7 @@
 
 class QCheckBox;
 class QLabel;
+class QPushButton;
 class QVBoxLayout;
 
 /// What stands in the place of the photographs while no delivery is open: what to do, the
@@ -26,7 +27,13 @@ signals:
     /// The user has chosen one of the deliveries opened last.
     void DeliveryChosen(const QString& folder);
 
+    /// The user wants to try a sample.
+    void SampleRequested();
+
 private:
+    /// The button of a delivery that was open, with what is known of it.
+    QPushButton* MakeRecent(const CString& folder);
+
     QLabel* problem;
     QLabel* recentTitle;
     QVBoxLayout* recent;
