@@ -11,11 +11,11 @@ TEST(ThumbnailTile, MarksAPhotographWithASingleDrawing)
     ToviPhoto& photo = sample.Photo(0);
     ASSERT_EQ(photo.GetPictureCount(), 1);
     const ThumbnailTile tile;
-    const QImage marked = tile.CreateThumbImage(photo, nullptr, 1);
+    const QImage marked = tile.CreateThumbImage(photo, nullptr, {}, 1);
     for (ToviItem& item : photo.GetItems()) {
         if (item.GetDefIndex() == sample.DefIndex("参考図ファイル名")) item.SetValue("");
     }
     photo.MakePath();
-    EXPECT_NE(tile.CreateThumbImage(photo, nullptr, 1), marked);
+    EXPECT_NE(tile.CreateThumbImage(photo, nullptr, {}, 1), marked);
 }
 } // namespace

@@ -9,6 +9,8 @@
 #include <QImageWriter>
 #include <QPainter>
 
+#include <random>
+
 namespace
 {
 using namespace ZoomRules;
@@ -90,6 +92,21 @@ TEST(ZoomRules, TurnAndLighten)
     EXPECT_EQ(BrightnessCurve(-600)[77], 77);
 }
 
+/// The bytes of a JPEG file with the picture \p image, whose Exif data want it turned.
+std::string JpegOf(const QImage& image, QImageIOHandler::Transformations orientation)
+{
+    QBuffer buffer;
+    QImageWriter writer(&buffer, "jpeg");
+    writer.setQuality(95);
+    EXPECT_TRUE(writer.write(image));
+    constexpr char codes[] = {1, 2, 4, 3, 6, 7, 5, 8};
+    std::string exif("\xFF\xE1\0\x22"
+                     "Exif\0\0II*\0\x08\0\0\0\x01\0\x12\x01\x03\0\x01\0\0\0?\0\0\0\0\0\0\0",
+                     36);
+    exif[28] = codes[orientation.toInt()];
+    return buffer.data().toStdString().insert(2, exif);
+}
+
 /// A JPEG file of four fields, red, green, blue and white from the upper left as it is looked at.
 std::string Fields(QSize shown, QImageIOHandler::Transformations orientation)
 {
@@ -106,12 +123,7 @@ std::string Fields(QSize shown, QImageIOHandler::Transformations orientation)
     if (isTurned) image = image.transformed(QTransform().rotate(-90));
     image = image.mirrored(orientation & QImageIOHandler::TransformationMirror,
                            orientation & QImageIOHandler::TransformationFlip);
-    QBuffer buffer;
-    QImageWriter writer(&buffer, "jpeg");
-    writer.setQuality(95);
-    writer.setTransformation(orientation);
-    EXPECT_TRUE(writer.write(image));
-    return buffer.data().toStdString();
+    return JpegOf(image, orientation);
 }
 
 CString ColorIn(const QImage& image, QPoint place)
@@ -143,6 +155,44 @@ TEST(ImageSource, ReadsAPartAsItIsLookedAt)
         EXPECT_EQ(at(800, 278), "g") << orientation;
         EXPECT_EQ(at(465, 450), "b") << orientation;
         EXPECT_EQ(at(800, 450), "rgb") << orientation;
+    }
+}
+
+/// A JPEG file of a picture in which no two places look the same.
+std::string Grain(QImageIOHandler::Transformation orientation)
+{
+    QImage image(400, 300, QImage::Format_RGB32);
+    std::minstd_rand random;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            image.setPixel(x, y, qRgb(static_cast<int>(random() % 256), 80, 80));
+        }
+    }
+    return JpegOf(image, orientation);
+}
+
+TEST(ImageSource, ShowsWhatIsThereOfAPictureThatWasCutOff)
+{
+    using enum QImageIOHandler::Transformation;
+    for (const auto turned : {TransformationNone, TransformationRotate180}) {
+        const std::string bytes = Grain(turned);
+        const QImage whole = ImageSource(bytes).Read({});
+        const ImageSource cut(bytes.substr(0, bytes.size() / 2));
+        EXPECT_EQ(cut.Fault(), PictureFault::Cut);
+        EXPECT_TRUE(cut.Read({}).isNull()) << "for those who don't ask for less";
+        const QImage there = cut.ReadCut({});
+        ASSERT_EQ(there.size(), whole.size());
+        const QRect upper(0, 0, 400, 110);
+        const QRect lower(0, 190, 400, 110);
+        const bool isUpright = turned == TransformationNone;
+        const QRect good = isUpright ? upper : lower;
+        EXPECT_EQ(there.copy(good), whole.convertToFormat(there.format()).copy(good));
+        const QImage missing = there.copy(isUpright ? lower : upper);
+        EXPECT_TRUE(
+            missing.convertToFormat(QImage::Format_Grayscale8).convertToFormat(missing.format()) ==
+            missing)
+            << "a pattern of greys";
+        EXPECT_EQ(cut.ReadCut({100, 100}).size(), QSize(100, 75));
     }
 }
 } // namespace

@@ -2,6 +2,7 @@
 #include "photos/ToviPhoto.h"
 #include "platform/controls/LumImgWnd.h"
 #include "platform/controls/WenToolBarCtrl.h"
+#include "platform/files/MibFile.h"
 #include "review/SlideMode.h"
 #include "support/Texts.h"
 #include "windows/cell/ToviLabelButton.h"
@@ -9,10 +10,12 @@
 #include "windows/zoom/ToviMultiDlg.h"
 #include "windows/zoom/ZoomView.h"
 
+#include <QLabel>
 #include <QSlider>
 #include <QTabWidget>
 
 #include <filesystem>
+#include <fstream>
 
 namespace
 {
@@ -216,22 +219,43 @@ TEST(Zoom, ShowsThePlaceAgainOnTheNextPhotograph)
     EXPECT_EQ(picture.View().Zoom(), 1);
 }
 
-TEST(Zoom, TellsWhatCannotBeShownAndKeepsWhatIsKnown)
+TEST(Zoom, TellsWhatCannotBeShownAndWhy)
 {
-    Zoomed shown(5, Setting::DivideThumbnails);
-    std::filesystem::remove(shown.Photo(1).GetImagePath());
-    const CString cut = shown.Photo(2).GetImagePath();
-    std::filesystem::resize_file(cut, std::filesystem::file_size(cut) - 500);
-    for (const int position : {1, 2}) {
+    Zoomed shown(7, Setting::DivideThumbnails);
+    const auto fileOf = [&](int position) -> CString {
+        return shown.Photo(position).GetImagePath();
+    };
+    std::filesystem::remove(fileOf(1));
+    std::ofstream(fileOf(2)) << "BM and no bitmap behind it, however long it is read";
+    std::ofstream(fileOf(3)) << "no picture";
+    std::filesystem::remove(fileOf(4));
+    std::filesystem::create_symlink("/etc/hostname", fileOf(4));
+    const CString cut = fileOf(5);
+    std::filesystem::resize_file(cut, std::filesystem::file_size(cut) * 2 / 3);
+    const struct
+    {
+        int position;
+        const char* reason;
+    } cases[] = {{1, "ファイルがありません"},
+                 {2, "ファイルが壊れています"},
+                 {3, "写真のファイルではありません"},
+                 {4, "納品フォルダーの外です"}};
+    for (const auto& test : cases) {
+        shown.Open(test.position);
+        ToviMultiDlg& window = shown.At(0);
+        ASSERT_TRUE(Zoomed::WaitFor(window));
+        EXPECT_TRUE(window.View().HasFailed());
+        EXPECT_FALSE(window.windowTitle().isEmpty());
+        const auto* plate = qobject_cast<QLabel*>(window.View().currentWidget());
+        ASSERT_NE(plate, nullptr) << test.reason;
+        EXPECT_TRUE(plate->text().endsWith(QtText(test.reason))) << FromQtText(plate->text());
+        EXPECT_TRUE(plate->text().contains(QtText(MibGetFileName(fileOf(test.position)))));
+    }
+    for (const int position : {5, 6}) {
         shown.Open(position);
         ASSERT_TRUE(Zoomed::WaitFor(shown.At(0)));
-        EXPECT_TRUE(shown.At(0).View().HasFailed()) << position;
-        EXPECT_FALSE(shown.At(0).windowTitle().isEmpty());
-        EXPECT_EQ(shown.At(0).GetPhotoIndex(), shown.data->GetIndexPhotoArray(position));
+        EXPECT_TRUE(shown.At(0).View().HasPicture()) << position;
     }
-    shown.Open(3);
-    ASSERT_TRUE(Zoomed::WaitFor(shown.At(0)));
-    EXPECT_FALSE(shown.At(0).View().HasFailed());
 }
 
 TEST(Zoom, DropsWhatIsNoLongerWanted)

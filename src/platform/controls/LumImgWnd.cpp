@@ -56,6 +56,7 @@ void LumImgWnd::SetImage(const LumImage* image)
 void LumImgWnd::SetImages(ReducedImages newImages, bool keepsView)
 {
     ExecClearAnchor();
+    mark.clear();
     images = std::move(newImages);
     part = ReducedImages();
     view.SetWindow(DeviceSize());
@@ -103,6 +104,11 @@ void LumImgWnd::RefreshImages(ReducedImages newImages)
 void LumImgWnd::SetNote(const QString& text)
 {
     if (std::exchange(note, text) != text && images.IsNull()) ShowView();
+}
+
+void LumImgWnd::SetMark(const QString& text)
+{
+    if (std::exchange(mark, text) != text) update();
 }
 
 void LumImgWnd::SetDisableImage()
@@ -162,6 +168,15 @@ void LumImgWnd::paintEvent(QPaintEvent*)
     QPainter painter(this);
     painter.fillRect(rect(), palette().color(hasFocus() ? QPalette::Highlight : backgroundRole()));
     painter.drawImage(Inside().topLeft(), drawn);
+    if (!mark.isEmpty() && IsEnableImage()) DrawMark(painter);
+}
+
+void LumImgWnd::DrawMark(QPainter& painter) const
+{
+    const QRect line = Inside().adjusted(0, Inside().height() - fontMetrics().height() - 4, 0, 0);
+    painter.fillRect(line, palette().color(QPalette::ToolTipBase));
+    painter.setPen(palette().color(QPalette::ToolTipText));
+    painter.drawText(line, Qt::AlignCenter, mark);
 }
 
 void LumImgWnd::resizeEvent(QResizeEvent*)

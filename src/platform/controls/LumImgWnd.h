@@ -45,6 +45,9 @@ public:
     void SetDisableImage();
     /// What stands in the window while there is no picture; nothing at first.
     void SetNote(const QString& text);
+    /// What is told of the picture on show, at its foot, until there is another one; empty for
+    /// nothing.
+    void SetMark(const QString& text);
     /// True while a picture is on show.
     bool IsEnableImage() const { return !images.IsNull(); }
 
@@ -101,9 +104,11 @@ private:
     void ShowView();
     QImage Drawn();
     void DrawPart(QPainter& painter, const QRect& window);
+    void DrawMark(QPainter& painter) const;
 
     ReducedImages images;
     QString note;
+    QString mark;
     ReducedImages part;
     QRect partPlace;
     std::optional<ToneCurve> tones;

@@ -74,6 +74,14 @@ QSize WithinUnknown(const PictureBounds& bounds)
     if (bounds.longestSide > 0) return {bounds.longestSide, bounds.longestSide};
     return bounds.mostPixels > 0 ? WithPixels({1, 1}, bounds.mostPixels) : QSize();
 }
+
+/// What can't be decoded though nothing speaks against it is damaged.
+FilePicture Judged(QImage image, const QSize& wholeSize, PictureFault fault)
+{
+    const bool isWhole = fault == PictureFault::None || fault == PictureFault::Cut;
+    if (image.isNull() && isWhole) fault = PictureFault::Damaged;
+    return {std::move(image), wholeSize, fault};
+}
 } // namespace
 
 std::optional<QSize> ReadImageSize(const CString& path)
@@ -98,15 +106,18 @@ FilePicture ReadPicture(const CString& path, const PictureBounds& bounds)
 {
     if (IsSvg(path)) {
         const QImage drawn = ReadSvgImage(path, WithinUnknown(bounds));
-        return {drawn, drawn.size()};
+        return Judged(drawn, drawn.size(), PictureFault::None);
     }
     const ImageSource source = ImageSource::FromFile(path);
-    return {source.Read(Within(source.Size(), bounds)), source.Size()};
+    const QSize within = Within(source.Size(), bounds);
+    const bool isCut = source.Fault() == PictureFault::Cut;
+    return Judged(isCut ? source.ReadCut(within) : source.Read(within), source.Size(),
+                  source.Fault());
 }
 
 FilePicture ReducePicture(const QImage& whole, const PictureBounds& bounds)
 {
-    return {Reduced(whole, Within(whole.size(), bounds)), whole.size()};
+    return Judged(Reduced(whole, Within(whole.size(), bounds)), whole.size(), PictureFault::None);
 }
 
 QImage ReadSvgImage(const CString& path, const QSize& within)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/pictures/PictureFault.h"
 #include "platform/text/Text.h"
 
 #include <QImage>
@@ -33,9 +34,11 @@ struct FilePicture
     /// Null when it can't be decoded.
     QImage image;
     QSize wholeSize;
+    PictureFault fault = PictureFault::None;
 };
 
-/// The same within \p bounds.
+/// The same within \p bounds; of a picture that was cut off what is there (see
+/// ImageSource::ReadCut).
 FilePicture ReadPicture(const CString& path, const PictureBounds& bounds);
 
 /// \p whole within \p bounds.

@@ -2,9 +2,11 @@
 
 #include "platform/files/MibFile.h"
 #include "platform/pictures/ImageDecoding.h"
+#include "platform/pictures/JpegRows.h"
 
 #include <QBuffer>
 #include <QImageReader>
+#include <QPainter>
 #include <QTransform>
 
 namespace
@@ -86,21 +88,33 @@ QImage Reduced(const QImage& image, const QSize& within)
 
 ImageSource ImageSource::FromFile(const CString& path)
 {
-    return ImageSource(MibReadFile(path, largestFile).value_or(std::string()));
+    std::optional<std::string> content = MibReadFile(path, largestFile);
+    ImageSource source(content ? std::move(*content) : std::string());
+    if (!content) source.fault = PictureFault::Unreadable;
+    return source;
 }
 
 ImageSource::ImageSource(std::string content) : bytes(std::move(content))
 {
+    fault = Judge();
+}
+
+PictureFault ImageSource::Judge()
+{
     const BytesReader opened(bytes);
-    if (!IsLetIn(opened.reader)) return;
+    if (bytes.empty()) return PictureFault::Damaged;
+    if (!IsLetIn(opened.reader)) return PictureFault::NoPicture;
     isJpeg = opened.reader.format() == "jpeg";
     const QSize shown = opened.ShownSize();
-    if (PixelsOf(shown) <= mostPixels && (!isJpeg || IsCompleteJpeg(bytes))) size = shown;
+    if (shown.isEmpty()) return PictureFault::Damaged;
+    if (PixelsOf(shown) > mostPixels) return PictureFault::TooLarge;
+    size = shown;
+    return isJpeg && !IsCompleteJpeg(bytes) ? PictureFault::Cut : PictureFault::None;
 }
 
 QImage ImageSource::Read(const QSize& within, qint64 pixelLimit) const
 {
-    if (size.isEmpty()) return {};
+    if (fault != PictureFault::None) return {};
     const QSize wanted = Reduced(size, within);
     // Only JPEG is decoded at a reduced size; every other format is decoded whole first.
     if (PixelsOf(isJpeg ? wanted : size) > pixelLimit) return {};
@@ -109,10 +123,34 @@ QImage ImageSource::Read(const QSize& within, qint64 pixelLimit) const
     return Reduced(opened.reader.read(), within);
 }
 
+QImage ImageSource::ReadCut(const QSize& within) const
+{
+    const int rows = fault == PictureFault::Cut ? CountJpegRows(bytes) : 0;
+    if (rows == 0) return {};
+    const BytesReader opened(bytes);
+    QRect part =
+        opened.ToShown().mapRect(QRectF(0, 0, opened.reader.size().width(), rows)).toRect();
+    const QSize wanted = Reduced(size, within);
+    const double scale = static_cast<double>(wanted.width()) / size.width();
+    const QImage there = DecodePart(part, (QSizeF(part.size()) * scale).toSize());
+    QImage image(wanted, QImage::Format_RGB32);
+    if (there.isNull() || image.isNull()) return {};
+    image.fill(QColor(160, 160, 160));
+    QPainter painter(&image);
+    painter.fillRect(image.rect(), QBrush(Qt::darkGray, Qt::BDiagPattern));
+    painter.drawImage((QPointF(part.topLeft()) * scale).toPoint(), there);
+    return image;
+}
+
 QImage ImageSource::ReadPart(QRect& part, const QSize& within) const
 {
-    if (size.isEmpty()) return {};
+    if (fault != PictureFault::None) return {};
     if (!isJpeg) return Reduced(Read(QSize()).copy(part &= QRect({0, 0}, size)), within);
+    return DecodePart(part, within);
+}
+
+QImage ImageSource::DecodePart(QRect& part, const QSize& within) const
+{
     BytesReader opened(bytes);
     const QTransform toShown = opened.ToShown();
     const QRect stored = OnBlocks(toShown.inverted().mapRect(QRectF(part)).toRect())

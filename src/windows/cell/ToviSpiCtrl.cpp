@@ -16,6 +16,7 @@
 #include "windows/cell/ToviSpiListCtrl.h"
 #include "windows/loader/FileLoader.h"
 #include "windows/loader/PhotoWishes.h"
+#include "windows/pictures/FaultText.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -37,7 +38,6 @@ constexpr auto loadDelay = 100ms;
 constexpr auto noteDelay = 500ms;
 constexpr int valuePaneHeight = 75;
 constexpr int smallestPaneHeight = 40;
-constexpr QColor failColor(230, 255, 230);
 
 /// Shows \p shown where \p hidden stood. The focus stays in this place: left to itself, Qt would
 /// move it on to some other cell.
@@ -115,12 +115,13 @@ void ToviSpiCtrl::CreatePicture()
     LumImgWnd::m_zoomIsViewport = true;
     SetWindowId(imageWnd, idImage);
 
-    failPlate = new QLabel(QStringLiteral("表示できません"), this);
+    failPlate = new QLabel(this);
+    failPlate->setWordWrap(true);
     failPlate->setAlignment(Qt::AlignCenter);
     failPlate->setFocusPolicy(Qt::StrongFocus);
     failPlate->setAutoFillBackground(true);
     QPalette colors = failPlate->palette();
-    colors.setColor(QPalette::Window, failColor);
+    colors.setColor(QPalette::Window, faultColor);
     colors.setColor(QPalette::WindowText, Qt::black);
     failPlate->setPalette(colors);
     SetWindowId(failPlate, idFailPlate);
@@ -264,7 +265,7 @@ void ToviSpiCtrl::ShowPicture(ToviPhoto& photo)
     FileLoader& loader = FileLoader::Ours();
     const PhotoWishes wishes(*data);
     if (const auto full = loader.InHand<LoadedPicture>(wishes.Full(photo).key)) {
-        if (full->IsWhole()) photo.TakeImage(full->image);
+        if (full->IsWhole() && full->Fault() == PictureFault::None) photo.TakeImage(full->image);
         fullShown = true;
         ShowFetched(full);
         return;
@@ -297,6 +298,8 @@ void ToviSpiCtrl::ShowFetched(const std::shared_ptr<const LoadedPicture>& pictur
     }
     shown = picture;
     if (picture != nullptr) {
+        imageWnd->SetMark(FaultReason(picture->Fault()));
+        failPlate->setText(FaultText(picture->Fault(), ShownPhoto()->GetImagePath()));
         noteTimer.stop();
     } else if (!noteTimer.isActive()) {
         noteTimer.start(noteDelay);

@@ -5,6 +5,7 @@
 #include "items/ToviItemDef.h"
 #include "review/LabelCaption.h"
 #include "windows/loader/FileLoader.h"
+#include "windows/pictures/FaultText.h"
 
 #include <algorithm>
 
@@ -15,6 +16,13 @@ CString ItemText(ToviData& document, ToviPhoto& photo, const ToviItemShowSetting
     if (item.infoType != InfoDelivery) return ShownFact(document, photo, item);
     const CString text = photo.GetTitle(item.index);
     return item.title == "撮影年月日" ? ReplaceAll(text, "-", "/") : text;
+}
+
+/// What is written on the tile of \p photo; empty when nothing is wrong with its picture.
+QString FailureOf(const LoadedPicture& picture, ToviPhoto& photo)
+{
+    const PictureFault fault = picture.Fault();
+    return picture.ok ? FaultReason(fault) : FaultText(fault, photo.GetImagePath());
 }
 
 /// The \p count rows from \p first on, as far as they are among \p all.
@@ -167,8 +175,9 @@ ListTile PhotoListContent::Tile(int row, double scale)
     const bool isChecked = TakeCheckInHand(*data, *photo);
     const auto picture =
         FileLoader::Ours().InHand<LoadedPicture>(PhotoWishes(*data).Thumb(*photo).key);
-    const LumImage* const image = picture ? &picture->image : nullptr;
-    return {tiles.CreateThumbImage(*photo, image, scale), isChecked && image != nullptr};
+    if (!picture) return {tiles.CreateThumbImage(*photo, nullptr, {}, scale), false};
+    return {tiles.CreateThumbImage(*photo, &picture->image, FailureOf(*picture, *photo), scale),
+            isChecked};
 }
 
 void PhotoListContent::ShowRows(const RowRange& rows, bool withTiles)

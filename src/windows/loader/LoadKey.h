@@ -53,6 +53,14 @@ struct std::hash<LoadKey>
     }
 };
 
+enum class FileState
+{
+    Missing,
+    /// It is there and isn't one that may be read.
+    Outside,
+    Readable
+};
+
 /// What has been read.
 struct Loaded
 {
@@ -60,8 +68,7 @@ struct Loaded
 
     /// False when the file couldn't be read, or isn't what it should be.
     bool ok = false;
-    /// There is a file that may be read.
-    bool isThere = false;
+    FileState file = FileState::Missing;
     /// The room that it takes.
     std::size_t bytes = 0;
     /// Tells this state of the file from all others.

@@ -3,6 +3,7 @@
 #include "photos/DeliveryFiles.h"
 #include "photos/TamperCheck.h"
 #include "platform/files/Digest.h"
+#include "platform/files/MibFile.h"
 #include "platform/pictures/ImageFile.h"
 #include "platform/pictures/ImageSource.h"
 #include "platform/pictures/LumPicture.h"
@@ -25,19 +26,26 @@ LoadedPtr ReadFile(const DeliveryFiles& files, const CString& path, const CStrin
     const CString stamp = file.empty() ? CString() : FileDigest(file);
     if (!known.empty() && known == stamp) return nullptr;
     const auto made = std::make_shared<What>();
-    made->isThere = !file.empty();
+    if (!file.empty()) {
+        made->file = FileState::Readable;
+    } else if (MibIsFileExist(path)) {
+        made->file = FileState::Outside;
+    }
     made->stamp = stamp;
     made->bytes = bytesOfFacts;
     try {
         if (!file.empty()) read(file, *made);
         return made;
     } catch (const std::bad_alloc&) {
-        return std::make_shared<What>();
+        const auto failed = std::make_shared<What>();
+        failed->file = FileState::Readable;
+        return failed;
     }
 }
 
 void Take(const FilePicture& from, LoadedPicture& to)
 {
+    to.faultInside = from.fault;
     if (from.image.isNull()) return;
     to.ok = true;
     to.wholeSize = from.wholeSize;
@@ -57,6 +65,20 @@ FilePicture ReadSheet(const CString& path, int sheet, qint64 mostPixels)
     return ReducePicture(whole, {.mostPixels = mostPixels});
 }
 } // namespace
+
+PictureFault LoadedPicture::Fault() const
+{
+    switch (file) {
+    case FileState::Missing:
+        return PictureFault::Missing;
+    case FileState::Outside:
+        return PictureFault::Outside;
+    case FileState::Readable:
+        break;
+    }
+    const bool isUnknown = !ok && faultInside == PictureFault::None;
+    return isUnknown ? PictureFault::TooLarge : faultInside;
+}
 
 LoadedPtr LoadPicture(const DeliveryFiles& files, const CString& path, const PictureBounds& bounds,
                       const CString& known)

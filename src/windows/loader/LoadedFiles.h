@@ -2,6 +2,7 @@
 
 #include "imagefacts/PhotoFacts.h"
 #include "photos/ToviPhoto.h"
+#include "platform/pictures/PictureFault.h"
 #include "platform/pictures/ReducedImages.h"
 #include "windows/loader/LoadKey.h"
 
@@ -19,7 +20,11 @@ struct LoadedPicture : Loaded
     ReducedImages images;
     /// Of the picture in the file.
     QSize wholeSize;
+    /// As the file says, where it may be read.
+    PictureFault faultInside = PictureFault::None;
 
+    /// Why it can't be shown, or not whole.
+    PictureFault Fault() const;
     /// It isn't reduced.
     bool IsWhole() const { return wholeSize == QSize(image.GetWidth(), image.GetHeight()); }
 };

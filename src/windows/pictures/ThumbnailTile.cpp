@@ -2,6 +2,7 @@
 
 #include "platform/host/JapaneseFont.h"
 #include "platform/pictures/LumPicture.h"
+#include "windows/pictures/FaultText.h"
 #include "windows/pictures/Pictures.h"
 
 #include <QPainter>
@@ -16,7 +17,6 @@ constexpr int overlays = 816;
 constexpr std::size_t drawingIcon = labelCount;
 constexpr std::size_t unalteredIcon = labelCount + 1;
 constexpr std::size_t alteredIcon = labelCount + 2;
-constexpr QRgb failColor = qRgb(230, 255, 230);
 constexpr int failTextPixels = 11;
 /// The side of the square for the photograph, in the middle of the tile.
 constexpr int photoSide = 130;
@@ -50,7 +50,7 @@ QSize ThumbnailTile::Size()
 }
 
 QImage ThumbnailTile::CreateThumbImage(const ToviPhoto& photo, const LumImage* image,
-                                       double scale) const
+                                       const QString& failure, double scale) const
 {
     QImage tile = PicturePixmap(PicturesOf(sheet).front(), Size(), scale)
                       .toImage()
@@ -58,9 +58,10 @@ QImage ThumbnailTile::CreateThumbImage(const ToviPhoto& photo, const LumImage* i
     if (tile.isNull()) return tile;
     tile.setDevicePixelRatio(scale);
     QPainter painter(&tile);
-    if (image != nullptr && !image->IsValid()) DrawFailure(painter);
     const bool hasPicture = image != nullptr && image->IsValid();
-    if (!hasPicture || DrawPhoto(painter, *image, scale)) AddInfoBmp(painter, photo);
+    const bool isSeen = hasPicture && DrawPhoto(painter, *image, scale);
+    if (image != nullptr) DrawFailure(painter, failure, hasPicture);
+    if (!hasPicture || isSeen) AddInfoBmp(painter, photo);
     return tile;
 }
 
@@ -76,16 +77,18 @@ bool ThumbnailTile::DrawPhoto(QPainter& painter, const LumImage& image, double s
     return true;
 }
 
-void ThumbnailTile::DrawFailure(QPainter& painter) const
+/// On a picture in a line at its foot.
+void ThumbnailTile::DrawFailure(QPainter& painter, const QString& failure, bool onPicture) const
 {
-    const QRect square = Centred({photoSide, photoSide});
-    painter.fillRect(square, QColor(failColor));
+    if (failure.isEmpty()) return;
+    QRect place = Centred({photoSide, photoSide});
+    if (onPicture) place.setTop(place.bottom() - failTextPixels - 3);
+    painter.fillRect(place, faultColor);
     QFont font(QStringList{QStringLiteral("ＭＳ 明朝"), JapaneseFamily()});
     font.setPixelSize(failTextPixels);
     painter.setFont(font);
     painter.setPen(Qt::black);
-    painter.drawText(square, Qt::AlignCenter | Qt::TextSingleLine,
-                     QStringLiteral("表示できません"));
+    painter.drawText(place, Qt::AlignCenter | Qt::TextWrapAnywhere, failure);
 }
 
 void ThumbnailTile::AddInfoBmp(QPainter& painter, const ToviPhoto& photo) const

@@ -179,14 +179,14 @@ void DrawingPane::Load()
     if (DrawingViewOf(path, load) == DrawingView::Page) page->Navigate(wish);
     // One that was missing may be there by now.
     const auto drawing = loader.InHand<LoadedDrawing>(asked);
-    if (drawing && drawing->isThere) OnArrived(asked);
+    if (drawing && drawing->file == FileState::Readable) OnArrived(asked);
 }
 
 void DrawingPane::OnArrived(const LoadKey& key)
 {
     if (key != asked || path.empty()) return;
     const auto drawing = FileLoader::Ours().InHand<LoadedDrawing>(asked);
-    if (drawing && !drawing->isThere) return TakeBack();
+    if (drawing && drawing->file != FileState::Readable) return TakeBack();
     load = drawing && drawing->ok ? DrawingLoad::Done : DrawingLoad::Failed;
     if (load == DrawingLoad::Done) {
         sheets.count = drawing->sheets;

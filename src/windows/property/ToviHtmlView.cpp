@@ -5,6 +5,7 @@
 #include "reports/SvgWorkFiles.h"
 #include "windows/loader/FileLoader.h"
 #include "windows/loader/LoadedFiles.h"
+#include "windows/pictures/FaultText.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -64,7 +65,8 @@ void ToviHtmlView::OnArrived(const LoadKey& key)
         drawing->SetImages(picture->images);
         pages->setCurrentWidget(drawing);
     } else {
-        Tell(QStringLiteral("このSVGはここに表示できません。"));
+        const PictureFault fault = picture ? picture->Fault() : PictureFault::TooLarge;
+        Tell(QStringLiteral("このSVGはここに表示できません。\n") + FaultReason(fault));
     }
 }
 

@@ -7,6 +7,7 @@
 #include "windows/cell/CellChild.h"
 #include "windows/loader/FileLoader.h"
 #include "windows/loader/PhotoWishes.h"
+#include "windows/pictures/FaultText.h"
 #include "windows/pictures/PhotoGround.h"
 #include "windows/zoom/ZoomRules.h"
 
@@ -45,6 +46,7 @@ ZoomView::ZoomView(QWidget* parent)
     SetWindowId(imageWnd, idImage);
     SetWindowId(failPlate, idFailPlate);
     failPlate->setAlignment(Qt::AlignCenter);
+    failPlate->setWordWrap(true);
     failPlate->setFocusPolicy(Qt::StrongFocus);
     addWidget(imageWnd);
     addWidget(failPlate);
@@ -78,6 +80,7 @@ void ZoomView::Begin()
     rest.stop();
     rotation = 0;
     hasFailed = false;
+    fault = PictureFault::None;
     hasNoRoom = false;
     isFirst = true;
     shown.reset();
@@ -165,6 +168,7 @@ void ZoomView::TakeBest()
     if (full || hasNoRoom || (best && IsLast(*best))) isLoading = false;
     if (!best) best = loader.InHand<LoadedPicture>(of.Thumb(*photo).key);
     hasFailed = !isLoading && (!best || !best->ok);
+    fault = best ? best->Fault() : PictureFault::TooLarge;
     if (best && !best->ok) best.reset();
     if (best == nullptr && !hasFailed) return;
     patience.stop();
@@ -203,7 +207,8 @@ void ZoomView::ShowPixels(bool isNew)
         images = ReducedImages(Turned(LumPixels::Of(shown->image), rotation), TurnedSize());
     }
     imageWnd->SetImages(std::move(images), keepsView || !isNew);
-    ShowPlate(hasFailed ? QStringLiteral("表示できません") : QString());
+    imageWnd->SetMark(FaultReason(fault));
+    ShowPlate(hasFailed ? FaultText(fault, photo->GetImagePath()) : QString());
     TakePart();
     emit Changed();
 }

@@ -96,6 +96,8 @@ private:
     bool keepsView = false;
     bool isLoading = false;
     bool hasFailed = false;
+    /// Why there is no picture, or not the whole.
+    PictureFault fault = PictureFault::None;
     /// The budget of memory leaves nothing for a better picture.
     bool hasNoRoom = false;
     /// Nothing of this photograph was shown yet.
