@@ -5,6 +5,7 @@
 #include "windows/detail/ToviDetailPanel.h"
 #include "windows/property/ToviTabBaseWnd.h"
 #include "windows/list/PhotoListContent.h"
+#include "windows/loader/FileSurvey.h"
 #include "windows/page/PagesAhead.h"
 #include "windows/ShownDelivery.h"
 #include "windows/zoom/ToviMultiDlg.h"
@@ -14,7 +15,9 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <fstream>
 #include <future>
+#include <random>
 #include <thread>
 
 using namespace std::chrono_literals;
@@ -295,5 +298,40 @@ TEST(FileLoader, ShowsAtOnceWhatWasFetchedAheadAndLooksAtItsFileAgain)
         });
     };
     EXPECT_TRUE(QTest::qWaitFor([&] { return plates() == 1; }));
+}
+
+TEST(FileSurvey, FindsWhatIsMissingOrDamagedWithoutDecodingIt)
+{
+    TempFolder temp;
+    WriteDelivery(temp.Path(), 40);
+    const auto file = [&](int photo) {
+        return temp.Path(Format("PHOTO/PIC/P%07d.JPG", photo + 1));
+    };
+    QImage grain(500, 500, QImage::Format_RGB32);
+    std::minstd_rand random;
+    for (int pixel = 0; pixel < 500 * 500; ++pixel) {
+        grain.setPixel(pixel % 500, pixel / 500, static_cast<uint>(random()));
+    }
+    // Far more than its beginning and its end.
+    for (const int photo : {3, 33, 35}) grain.save(QtText(file(photo)), "jpeg", 95);
+    std::filesystem::resize_file(file(3), std::filesystem::file_size(file(3)) / 2);
+    std::ofstream(file(33), std::ios::app) << CString(10'000, '-');
+    std::filesystem::remove(file(34));
+    std::ofstream(file(36)) << "no picture";
+    std::filesystem::resize_file(file(37), 0);
+    std::filesystem::remove(file(39));
+    std::filesystem::create_symlink("/etc/hostname", file(39));
+    const ShownDelivery shown(temp.Path("PHOTO"), Setting::DivideList);
+    FileSurvey survey;
+    survey.Begin(*shown.data);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return survey.Seen() == 40; }));
+    using enum PictureFault;
+    EXPECT_THAT(survey.Faulty(),
+                ElementsAre(FaultyFile{3, Cut}, FaultyFile{34, Missing}, FaultyFile{36, NoPicture},
+                            FaultyFile{37, Damaged}, FaultyFile{39, Outside}));
+    EXPECT_EQ(SurveyText(survey.Faulty()),
+              "写真なし 1枚・壊れた写真 3枚・納品フォルダーの外の写真 1枚");
+    survey.End();
+    EXPECT_EQ(SurveyText(survey.Faulty()), "");
 }
 } // namespace

@@ -7,6 +7,7 @@
 #include "hosts/viewer/FrameSession.h"
 #include "hosts/viewer/FrameManual.h"
 #include "hosts/viewer/FrameState.h"
+#include "hosts/viewer/FrameSurvey.h"
 #include "hosts/viewer/GroundMenu.h"
 #include "hosts/viewer/HistoryWatch.h"
 #include "hosts/viewer/NoPhotosPage.h"
@@ -80,6 +81,8 @@ MainFrame::MainFrame()
     keys = new FrameKeys(this, actions, photoPanel.get());
     labels = new FrameLabels(this, actions, photoPanel.get());
     historyWatch = new HistoryWatch(this, document);
+    survey = new FrameSurvey(this, document);
+    connect(survey, &FrameSurvey::PhotoRequested, this, &MainFrame::BringIntoView);
     slideShow = std::make_unique<SlideShow>(this, photoPanel.get());
     new FrameManual(this, actions);
     CreatePanels();
@@ -116,6 +119,7 @@ void MainFrame::CreatePanels()
     column->addWidget(notice);
     column->addWidget(keys->Notice());
     column->addWidget(historyWatch->Strip());
+    column->addWidget(survey->Strip());
     column->addWidget(extraction->Strip());
     column->addWidget(centre, 1);
     column->addWidget(labels->CommentStrip());

@@ -9,6 +9,7 @@ class FrameExtraction;
 class FrameKeys;
 class FrameLabels;
 class FrameSession;
+class FrameSurvey;
 class DetailDock;
 class HistoryWatch;
 class NoPhotosPage;
@@ -106,6 +107,8 @@ private:
     /// sentences about that, or nothing.
     CString ShowOneOf(const std::vector<int>& photos);
     CString ShowHidden(int photo);
+    /// Shows the photograph with the photo index \p photo, and tells what had to end for that.
+    void BringIntoView(int photo);
     void ShowHistory();
     /// Takes away the commands that change what may only be looked at.
     void ShowAccess();
@@ -142,6 +145,7 @@ private:
     FrameKeys* keys = nullptr;
     FrameLabels* labels = nullptr;
     HistoryWatch* historyWatch = nullptr;
+    FrameSurvey* survey = nullptr;
     FrameSession* session = nullptr;
     std::unique_ptr<DetailDock> detailDock;
     std::unique_ptr<ReviewBar> reviewBar;

@@ -105,6 +105,12 @@ CString MainFrame::ShowOneOf(const std::vector<int>& photos)
     return told;
 }
 
+void MainFrame::BringIntoView(int photo)
+{
+    const CString told = ShowOneOf({photo});
+    if (!told.empty()) statusBar()->showMessage(QtText(told), messageTime);
+}
+
 CString MainFrame::ShowHidden(int photo)
 {
     ToviData& open = *document.Data();

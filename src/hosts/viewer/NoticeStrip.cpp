@@ -6,7 +6,7 @@
 #include <QLabel>
 #include <QPushButton>
 
-NoticeStrip::NoticeStrip() : text(new QLabel)
+NoticeStrip::NoticeStrip() : action(new QPushButton), text(new QLabel)
 {
     setObjectName(QStringLiteral("notice"));
     setStyleSheet(QStringLiteral(
@@ -16,10 +16,18 @@ NoticeStrip::NoticeStrip() : text(new QLabel)
     text->setWordWrap(true);
     text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     auto* close = new QPushButton(QStringLiteral("閉じる"));
-    connect(close, &QPushButton::clicked, this, &QWidget::hide);
+    connect(close, &QPushButton::clicked, this, [this] {
+        hide();
+        emit Closed();
+    });
+    connect(action, &QPushButton::clicked, this, &NoticeStrip::ActionRequested);
+    // A click leaves the keys to the photographs.
+    action->setFocusPolicy(Qt::TabFocus);
+    action->hide();
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(10, 4, 6, 4);
     row->addWidget(text, 1);
+    row->addWidget(action);
     row->addWidget(close);
     hide();
 }
@@ -30,4 +38,10 @@ void NoticeStrip::Tell(const CStringArray& sentences)
     for (const CString& sentence : sentences) lines << QtText(sentence);
     text->setText(lines.join(QLatin1Char('\n')));
     setVisible(!lines.isEmpty());
+}
+
+void NoticeStrip::SetAction(const QString& name)
+{
+    action->setText(name);
+    action->show();
 }

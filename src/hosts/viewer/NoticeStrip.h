@@ -5,6 +5,7 @@
 #include <QFrame>
 
 class QLabel;
+class QPushButton;
 
 /// A strip over the photographs that tells what is wrong with the machine until it is closed. Out
 /// of sight while there is nothing to tell.
@@ -17,7 +18,15 @@ public:
 
     /// Shows \p sentences, a line each.
     void Tell(const CStringArray& sentences);
+    /// Offers what can be done about it.
+    void SetAction(const QString& name);
+
+signals:
+    void ActionRequested();
+    /// The user doesn't want to see it.
+    void Closed();
 
 private:
+    QPushButton* action;
     QLabel* text;
 };

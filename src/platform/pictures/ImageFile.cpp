@@ -10,7 +10,10 @@
 #include <QBuffer>
 #include <QImageReader>
 
+#include <unistd.h>
+
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace
@@ -48,6 +51,18 @@ std::string ReadHead(const CString& path)
 qint64 PixelsOf(const QSize& size)
 {
     return static_cast<qint64>(size.width()) * size.height();
+}
+
+/// The marker of a JPEG file's end stands near the end of \p file. Cameras put something behind it.
+bool EndsAsJpeg(const RegularFile& file)
+{
+    constexpr off_t tailBytes = 4096;
+    std::array<char, tailBytes> tail;
+    const auto from = static_cast<off_t>(file.Size()) - tailBytes;
+    const ssize_t got = pread(file.Descriptor(), tail.data(), tail.size(), from);
+    return got > 0 &&
+           std::string_view(tail.data(), static_cast<std::size_t>(got)).find("\xFF\xD9") !=
+               std::string_view::npos;
 }
 
 /// The size of the shape \p shape that has \p pixels pixels.
@@ -113,6 +128,18 @@ FilePicture ReadPicture(const CString& path, const PictureBounds& bounds)
     const bool isCut = source.Fault() == PictureFault::Cut;
     return Judged(isCut ? source.ReadCut(within) : source.Read(within), source.Size(),
                   source.Fault());
+}
+
+PictureFault ProbePicture(const CString& path)
+{
+    const RegularFile file(path);
+    if (!file.IsOpen()) return PictureFault::Unreadable;
+    if (IsSvg(path)) return PictureFault::None;
+    const PictureFault begins = ImageSource(ReadHead(path)).Fault();
+    const bool isDoubtful = begins == PictureFault::Damaged || begins == PictureFault::Cut;
+    if (file.Size() <= headBytes || !isDoubtful) return begins;
+    if (begins == PictureFault::Cut && EndsAsJpeg(file)) return PictureFault::None;
+    return ImageSource::FromFile(path).Fault();
 }
 
 FilePicture ReducePicture(const QImage& whole, const PictureBounds& bounds)

@@ -41,6 +41,10 @@ struct FilePicture
 /// ImageSource::ReadCut).
 FilePicture ReadPicture(const CString& path, const PictureBounds& bounds);
 
+/// What its beginning and its end tell of the file \p path; it is read whole only where they leave
+/// doubts. Of an SVG file only whether it can be read.
+PictureFault ProbePicture(const CString& path);
+
 /// \p whole within \p bounds.
 FilePicture ReducePicture(const QImage& whole, const PictureBounds& bounds);
 

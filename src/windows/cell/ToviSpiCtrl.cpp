@@ -327,6 +327,7 @@ void ToviSpiCtrl::OnArrived(const LoadKey& key)
         break;
     case LoadKind::Part:
     case LoadKind::Drawing:
+    case LoadKind::Survey:
         break;
     }
 }

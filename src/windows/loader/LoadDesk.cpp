@@ -74,7 +74,8 @@ LoadDesk::Candidate LoadDesk::FindNext(bool visibleOnly, Time now) const
         for (std::size_t place = 0; place < wishes.size(); ++place) {
             const LoadWish& wish = wishes[place];
             const bool isVisible = wish.urgency == Urgency::Visible;
-            if (!isVisible && (visibleOnly || !withoutRoom.empty())) continue;
+            const bool isPicture = wish.key.kind != LoadKind::Survey;
+            if (!isVisible && (visibleOnly || (isPicture && !withoutRoom.empty()))) continue;
             // What is in hand comes behind all that is in sight and isn't.
             const bool isInHand = kept.contains(wish.key);
             const std::pair rank(2 * static_cast<int>(wish.urgency) + isInHand, place);

@@ -18,6 +18,8 @@ enum class LoadKind
     Drawing,
     /// What its Exif data and the file system say.
     Facts,
+    /// A look at the files of some photographs.
+    Survey,
     /// The tamper check. One at a time is at work.
     Check
 };

@@ -20,7 +20,7 @@ QString FaultReason(PictureFault fault)
     case PictureFault::TooLarge:
         return QStringLiteral("大きすぎます");
     case PictureFault::Cut:
-        return QStringLiteral("ファイルが途中で切れています");
+        return QStringLiteral("途中で切れています");
     }
     return {};
 }
