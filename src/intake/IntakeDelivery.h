@@ -200,5 +200,8 @@ struct TOVI_EXPORT IntakeDelivery
 TOVI_EXPORT bool ExamineFiles(IntakeDelivery& delivery,
                               const std::function<bool(int done, int all)>& tell);
 
+/// True when \p path leads, links followed, into one of the folders of \p delivery.
+bool IsReadable(const IntakeDelivery& delivery, const CString& path);
+
 /// The owner for a family.
 TOVI_EXPORT IntakeOwner OwnerOf(PhotoXMLType family);

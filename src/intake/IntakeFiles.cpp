@@ -189,14 +189,6 @@ std::vector<NamedFile> FilesInItems(const IntakeDelivery& delivery)
     return files;
 }
 
-/// True when \p path leads, links followed, into one of the delivery's folders.
-bool IsInside(const IntakeDelivery& delivery, const CString& path)
-{
-    return std::any_of(
-        delivery.discs.begin(), delivery.discs.end(),
-        [&path](const IntakeDisc& disc) { return MibIsInside(disc.photoFolder, path); });
-}
-
 struct Examined
 {
     bool leadsOutside = false;
@@ -207,13 +199,20 @@ struct Examined
 Examined Examine(const IntakeDelivery& delivery, const CString& path)
 {
     Examined found;
-    found.leadsOutside = !IsInside(delivery, path);
+    found.leadsOutside = !IsReadable(delivery, path);
     if (found.leadsOutside) return found;
     found.picture = ExaminePicture(path);
     found.exif = ReadExifEvidence(path);
     return found;
 }
 } // namespace
+
+bool IsReadable(const IntakeDelivery& delivery, const CString& path)
+{
+    return std::any_of(
+        delivery.discs.begin(), delivery.discs.end(),
+        [&path](const IntakeDisc& disc) { return MibIsInside(disc.photoFolder, path); });
+}
 
 std::vector<IntakeDisc> FindIntakeDiscs(const CString& photoFolder)
 {

@@ -33,6 +33,19 @@ constexpr CommandRow commandRows[] = {
      "\"error|warning|hint\",\"photos\":[numbers],\"file\",\"item\",\"text\",\"action\"}],"
      "\"notRun\":[{\"rule\",\"why\"}]}\n"
      "Exit status: 0 no error found, 3 errors found; 1, 2 and 130 as in the other commands."},
+    {"dates", "compare what the clocks say of each photograph",
+     "Output: [{\"index\",\"rungs\":{\"写真\":撮影年月日,\"exif\",\"digitized\",\"changed\","
+     "\"gps\":UTC,\"file\"},\"findings\":[{\"kind\",\"grade\":\"fact|hint\",\"text\"}]}]\n"
+     "A fact is a difference between what is written, a hint may have a harmless reason; neither "
+     "is a verdict."},
+    {"coverage", "count the photographs by work and 写真区分, and tell which partners are missing",
+     "Output: {\"rows\":[{\"工種\",\"種別\",\"細別\",\"写真区分\",\"count\",\"key\","
+     "\"submitted\",\"judged\",\"ng\"}],\"missing\":[{\"where\",\"has\",\"lacks\","
+     "\"photos\":[numbers]}]}"},
+    {"sample", "draw the photographs to be looked at, the same on every machine",
+     "Output: {\"sample\":[numbers],\"terms\":{\"text\",\"rate\",\"least\",\"seed\","
+     "\"method\",\"photos\"}}\n"
+     "All 代表写真 and 提出頻度写真, a share of the rest, and of each 細別 no fewer than some."},
     {"photos", "tell all photographs in the order of PHOTO.XML",
      "Output: [{\"index\",\"imagePath\",\"pictures\":[reference drawings],"
      "\"items\":[{\"title\",\"value\"}]}]\n"
@@ -138,6 +151,10 @@ constexpr OptionRow optionRows[] = {
      "a built-in rule, a line \"name,grade,item,condition,value,sentence\" adds one; "
      "conditions are required, longest, one-of, like, without"},
     {"--format", "the form of the output: json (default), csv or text"},
+    {"--format", "the form of the output: json (default) or csv", "coverage"},
+    {"--rate", "the share of the rest in percent, 10 if not given"},
+    {"--least", "how many of each 細別 at least, 3 if not given"},
+    {"--seed", "where the draw begins: the same delivery, terms and seed give the same sample"},
     {"--quick", "don't read what is in the files"}};
 
 std::string_view HelpOf(std::string_view command, std::string_view option)

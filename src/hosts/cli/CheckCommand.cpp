@@ -1,12 +1,9 @@
 #include "hosts/cli/Commands.h"
-#include "hosts/cli/Delivery.h"
-#include "hosts/cli/Json.h"
+#include "hosts/cli/IntakeArguments.h"
 
 #include "intake/IntakeCheck.h"
 #include "items/ToviItemDef.h"
 #include "platform/files/MibFile.h"
-#include "platform/host/HostServices.h"
-#include "platform/host/Interrupt.h"
 #include "platform/text/TerminalText.h"
 
 #include <algorithm>
@@ -35,20 +32,13 @@ struct GradeWord
 constexpr GradeWord gradeWords[] = {
     {IntakeGrade::Error, "エラー"}, {IntakeGrade::Warning, "警告"}, {IntakeGrade::Hint, "ヒント"}};
 
-Json ToJson(const std::vector<int>& numbers)
-{
-    Json array = Json::Array();
-    for (const int number : numbers) array.Add(number);
-    return array;
-}
-
 Json ToJson(const IntakeDelivery& delivery, const CString& owner, const IntakeReport& report)
 {
     Json findings = Json::Array();
     for (const IntakeFinding& finding : report.findings) {
         findings.Add(Json::Object({{"rule", finding.rule},
                                    {"grade", NameOf(finding.grade)},
-                                   {"photos", ToJson(finding.photos)},
+                                   {"photos", NumbersOf(finding.photos)},
                                    {"file", finding.file},
                                    {"item", finding.item},
                                    {"text", finding.text},
@@ -65,20 +55,6 @@ Json ToJson(const IntakeDelivery& delivery, const CString& owner, const IntakeRe
                          {"notRun", notRun}});
 }
 
-/// A field that no spreadsheet takes for a formula.
-CString CsvField(const CString& text)
-{
-    const bool isFormula = !text.empty() && CString("=+-@\t\r").find(text[0]) != CString::npos;
-    return "\"" + CString(isFormula ? "'" : "") + ReplaceAll(text, "\"", "\"\"") + "\"";
-}
-
-CString CsvLine(const std::vector<CString>& fields)
-{
-    CString line;
-    for (const CString& field : fields) line += (line.empty() ? "" : ",") + CsvField(field);
-    return line + "\r\n";
-}
-
 CString PhotosText(const std::vector<int>& photos, std::size_t most)
 {
     CString text;
@@ -88,11 +64,9 @@ CString PhotosText(const std::vector<int>& photos, std::size_t most)
     return text;
 }
 
-/// The mark in front tells spreadsheets that it is UTF-8.
 CString ToCsv(const IntakeReport& report)
 {
-    CString text =
-        "\xEF\xBB\xBF" + CsvLine({"rule", "grade", "photos", "file", "item", "text", "action"});
+    CString text = csvMark + CsvLine({"rule", "grade", "photos", "file", "item", "text", "action"});
     for (const IntakeFinding& each : report.findings) {
         text += CsvLine({each.rule, NameOf(each.grade), PhotosText(each.photos, each.photos.size()),
                          each.file, each.item, each.text, each.action});
@@ -167,20 +141,6 @@ bool ReadRules(const CString& path, UserRules& rules)
     return true;
 }
 
-/// False when the user has stopped it.
-bool Examine(IntakeDelivery& delivery)
-{
-    const InterruptListener listener;
-    UserInterface& user = *GetHostServices().userInterface;
-    const bool isDone = ExamineFiles(delivery, [&user](int done, int all) {
-        constexpr int step = 50;
-        if (done % step == 0) user.ShowProgress(Format("ファイルの検査　%d / %d", done, all));
-        return !WasInterrupted();
-    });
-    user.ShowProgress("");
-    return isDone;
-}
-
 int Run(const Arguments& arguments)
 {
     UserRules rules;
@@ -189,10 +149,10 @@ int Run(const Arguments& arguments)
     if (!opened.IsLoaded()) return ExitFailed;
     const PhotoXMLType owner = FamilyWithKey(arguments.owner).value_or(opened.family);
     IntakeDelivery delivery(opened, OwnerOf(owner), Today());
-    if (!arguments.quick && !Examine(delivery)) {
-        Complain("中断しました。");
-        return ExitInterrupted;
-    }
+    const bool isDone = arguments.quick || UnderProgress("ファイルの検査", [&](const auto& tell) {
+                            ExamineFiles(delivery, tell);
+                        });
+    if (!isDone) return ExitInterrupted;
     const IntakeReport report = CheckIntake(delivery, rules);
     const CString ownerKey = deliveryFamilies[static_cast<std::size_t>(owner)].key;
     if (arguments.format == "csv") {

@@ -10,9 +10,10 @@ Program AllOfTovi(std::string& profile)
                 "各コマンドの説明: tovi COMMAND --help\n"
                 "終了コード: 0 正常、1 開けない・読めない・保存できない、2 使い方の誤り、130 中断",
             .common = {{"--profile", "設定ファイル（既定は " + profile + "）", &profile, "FILE"}},
-            .commands = {InfoCommand(), PhotosCommand(), TreeCommand(), SelectCommand(),
-                         SheetCommand(), LabelCommand(), CorrectCommand(), RecordCommand(),
-                         ReturnCommand(), ExifCommand(), ValuesCommand(), PairsCommand(),
-                         SettingsCommand(), VerifyCommand(), IndexCommand(), ExportCommand(),
-                         CombineCommand(), ReportCommand(), CheckCommand()}};
+            .commands = {InfoCommand(),     PhotosCommand(), TreeCommand(),    SelectCommand(),
+                         SheetCommand(),    LabelCommand(),  CorrectCommand(), RecordCommand(),
+                         ReturnCommand(),   ExifCommand(),   ValuesCommand(),  PairsCommand(),
+                         SettingsCommand(), VerifyCommand(), IndexCommand(),   ExportCommand(),
+                         CombineCommand(),  ReportCommand(), CheckCommand(),   DatesCommand(),
+                         CoverageCommand(), SampleCommand()}};
 }

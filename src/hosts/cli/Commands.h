@@ -21,6 +21,9 @@ Command ExportCommand();
 Command CombineCommand();
 Command ReportCommand();
 Command CheckCommand();
+Command DatesCommand();
+Command CoverageCommand();
+Command SampleCommand();
 
 /// The whole program. What --profile names comes to stand in \p profile, which outlives it.
 Program AllOfTovi(std::string& profile);
