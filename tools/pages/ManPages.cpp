@@ -31,7 +31,7 @@ constexpr Titles languages[] = {
     {&Words::japanese, "ja/man1", "名前", "書式", "説明", "コマンド", "引数", "オプション", "補足",
      "関連項目", "説明を表示する", "（必須）"}};
 
-/// \p text as roff shows it letter for letter.
+/// \p text as roff shows it letter for letter; a line may end behind a comma.
 std::string Plain(const std::string& text)
 {
     std::string plain;
@@ -43,6 +43,8 @@ std::string Plain(const std::string& text)
             plain += "\\e";
         else if (letter == '-')
             plain += "\\-";
+        else if (letter == ',')
+            plain += ",\\:";
         else
             plain += letter;
     }
