@@ -9,7 +9,10 @@
 #include <QLabel>
 #include <QPushButton>
 
-KeyNotice::KeyNotice() : text(new QLabel)
+/// How often the buttons must fit into the strip so that words stand beside them.
+static constexpr int widthForOneRow = 2;
+
+KeyNotice::KeyNotice() : text(new QLabel), row(new QBoxLayout(QBoxLayout::LeftToRight, this))
 {
     setObjectName(QStringLiteral("keyNotice"));
     setAutoFillBackground(true);
@@ -26,14 +29,25 @@ KeyNotice::KeyNotice() : text(new QLabel)
     });
     connect(all, &QPushButton::clicked, this, &KeyNotice::SheetWanted);
     connect(close, &QPushButton::clicked, this, &QWidget::hide);
-    auto* const row = new QHBoxLayout(this);
-    row->setContentsMargins(10, 4, 6, 4);
-    row->addWidget(text, 1);
+    auto* const buttons = new QHBoxLayout;
+    buttons->addStretch();
     for (QPushButton* const button : {old, all, close}) {
         button->setAutoDefault(false);
-        row->addWidget(button);
+        buttons->addWidget(button);
     }
+    row->setContentsMargins(10, 4, 6, 4);
+    row->addWidget(text, 1);
+    row->addLayout(buttons);
     hide();
+}
+
+/// In a narrow window the buttons stand below the words.
+void KeyNotice::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    const int buttons = row->itemAt(1)->sizeHint().width();
+    row->setDirection(width() < widthForOneRow * buttons ? QBoxLayout::TopToBottom
+                                                         : QBoxLayout::LeftToRight);
 }
 
 void KeyNotice::Tell()
@@ -44,8 +58,8 @@ void KeyNotice::Tell()
                                              KeyText(LabelCommandOf(label)));
     }
     keys << QStringLiteral("すべて外す：%1").arg(KeyText(FrameCommand::RemoveLabels));
-    text->setText(QStringLiteral("付箋のキー　%1\n以前の版では OK：1、NG1～NG3：2～4、任意：5、"
-                                 "すべて外す：0 でした。")
+    text->setText(QStringLiteral("付箋のキー　%1\n以前の版　OK：1、NG1～NG3：2～4、任意：5、"
+                                 "すべて外す：0")
                       .arg(keys.join(QStringLiteral("、"))));
     show();
 }

@@ -2,6 +2,7 @@
 
 #include <QWidget>
 
+class QBoxLayout;
 class QLabel;
 
 /// The strip that tells which keys paste labels, and offers those of before.
@@ -19,6 +20,10 @@ signals:
     void OldKeysWanted();
     void SheetWanted();
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
     QLabel* text;
+    QBoxLayout* row;
 };

@@ -18,19 +18,30 @@ constexpr KeyGroup allGroups[] = {KeyGroup::Review, KeyGroup::Move, KeyGroup::Vi
                                   KeyGroup::Zoom,   KeyGroup::File, KeyGroup::Help};
 constexpr int mostColumns = 3;
 constexpr int gap = 12;
-/// A row of more keys is told by the first and the last.
+/// So many fixed keys, which then have the same modifiers, are told together.
 constexpr int mostKeysNamed = 4;
+
+/// Many keys in few words: what they have in common stands once, and of a long row its ends.
+QString Joined(QStringList keys)
+{
+    if (keys.size() < mostKeysNamed) return keys.join(QStringLiteral("、"));
+    const QString held = keys.front().left(keys.front().lastIndexOf(QLatin1Char('+')) + 1);
+    for (QString& key : keys) key.remove(0, held.size());
+    const QString all = keys.size() > mostKeysNamed
+                            ? QStringLiteral("%1～%2").arg(keys.front(), keys.back())
+                            : keys.join(QString());
+    return held + all;
+}
 
 /// The keys of a row of the table, changed by the user or fixed.
 QString KeysOf(const KeyRow& row)
 {
-    if (row.command != FrameCommand::Fixed) return KeyText(row.command);
     QStringList texts;
-    for (const QKeySequence& key : QKeySequence::listFromString(QString::fromUtf8(row.keys)))
-        texts << KeyText(key);
-    if (texts.size() > mostKeysNamed)
-        return QStringLiteral("%1～%2").arg(texts.front(), texts.back());
-    return texts.join(QStringLiteral("、"));
+    const QList<QKeySequence> keys = row.command == FrameCommand::Fixed
+                                         ? QKeySequence::listFromString(QString::fromUtf8(row.keys))
+                                         : CurrentKeys().Of(row.command);
+    for (const QKeySequence& key : keys) texts << KeyText(key);
+    return row.command == FrameCommand::Fixed ? Joined(texts) : texts.join(QStringLiteral("、"));
 }
 } // namespace
 
