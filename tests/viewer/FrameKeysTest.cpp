@@ -19,6 +19,7 @@
 #include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTreeWidget>
 
 namespace
 {
@@ -63,8 +64,13 @@ TEST(FrameKeys, MoveFromTheFirstPhotographOnWhereverTheUserHasClicked)
 {
     ShownFrame shown;
     ASSERT_TRUE(shown.frame->OpenDelivery(shown.temp.Path("delivery"), std::nullopt));
-    shown.Press(Qt::Key_PageDown);
-    EXPECT_GT(shown.Selected(), 0) << "right after opening";
+    for (const bool isAgain : {false, true}) {
+        shown.Press(Qt::Key_PageDown);
+        EXPECT_GT(shown.Selected(), 0) << "right after opening";
+        if (isAgain) break;
+        shown.frame->findChild<QTreeWidget*>()->setFocus();
+        ASSERT_TRUE(shown.frame->OpenDelivery(shown.temp.Path("delivery"), std::nullopt));
+    }
     const auto cell = [&shown] {
         return shown.Panel().findChildren<ToviSpiCtrl*>()[shown.Panel().GetSelectIndexInPage()];
     };
@@ -102,8 +108,10 @@ TEST(FrameKeys, ScrollTheItemsForWhoCameByTab)
     ASSERT_TRUE(shown.Open());
     shown.Press(Qt::Key_1, Qt::ControlModifier);
     shown.Panel().findChild<ToviSpiListCtrl*>()->View()->setFocus(Qt::TabFocusReason);
-    for (const int key : {Qt::Key_Down, Qt::Key_End, Qt::Key_Home}) shown.Press(key);
-    EXPECT_EQ(shown.Selected(), 0);
+    for (const int key : {Qt::Key_Down, Qt::Key_End, Qt::Key_Home, Qt::Key_Space}) {
+        shown.Press(key);
+        EXPECT_EQ(shown.Selected(), 0) << key;
+    }
     shown.Press(Qt::Key_Down, Qt::ControlModifier);
     EXPECT_EQ(shown.Selected(), 1);
 }

@@ -6,7 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
 #include <QDesktopServices>
@@ -166,25 +165,6 @@ TEST(FileDialog, WritesNothingIntoADelivery)
         QTest::keyClick(dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit")),
                         Qt::Key_Return);
         EXPECT_TRUE(dialog.isVisible()) << "a place in the delivery was taken";
-    }
-}
-
-TEST(FileDialog, TakesTheFolderThatIsTyped)
-{
-    const QTemporaryDir folder;
-    for (const char* name : {"one", "two"}) QDir(folder.path()).mkdir(QString::fromUtf8(name));
-    for (const bool isWhole : {true, false}) {
-        FileDialog dialog(FileDialog::Use::OpenFolder, QStringLiteral("選択"), folder.path(),
-                          nullptr);
-        QTimer::singleShot(100, &dialog, [&] {
-            auto* const list = dialog.findChild<QAbstractItemView*>(QStringLiteral("listView"));
-            list->selectAll();
-            auto* const field = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-            field->setText(isWhole ? folder.filePath(QStringLiteral("two"))
-                                   : QStringLiteral("two"));
-            QTest::keyClick(field, Qt::Key_Return);
-        });
-        EXPECT_EQ(dialog.Ask(), folder.filePath(QStringLiteral("two")));
     }
 }
 
