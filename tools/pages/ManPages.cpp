@@ -51,9 +51,12 @@ std::string Plain(const std::string& text)
     return plain;
 }
 
+/// The name of a page. That of tovi sample would be the program tovi-sample's.
 std::string FullName(const Page& page, const PageCommand& command)
 {
-    return command.name.empty() ? page.program : page.program + "-" + command.name;
+    if (command.name.empty()) return page.program;
+    const std::string name = page.program + "-" + command.name;
+    return name == "tovi-sample" ? name + "-command" : name;
 }
 
 /// A whole text as what stands beside a name: without the end of the sentence.
