@@ -46,6 +46,16 @@ constexpr CommandRow commandRows[] = {
      "Output: {\"sample\":[numbers],\"terms\":{\"text\",\"rate\",\"least\",\"seed\","
      "\"method\",\"photos\"}}\n"
      "All 代表写真 and 提出頻度写真, a share of the rest, and of each 細別 no fewer than some."},
+    {"doubles", "find photographs of which there is more than one",
+     "Output: {\"pairs\":[{\"kind\":\"bytes|picture|moment\",\"photos\":[numbers],"
+     "\"other\":{\"id\",\"delivery\",\"index\",\"file\"},\"distance\"}]}\n"
+     "bytes is the same file, picture the same picture encoded anew, scaled or slightly cut, by "
+     "its "
+     "pixels, moment another picture of the same camera and second. A pair with an earlier "
+     "delivery has one number, and the other one in \"other\"."},
+    {"register", "keep earlier deliveries for tovi doubles --register",
+     "Output: {\"name\",\"photos\"} of add, [{\"id\",\"name\",\"path\",\"photos\",\"added\"}] of "
+     "list."},
     {"photos", "tell all photographs in the order of PHOTO.XML",
      "Output: [{\"index\",\"imagePath\",\"pictures\":[reference drawings],"
      "\"items\":[{\"title\",\"value\"}]}]\n"
@@ -152,6 +162,9 @@ constexpr OptionRow optionRows[] = {
      "conditions are required, longest, one-of, like, without"},
     {"--format", "the form of the output: json (default), csv or text"},
     {"--format", "the form of the output: json (default) or csv", "coverage"},
+    {"--register", "compare with the deliveries in the register, too"},
+    {"ACTION", "add puts a delivery in, list tells all, remove takes one out"},
+    {"DELIVERY", "the delivery for add, the number in the list for remove", "register"},
     {"--rate", "the share of the rest in percent, 10 if not given"},
     {"--least", "how many of each 細別 at least, 3 if not given"},
     {"--seed", "where the draw begins: the same delivery, terms and seed give the same sample"},

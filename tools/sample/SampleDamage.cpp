@@ -4,7 +4,6 @@
 #include "sample/SampleFile.h"
 
 #include <QBuffer>
-#include <QImage>
 
 #include <cstdint>
 #include <fstream>
@@ -152,19 +151,27 @@ void RemoveExif(const CString& path)
     WriteSampleFile(path, bytes);
 }
 
-void ResizePicture(const CString& path, int side)
+void ChangePicture(const CString& path, const std::function<QImage(const QImage&)>& change,
+                   int quality)
 {
     const std::string bytes = ReadSampleFile(path);
     const QImage image = QImage::fromData(QByteArray::fromStdString(bytes));
     if (image.isNull()) Fail(path, "picture");
-    const QImage resized = image.scaled(side, side, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    const QImage changed = change(image);
     QByteArray encoded;
     QBuffer buffer(&encoded);
-    resized.save(&buffer, "jpeg");
+    changed.save(&buffer, "jpeg", quality);
     const std::string jpeg = encoded.toStdString();
     WriteSampleFile(path, bytes.substr(0, 2 + ExifLength(bytes)) + jpeg.substr(2));
-    SetExifSize(path, static_cast<unsigned>(resized.width()),
-                static_cast<unsigned>(resized.height()));
+    SetExifSize(path, static_cast<unsigned>(changed.width()),
+                static_cast<unsigned>(changed.height()));
+}
+
+void ResizePicture(const CString& path, int side)
+{
+    ChangePicture(path, [side](const QImage& image) {
+        return image.scaled(side, side, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    });
 }
 
 void ScrambleMiddle(const CString& path)

@@ -2,6 +2,9 @@
 
 #include "platform/text/Text.h"
 
+#include <QImage>
+
+#include <functional>
 #include <vector>
 
 /// What is done to the files of a sample delivery behind its writer's back. Each throws
@@ -31,6 +34,11 @@ void SetExifText(const CString& path, std::string_view from, std::string_view to
 
 /// Takes the Exif data out of the JPEG file \p path.
 void RemoveExif(const CString& path);
+
+/// Encodes the picture \p path anew as \p change leaves it, with its Exif data but for the
+/// dimensions, which are those that it has now.
+void ChangePicture(const CString& path, const std::function<QImage(const QImage&)>& change,
+                   int quality = -1);
 
 /// Encodes the picture anew with its longer side \p side pixels long, and with its Exif data.
 void ResizePicture(const CString& path, int side);

@@ -15,5 +15,5 @@ Program AllOfTovi(std::string& profile)
                          ReturnCommand(),   ExifCommand(),   ValuesCommand(),  PairsCommand(),
                          SettingsCommand(), VerifyCommand(), IndexCommand(),   ExportCommand(),
                          CombineCommand(),  ReportCommand(), CheckCommand(),   DatesCommand(),
-                         CoverageCommand(), SampleCommand()}};
+                         CoverageCommand(), SampleCommand(), DoublesCommand(), RegisterCommand()}};
 }

@@ -24,6 +24,8 @@ Command CheckCommand();
 Command DatesCommand();
 Command CoverageCommand();
 Command SampleCommand();
+Command DoublesCommand();
+Command RegisterCommand();
 
 /// The whole program. What --profile names comes to stand in \p profile, which outlives it.
 Program AllOfTovi(std::string& profile);

@@ -143,6 +143,12 @@ CString StateFolder(std::string_view name)
     return folder.empty() ? folder : folder + "/tovi/" + CString(name);
 }
 
+CString DataFolder(std::string_view name)
+{
+    const CString folder = FolderFor("XDG_DATA_HOME", "/.local/share");
+    return folder.empty() ? folder : folder + "/tovi/" + CString(name);
+}
+
 bool MakePrivateFolder(const CString& path)
 {
     if (MibIsFolderExist(path)) return true;

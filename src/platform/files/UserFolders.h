@@ -33,6 +33,9 @@ CString ConfigurationFile(std::string_view name);
 /// next; empty when the user has no home folder. It needs not be there.
 CString StateFolder(std::string_view name);
 
+/// The same for what the user has put there and may want to carry to another machine.
+CString DataFolder(std::string_view name);
+
 /// Makes the folder \p path, with those above it, for this user alone. True when it is there
 /// afterwards.
 bool MakePrivateFolder(const CString& path);

@@ -14,7 +14,6 @@
 namespace
 {
 constexpr std::size_t largestPicture = std::size_t{512} << 20;
-constexpr int reduction = 8;
 
 struct Signature
 {
@@ -74,14 +73,14 @@ public:
     ~JpegExaminer() { jpeg_destroy_decompress(&jpeg); }
 
     /// False when the picture can't be decoded whole.
-    bool Decode(PictureExamination& found, GreyPicture& reduced)
+    bool Decode(PictureExamination& found, ExaminationExtras& extras)
     {
         try {
             jpeg_read_header(&jpeg, TRUE);
             found.width = static_cast<int>(jpeg.image_width);
             found.height = static_cast<int>(jpeg.image_height);
             if (qint64{found.width} * found.height > ImageSource::mostPixels) return false;
-            DecodeRows(reduced);
+            DecodeRows(extras);
         } catch (const DecodingEnds&) {
             return false;
         }
@@ -104,10 +103,11 @@ private:
         isDamaged = true;
     }
 
-    void DecodeRows(GreyPicture& reduced)
+    void DecodeRows(ExaminationExtras& extras)
     {
+        GreyPicture& reduced = extras.picture;
         jpeg.scale_num = 1;
-        jpeg.scale_denom = reduction;
+        jpeg.scale_denom = static_cast<unsigned>(extras.reduction);
         jpeg.do_fancy_upsampling = FALSE;
         const bool hasLight =
             jpeg.jpeg_color_space == JCS_YCbCr || jpeg.jpeg_color_space == JCS_GRAYSCALE;
@@ -135,24 +135,25 @@ private:
     bool isDamaged = false;
 };
 
-void ExamineJpeg(std::string_view bytes, PictureExamination& found, GreyPicture& reduced)
+void ExamineJpeg(std::string_view bytes, PictureExamination& found, ExaminationExtras& extras)
 {
-    const bool isWhole = JpegExaminer(bytes).Decode(found, reduced);
+    const bool isWhole = JpegExaminer(bytes).Decode(found, extras);
     found.state = !IsCompleteJpeg(bytes) ? PictureState::CutOff
                   : isWhole              ? PictureState::Whole
                                          : PictureState::Damaged;
-    if (found.state != PictureState::Whole) reduced = {};
+    if (found.state != PictureState::Whole) extras.picture = {};
 }
 
 /// Of what Qt decodes.
-void ExamineOther(std::string bytes, PictureExamination& found, GreyPicture& reduced)
+void ExamineOther(std::string bytes, PictureExamination& found, ExaminationExtras& extras)
 {
+    GreyPicture& reduced = extras.picture;
     const ImageSource source(std::move(bytes));
     found.width = source.Size().width();
     found.height = source.Size().height();
-    const QSize eighth = (source.Size() / reduction).expandedTo(QSize(1, 1));
+    const QSize size = (source.Size() / extras.reduction).expandedTo(QSize(1, 1));
     const QImage image =
-        source.Read(eighth, ImageSource::mostPixels).convertToFormat(QImage::Format_Grayscale8);
+        source.Read(size, ImageSource::mostPixels).convertToFormat(QImage::Format_Grayscale8);
     found.state = image.isNull() ? PictureState::Damaged : PictureState::Whole;
     reduced.width = image.width();
     reduced.height = image.height();
@@ -162,33 +163,33 @@ void ExamineOther(std::string bytes, PictureExamination& found, GreyPicture& red
     }
 }
 
-void ExamineSvg(const CString& path, PictureExamination& found, GreyPicture& reduced)
+void ExamineSvg(const CString& path, PictureExamination& found, ExaminationExtras& extras)
 {
     const std::optional<SvgContent> content = ReadSvgContent(path);
     if (!content) {
         found.state = PictureState::Damaged;
     } else if (content->mainImage) {
-        ExamineJpeg(*content->mainImage, found, reduced);
+        ExamineJpeg(*content->mainImage, found, extras);
     } else {
         found.state = PictureState::NotExamined;
     }
 }
 
 void Examine(const CString& path, std::string bytes, PictureExamination& found,
-             GreyPicture& reduced)
+             ExaminationExtras& extras)
 {
     switch (found.form) {
     case PictureForm::Jpeg:
-        ExamineJpeg(bytes, found, reduced);
+        ExamineJpeg(bytes, found, extras);
         return;
     case PictureForm::Svg:
-        ExamineSvg(path, found, reduced);
+        ExamineSvg(path, found, extras);
         return;
     case PictureForm::Tiff:
     case PictureForm::Png:
     case PictureForm::Gif:
     case PictureForm::Bitmap:
-        ExamineOther(std::move(bytes), found, reduced);
+        ExamineOther(std::move(bytes), found, extras);
         return;
     case PictureForm::Movie:
     case PictureForm::Pdf:
@@ -199,16 +200,17 @@ void Examine(const CString& path, std::string bytes, PictureExamination& found,
 }
 } // namespace
 
-PictureExamination ExaminePicture(const CString& path, GreyPicture* reduced)
+PictureExamination ExaminePicture(const CString& path, ExaminationExtras* extras)
 {
     PictureExamination found;
     std::optional<std::string> bytes = MibReadFile(path, largestPicture);
     if (!bytes) return found;
     found.bytes = bytes->size();
+    if (extras != nullptr) extras->digest = Sha256Of(*bytes);
     found.state = PictureState::Empty;
     if (bytes->empty()) return found;
     found.form = FormOf(*bytes);
-    GreyPicture grey;
-    Examine(path, std::move(*bytes), found, reduced == nullptr ? grey : *reduced);
+    ExaminationExtras none;
+    Examine(path, std::move(*bytes), found, extras == nullptr ? none : *extras);
     return found;
 }

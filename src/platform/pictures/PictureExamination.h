@@ -1,8 +1,10 @@
 #pragma once
 
+#include "platform/files/Sha256.h"
 #include "platform/text/Text.h"
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 /// What the first bytes of a file say that it is.
@@ -53,7 +55,17 @@ struct PictureExamination
     int height = 0;
 };
 
+/// What is wanted beside the examination.
+struct ExaminationExtras
+{
+    /// By how much the picture is reduced: 8, 4, 2 or 1.
+    int reduction = 8;
+    /// Nothing of one that can't be decoded whole.
+    GreyPicture picture;
+    /// Of the file's bytes; nothing of one that can't be read.
+    std::optional<Sha256> digest;
+};
+
 /// Reads the file \p path once, whole, and decodes its picture reduced: nothing in it that can't be
-/// read stays unnoticed. Any thread may call it. \p reduced, unless null, gets the picture at an
-/// eighth of its size; nothing of one that can't be decoded.
-PictureExamination ExaminePicture(const CString& path, GreyPicture* reduced = nullptr);
+/// read stays unnoticed. Any thread may call it. \p extras may be null.
+PictureExamination ExaminePicture(const CString& path, ExaminationExtras* extras = nullptr);
