@@ -1,5 +1,7 @@
 #include "intake/Sampling.h"
 
+#include "review/ToviXmlSaveManager.h"
+
 #include <limits>
 #include <map>
 #include <numeric>
@@ -94,6 +96,17 @@ std::vector<int> DrawSample(const IntakeDelivery& delivery, const SampleTerms& t
         if (isTaken[static_cast<std::size_t>(i)]) sample.push_back(i);
     }
     return sample;
+}
+
+bool SaveRecordWithSample(ToviData& document, const CString& record, const SampleTerms& terms,
+                          const std::vector<int>& sample, int* result)
+{
+    ToviXmlSaveManager manager(record.c_str(), nullptr, document.RootPath());
+    manager.WriteOrigin(document.GetRecordOrigin());
+    manager.WriteSample(Format("rate=\"%d\" least=\"%d\" seed=\"", terms.rate, terms.least) +
+                        std::to_string(terms.seed) + "\" method=\"" + sampleMethod +
+                        "\" photos=\"" + RangesText(sample) + "\"");
+    return manager.Save(*document.GetPhotoDataArray(), result);
 }
 
 CString RangesText(const std::vector<int>& sample)

@@ -50,5 +50,12 @@ inline constexpr const char* sampleMethod = "splitmix64/1";
 /// in the sample yet.
 TOVI_EXPORT std::vector<int> DrawSample(const IntakeDelivery& delivery, const SampleTerms& terms);
 
+/// Saves the record of \p document to the file \p record, with the terms and the sample as a
+/// processing instruction behind the root, from where each later save takes them over. Fails as
+/// ToviData::SaveExamination does.
+TOVI_EXPORT bool SaveRecordWithSample(ToviData& document, const CString& record,
+                                      const SampleTerms& terms, const std::vector<int>& sample,
+                                      int* result);
+
 /// \p sample as "0-4,7,9-12".
 TOVI_EXPORT CString RangesText(const std::vector<int>& sample);

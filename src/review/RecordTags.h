@@ -19,10 +19,11 @@
 ///         </状況>
 ///     </検査状況>
 ///     <?tovi-delivery names="…" sizes="…"?>
+///     <?tovi-sample rate="10" … photos="0-4,7"?>
 ///
 /// The n-th 写真 belongs to the n-th photograph of PHOTO.XML. Besides their number, the processing
 /// instruction behind the root element ties a record to its delivery (see RecordOrigin); records
-/// of others have none.
+/// of others have none. Another one tells which photographs were drawn to be looked at, and how.
 namespace RecordTags
 {
 inline constexpr const char* root = "検査状況";
@@ -36,6 +37,7 @@ inline constexpr const char* comment = "コメント";
 inline constexpr std::string_view labels[labelCount] = {
     "付箋1-OK", "付箋2-NG1", "付箋3-NG2", "付箋4-NG3", "付箋5-コメント", "付箋6-任意"};
 inline constexpr const char* origin = "tovi-delivery";
+inline constexpr const char* sample = "tovi-sample";
 } // namespace RecordTags
 
 /// Why a record was not saved or loaded.

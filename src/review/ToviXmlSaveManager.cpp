@@ -37,9 +37,21 @@ bool ToviXmlSaveManager::Save(const ToviPhotoArray& photos, int* result)
         return Fail(RecordNotWritten, result);
     }
     if (!WritePhotos(photos)) return Fail(RecordCancelled, result);
+    AddSample();
     header.document.TransIndent(nullptr);
     if (!header.document.Save(path, 0, result)) return Fail(RecordNotWritten, result);
     return true;
+}
+
+void ToviXmlSaveManager::AddSample()
+{
+    if (sample.empty() && MibIsFileExist(path)) {
+        DoxDocument replaced;
+        replaced.Initiate();
+        replaced.KeepInstructions();
+        if (replaced.Load(path, false, nullptr)) sample = replaced.Instruction(RecordTags::sample);
+    }
+    if (!sample.empty()) header.document.AddInstruction(RecordTags::sample, sample);
 }
 
 bool ToviXmlSaveManager::HasSpace(int photoCount) const

@@ -16,10 +16,15 @@ public:
     /// Has the record say of which delivery it is.
     void WriteOrigin(const RecordOrigin& delivery);
 
+    /// Has the record say which photographs were drawn; without this it says what the record that
+    /// it replaces has said.
+    void WriteSample(const CString& text) { sample = text; }
+
     /// False leaves the file as it was and a RecordFailure in \p result.
     bool Save(const ToviPhotoArray& photos, int* result);
 
 private:
+    void AddSample();
     bool HasSpace(int photoCount) const;
     bool BuildFrame(int photoCount);
     bool WritePhotos(const ToviPhotoArray& photos);
@@ -30,4 +35,5 @@ private:
     bool writePath = false;
     ToviXmlHeaderManager header;
     CString note;
+    CString sample;
 };

@@ -13,8 +13,8 @@
 namespace
 {
 using testing::ElementsAre;
+using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::UnorderedElementsAre;
 
 /// A delivery that was written to a folder of its own and is looked at as it is received.
 struct Received
@@ -150,5 +150,16 @@ TEST(Sampling, DrawsWhatTheTermsSayAndTheSameAlways)
     EXPECT_NE(drawn(10, 0, 1), drawn(10, 0, 2));
     // As another program draws by the words of the header.
     EXPECT_EQ(RangesText(drawn(10, 3, 42)), "1-3,5-6,11,14,22,36");
+
+    ToviData& document = *received.opened.document;
+    const TempFolder records;
+    const CString record = records.Path("record.xml");
+    int reason = -1;
+    ASSERT_TRUE(SaveRecordWithSample(document, record, {.seed = 42}, drawn(10, 3, 42), &reason));
+    ASSERT_TRUE(document.LoadExamination(record.c_str(), &reason));
+    PasteLabel(document, 2, LabelOk);
+    ASSERT_TRUE(document.SaveExamination(record.c_str(), nullptr, &reason));
+    EXPECT_THAT(records.Read("record.xml"),
+                HasSubstr(R"(seed="42" method="splitmix64/1" photos="1-3,5-6,11,14,22,36")"));
 }
 } // namespace

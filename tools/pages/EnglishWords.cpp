@@ -45,6 +45,7 @@ constexpr CommandRow commandRows[] = {
     {"sample", "draw the photographs to be looked at, the same on every machine",
      "Output: {\"sample\":[numbers],\"terms\":{\"text\",\"rate\",\"least\",\"seed\","
      "\"method\",\"photos\"}}\n"
+     "The terms and the sample stay in the record that --record names.\n"
      "All 代表写真 and 提出頻度写真, a share of the rest, and of each 細別 no fewer than some."},
     {"doubles", "find photographs of which there is more than one",
      "Output: {\"pairs\":[{\"kind\":\"bytes|picture|moment\",\"photos\":[numbers],"

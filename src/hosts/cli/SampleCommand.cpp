@@ -1,5 +1,6 @@
 #include "hosts/cli/Commands.h"
 #include "hosts/cli/IntakeArguments.h"
+#include "hosts/cli/Records.h"
 
 #include "intake/Sampling.h"
 
@@ -14,6 +15,7 @@ struct Arguments
     int rate = SampleTerms().rate;
     int least = SampleTerms().least;
     std::string seed = "1";
+    RecordArguments record;
 };
 
 std::optional<std::uint64_t> SeedIn(const std::string& text)
@@ -41,13 +43,35 @@ Json ToJson(const SampleTerms& terms, int photos)
                          {"photos", photos}});
 }
 
+/// Without a record nothing is to be saved.
+int SaveToRecord(Inspection& inspection, const SampleTerms& terms, const std::vector<int>& sample)
+{
+    if (inspection.record.path.empty()) return ExitDone;
+    int reason = noReason;
+    const bool saved = SaveRecordWithSample(*inspection.delivery.document, inspection.hold.Target(),
+                                            terms, sample, &reason);
+    inspection.hold.Release();
+    return TellSaved(saved, inspection.record.path, reason);
+}
+
+int OpenAll(Inspection& inspection, const DeliveryArguments& arguments)
+{
+    if (!inspection.record.path.empty()) return Open(inspection, arguments, {});
+    inspection.delivery = OpenDelivery(arguments);
+    return inspection.delivery.IsLoaded() ? ExitDone : ExitFailed;
+}
+
 int Run(const Arguments& arguments)
 {
-    const OpenedDelivery opened = OpenDelivery(arguments.delivery);
-    if (!opened.IsLoaded()) return ExitFailed;
+    Inspection inspection(arguments.record);
+    if (const int status = OpenAll(inspection, arguments.delivery); status != ExitDone)
+        return status;
+    const OpenedDelivery& opened = inspection.delivery;
     const IntakeDelivery delivery(opened, OwnerOf(opened.family), Today());
     const SampleTerms terms{arguments.rate, arguments.least, SeedIn(arguments.seed).value_or(0)};
     const std::vector<int> sample = DrawSample(delivery, terms);
+    const int status = SaveToRecord(inspection, terms, sample);
+    if (status != ExitDone) return status;
     const Json answer =
         Json::Object({{"sample", NumbersOf(sample)}, {"terms", ToJson(terms, delivery.Count())}});
     std::cout << ToText(answer) << '\n';
@@ -64,6 +88,7 @@ Command SampleCommand()
         .help =
             "確かめる写真を抜き取る: 代表すべて、提出頻度すべて、残りの一部、細別ごとに何枚か以上",
         .options = Joined({DeliveryOptions(arguments->delivery),
+                           RecordOptions(arguments->record),
                            {{.name = "--rate",
                              .help = "残りの写真から抜き取る割合（％、既定は10）",
                              .target = &arguments->rate,
@@ -80,7 +105,8 @@ Command SampleCommand()
                              .target = &arguments->seed,
                              .valueName = "N",
                              .accepted = &WhyNoSeed}}}),
-        .footer = "出力: {\"sample\":[番号],\"terms\":{\"text\",\"rate\",\"least\",\"seed\","
+        .footer = "--record の記録には、条件と選んだ写真が残る\n"
+                  "出力: {\"sample\":[番号],\"terms\":{\"text\",\"rate\",\"least\",\"seed\","
                   "\"method\",\"photos\":全枚数}}",
         .run = [arguments] { return Run(*arguments); }};
 }
