@@ -1,18 +1,21 @@
-// A photograph of twelve million pixels in a zoom window: from the request until something of it
-// is painted, and until the whole of it is, beside the bare decoding of the same file. And what
-// opening and closing windows leaves behind.
+// A photograph of twelve million pixels in a zoom window, of 2,000: from the request until one that
+// is sharp in the window is painted, and until the whole of it is, beside the bare decoding of the
+// same file. Requests while a share doesn't answer. And what opening and closing windows leaves
+// behind.
 
 #include "BareJpeg.h"
+#include "photos/DeliveryFiles.h"
 #include "platform/controls/LumImgWnd.h"
 #include "support/OpenedSample.h"
+#include "support/StallingShare.h"
+#include "windows/loader/FileLoader.h"
 #include "windows/page/ToviMpiPanel.h"
 #include "windows/zoom/ToviMultiDlg.h"
-#include "windows/zoom/ZoomView.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QImage>
-#include <QThreadPool>
+#include <QTest>
 
 #include <malloc.h>
 
@@ -22,7 +25,9 @@
 
 namespace
 {
-constexpr int photoCount = 12;
+constexpr int photoCount = 2000;
+/// As far away as nothing is fetched ahead.
+constexpr int farAway = 7;
 constexpr QSize photoSize(4000, 3000);
 
 /// The folder of the PHOTO.XML of a delivery whose photographs have twelve million pixels and the
@@ -50,21 +55,21 @@ const CString& LargeFolder()
         const CString first = temp.Path("PHOTO/PIC/P0000001.JPG");
         image.save(QString::fromStdString(first), "jpeg", 92);
         for (int photo = 1; photo < photoCount; ++photo) {
-            std::filesystem::copy_file(first, temp.Path(Format("PHOTO/PIC/P%07d.JPG", photo + 1)));
+            std::filesystem::create_hard_link(first,
+                                              temp.Path(Format("PHOTO/PIC/P%07d.JPG", photo + 1)));
         }
         return temp.Path("PHOTO");
     }();
     return folder;
 }
 
-/// A list, which loads no full pictures itself, and its zoom windows.
+/// A list, which loads no pictures itself, and its zoom windows.
 struct ZoomBench
 {
-    ZoomBench()
+    explicit ZoomBench(const CString& folder = LargeFolder())
     {
         ToviEnouDataFactory factory;
-        document.reset(
-            factory.Create(&host, LargeFolder().c_str(), PhotoXMLMlit, nullptr, nullptr));
+        document.reset(factory.Create(&host, folder.c_str(), PhotoXMLMlit, nullptr, nullptr));
         document->BuildTreeNode(ToviPhotoCtrlVisualSetting::TreeWorkTypeFull);
         document->Load();
         ToviPhotoCtrlVisualSetting setting = document->GetVisualSetting();
@@ -75,11 +80,21 @@ struct ZoomBench
     }
     ~ZoomBench() { panel.Detach(); }
 
-    void Request()
+    /// Shows the photograph \p step places on.
+    void Request(int step)
     {
-        next = (next + 1) % photoCount;
-        document->PhotoSelectSetting(next);
+        position = (position + step) % photoCount;
+        document->PhotoSelectSetting(document->GetIndexPhotoArray(position));
         panel.ShowMultiDlg();
+    }
+    void CloseAll()
+    {
+        panel.DeleteAllDialog();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    static void WaitUntilIdle()
+    {
+        while (!FileLoader::Ours().IsIdle()) QTest::qWait(2);
     }
     ZoomView& View() { return panel.Zooms().All()[0]->View(); }
     void WaitForFirst()
@@ -98,7 +113,7 @@ struct ZoomBench
     NotingDocument host;
     std::unique_ptr<ToviData> document;
     ToviMpiPanel panel;
-    int next = 0;
+    int position = 0;
 };
 
 CString LargePhoto()
@@ -120,42 +135,83 @@ void QtDecodeLarge(benchmark::State& state)
 }
 BENCHMARK(QtDecodeLarge)->Unit(benchmark::kMillisecond)->UseRealTime();
 
-/// \p sharp: until all is there. \p isOpen: in a window that shows another photograph.
-void ZoomLarge(benchmark::State& state, bool sharp, bool isOpen)
+struct ZoomCase
+{
+    /// Until all is there.
+    bool sharp = false;
+    /// In a window that shows another photograph.
+    bool isOpen = false;
+    /// The one that was fetched ahead.
+    bool isNext = false;
+};
+
+void ZoomLarge(benchmark::State& state, const ZoomCase& how)
 {
     ZoomBench bench;
-    if (isOpen) {
-        bench.Request();
-        bench.WaitForSharp();
-    }
     for (auto _ : state) {
+        if (how.isOpen) {
+            bench.Request(farAway);
+            bench.WaitForSharp();
+        }
+        ZoomBench::WaitUntilIdle();
         QElapsedTimer timer;
         timer.start();
-        bench.Request();
-        if (sharp) {
+        bench.Request(how.isNext ? 1 : farAway);
+        if (how.sharp) {
             bench.WaitForSharp();
         } else {
             bench.WaitForFirst();
         }
         state.SetIterationTime(static_cast<double>(timer.nsecsElapsed()) / 1e9);
         bench.WaitForSharp();
-        if (isOpen) continue;
-        bench.panel.DeleteAllDialog();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        if (!how.isOpen) bench.CloseAll();
     }
+    state.counters["MBinHand"] = static_cast<double>(FileLoader::Ours().BytesInHand()) / 1e6;
 }
-BENCHMARK_CAPTURE(ZoomLarge, open_first, false, false)
+BENCHMARK_CAPTURE(ZoomLarge, open_first, ZoomCase{})
     ->Unit(benchmark::kMillisecond)
     ->UseManualTime();
-BENCHMARK_CAPTURE(ZoomLarge, open_sharp, true, false)
+BENCHMARK_CAPTURE(ZoomLarge, open_sharp, ZoomCase{.sharp = true})
     ->Unit(benchmark::kMillisecond)
     ->UseManualTime();
-BENCHMARK_CAPTURE(ZoomLarge, next_first, false, true)
+BENCHMARK_CAPTURE(ZoomLarge, other_first, ZoomCase{.isOpen = true})
     ->Unit(benchmark::kMillisecond)
     ->UseManualTime();
-BENCHMARK_CAPTURE(ZoomLarge, next_sharp, true, true)
+BENCHMARK_CAPTURE(ZoomLarge, other_sharp, ZoomCase{.sharp = true, .isOpen = true})
     ->Unit(benchmark::kMillisecond)
     ->UseManualTime();
+BENCHMARK_CAPTURE(ZoomLarge, next_first, ZoomCase{.isOpen = true, .isNext = true})
+    ->Unit(benchmark::kMillisecond)
+    ->UseManualTime();
+BENCHMARK_CAPTURE(ZoomLarge, next_sharp, ZoomCase{.sharp = true, .isOpen = true, .isNext = true})
+    ->Unit(benchmark::kMillisecond)
+    ->UseManualTime();
+
+/// The longest time that a request takes in six windows while the share of the photographs doesn't
+/// answer.
+void ZoomsWhileAShareStalls(benchmark::State& state)
+{
+    const TempFolder temp;
+    StallingShare share(LargeFolder(), temp.MakeFolder("share"));
+    if (!share.IsThere()) {
+        state.SkipWithError("needs /dev/fuse and the right to mount");
+        return;
+    }
+    ZoomBench bench(temp.Path("share"));
+    bench.Request(1);
+    bench.WaitForSharp();
+    share.Stall();
+    double longest = 0;
+    for (auto _ : state) {
+        QElapsedTimer timer;
+        timer.start();
+        bench.Request(1);
+        QCoreApplication::processEvents();
+        longest = std::max(longest, static_cast<double>(timer.nsecsElapsed()) / 1e6);
+    }
+    state.counters["msLongest"] = longest;
+}
+BENCHMARK(ZoomsWhileAShareStalls)->Unit(benchmark::kMillisecond)->Iterations(200)->UseRealTime();
 
 double ResidentMegabytes()
 {
@@ -167,21 +223,29 @@ double ResidentMegabytes()
     return static_cast<double>(resident) * 4096 / (1 << 20);
 }
 
-/// Opens and closes windows; tells by how much the program has grown since the first twenty.
+/// Opens and closes windows; tells by how much the program has grown since the first twenty, once
+/// nothing is kept of the files, and how much was kept at most.
 void OpenAndCloseZooms(benchmark::State& state)
 {
     ZoomBench bench;
+    const auto emptied = [&bench] {
+        ZoomBench::WaitUntilIdle();
+        FileLoader::Ours().Forget(bench.document->GetFiles().get());
+        return ResidentMegabytes();
+    };
     double before = 0;
+    std::size_t most = 0;
     for (auto _ : state) {
         for (int window = 0; window < 220; ++window) {
-            bench.Request();
+            bench.Request(1);
             bench.WaitForSharp();
-            bench.panel.DeleteAllDialog();
-            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-            if (window == 20) before = ResidentMegabytes();
+            most = std::max(most, FileLoader::Ours().BytesInHand());
+            bench.CloseAll();
+            if (window == 20) before = emptied();
         }
     }
-    state.counters["MB"] = ResidentMegabytes() - before;
+    state.counters["MBgrown"] = emptied() - before;
+    state.counters["MBinHandAtMost"] = static_cast<double>(most) / 1e6;
 }
 BENCHMARK(OpenAndCloseZooms)->Iterations(1)->Unit(benchmark::kMillisecond);
 } // namespace

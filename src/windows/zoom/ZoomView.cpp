@@ -97,8 +97,8 @@ void ZoomView::Load(ToviData& newDocument, ToviPhoto& newPhoto,
     windowSide = WindowSide();
     Begin();
     isLoading = true;
-    TellWishes();
     TakeBest();
+    TellWishes();
     emit Changed();
 }
 
@@ -127,11 +127,12 @@ void ZoomView::TellWishes()
     const bool wantsFull = reduced && !IsLast(*reduced) && !hasNoRoom;
     if (hasFull || wantsFull) wishes.push_back(std::move(full));
     if (part) wishes.push_back(*part);
-    if (neighbours.next != nullptr) {
+    // Behind all that is looked at.
+    if (!isLoading && neighbours.next != nullptr) {
         wishes.push_back(of.Screen(*neighbours.next, windowSide, Urgency::Next));
         wishes.push_back(of.Full(*neighbours.next, Urgency::Idle));
     }
-    if (neighbours.previous != nullptr) {
+    if (!isLoading && neighbours.previous != nullptr) {
         wishes.push_back(of.Screen(*neighbours.previous, windowSide, Urgency::Previous));
     }
     loader.Want(this, std::move(wishes));
