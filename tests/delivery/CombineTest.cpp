@@ -1,5 +1,6 @@
 #include "delivery/MediaCombine.h"
 #include "items/ToviItemDef.h"
+#include "photos/DeliveryFiles.h"
 #include "photos/ToviPhoto.h"
 #include "photos/ToviPhotoArray.h"
 #include "platform/files/MibFile.h"
@@ -206,5 +207,18 @@ TEST_F(Combine, LeavesNothingOfWhatTheUserHasCancelled)
     EXPECT_TRUE(factory.IsCombineCancelled());
     EXPECT_TRUE(host.user.Messages().IsEmpty()) << "nothing has failed";
     EXPECT_FALSE(fs::exists(FindCombineArea().folder));
+}
+
+TEST_F(Combine, LetsThreadsReadWhatBelongsToTheDeliveryByNow)
+{
+    const CString outside = temp.Write("outside.JPG", "a picture");
+    const auto isRead = [&] { return !document->GetFiles()->Readable(outside).empty(); };
+    EXPECT_FALSE(isRead());
+    document->SetStandAlone(false);
+    EXPECT_TRUE(isRead());
+    document->SetStandAlone(true);
+    EXPECT_FALSE(isRead());
+    document->RootPath(temp.Path().c_str());
+    EXPECT_TRUE(isRead());
 }
 } // namespace

@@ -3,15 +3,16 @@
 #include "platform/controls/LumImgWnd.h"
 #include "support/StallingShare.h"
 #include "windows/detail/ToviDetailPanel.h"
-#include "windows/property/ToviTabBaseWnd.h"
 #include "windows/list/PhotoListContent.h"
 #include "windows/loader/FileSurvey.h"
 #include "windows/page/PagesAhead.h"
+#include "windows/property/ToviTabBaseWnd.h"
 #include "windows/ShownDelivery.h"
 #include "windows/zoom/ToviMultiDlg.h"
 #include "work/ReadingLimit.h"
 
 #include <QLabel>
+#include <QPainter>
 
 #include <algorithm>
 #include <filesystem>
@@ -246,14 +247,14 @@ TEST(FileLoader, NeverShowsTheTileOfAnotherPhotograph)
 
 TEST(FileLoader, NeverTakesAReducedPictureForThePhotographsOwn)
 {
-    constexpr QSize size(2000, 1500);
+    constexpr QSize size(1600, 1300);
     TempFolder temp;
     WriteDelivery(temp.Path(), 2);
     QImage stripes(size, QImage::Format_RGB32);
-    stripes.fill(Qt::white);
-    for (int x = 0; x < size.width(); x += 2) {
-        for (int y = 0; y < size.height(); ++y) stripes.setPixel(x, y, 0);
-    }
+    QImage stripe(2, 1, QImage::Format_RGB32);
+    stripe.setPixel(0, 0, qRgb(255, 255, 255));
+    stripe.setPixel(1, 0, qRgb(0, 0, 0));
+    QPainter(&stripes).fillRect(stripes.rect(), QBrush(stripe));
     stripes.save(QtText(temp.Path("PHOTO/PIC/P0000001.JPG")), "jpeg", 100);
     ShownDelivery shown(temp.Path("PHOTO"), Setting::DivideThumbnails);
     // So little that the picture has to be reduced.

@@ -102,14 +102,12 @@ struct ShownCell
 TEST(SpiCtrl, ShowsPictures)
 {
     std::vector<int> sides;
-    const auto noting = QObject::connect(&FileLoader::Ours(), &FileLoader::Arrived,
-                                         &FileLoader::Ours(), [&sides](const LoadKey& key) {
-                                             if (key.kind == LoadKind::Picture)
-                                                 sides.push_back(key.side);
-                                         });
+    const QObject here;
+    QObject::connect(&FileLoader::Ours(), &FileLoader::Arrived, &here, [&](const LoadKey& key) {
+        if (key.kind == LoadKind::Picture) sides.push_back(key.side);
+    });
     ShownCell shown(whole);
     ASSERT_TRUE(shown.WaitForFullPicture());
-    QObject::disconnect(noting);
     EXPECT_THAT(sides, ElementsAre(LumImage::thumbSide, 0)) << "the thumbnail comes first";
     EXPECT_TRUE(shown.Image()->IsEnableImage());
     QTest::keyClick(shown.Image(), Qt::Key_Plus);
