@@ -2,7 +2,7 @@
 
 # The libraries that the platform stands on, beside Qt.
 set(platform_libraries pugixml::pugixml PkgConfig::EXIF PkgConfig::ICU PkgConfig::XSLT PNG::PNG JPEG::JPEG
-    TBB::tbb SQLite::SQLite3 OpenSSL::Crypto)
+    TBB::tbb SQLite::SQLite3 OpenSSL::Crypto LibArchive::LibArchive)
 
 # The strict compiler switches, and the sanitizers where they are wanted.
 add_library(tovi_switches INTERFACE)

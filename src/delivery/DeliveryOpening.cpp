@@ -1,7 +1,9 @@
 #include "delivery/DeliveryOpening.h"
 
+#include "delivery/DeliveryArchive.h"
 #include "delivery/ToviEnouDataFactory.h"
 #include "loading/DeliveryLocation.h"
+#include "platform/files/Archive.h"
 #include "platform/files/MibFile.h"
 #include "platform/host/HostServices.h"
 #include "work/ReadingLimit.h"
@@ -142,6 +144,14 @@ OpenedDelivery OpenDelivery(CDocument& host, const CString& path,
                             std::optional<PhotoXMLType> family, const CString& familyHint)
 {
     OpenedDelivery delivery;
+    if (IsArchiveName(path) && MibIsFileExist(path)) {
+        const UnpackedDelivery unpacked = UnpackDelivery(path);
+        if (unpacked.problem.empty())
+            return OpenDelivery(host, unpacked.folder, family, familyHint);
+        delivery.folder = path;
+        delivery.problem = unpacked.problem;
+        return delivery;
+    }
     const CStringArray found = FindPhotoFolders(path);
     if (found.GetSize() != 1) {
         delivery.folder = path;

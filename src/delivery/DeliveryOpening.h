@@ -36,7 +36,8 @@ TOVI_EXPORT CString WhyNoDelivery(const CString& path, const CStringArray& photo
 
 /// Opens the delivery that \p path leads to (see FindPhotoFolders), if it is one, for \p host, with
 /// the family that \p family gives or else the delivery tells. How far the load has come is told to
-/// the user interface. \p familyHint says, as part of a sentence, where the user chooses the
+/// the user interface. A ZIP file or an ISO image is unpacked into a folder of this run first. \p
+/// familyHint says, as part of a sentence, where the user chooses the
 /// family.
 TOVI_EXPORT OpenedDelivery OpenDelivery(CDocument& host, const CString& path,
                                         std::optional<PhotoXMLType> family,

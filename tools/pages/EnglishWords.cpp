@@ -109,7 +109,9 @@ constexpr CommandRow commandRows[] = {
      "Takes LibreOffice Calc. Ctrl+C leaves the file that was there."}};
 
 constexpr OptionRow optionRows[] = {
-    {"DELIVERY", "PHOTO.XML or INDEX_*.XML, or the folder that holds it or stands above it"},
+    {"DELIVERY",
+     "PHOTO.XML or INDEX_*.XML, the folder that holds it or stands above it, or a ZIP file or "
+     "ISO image with it"},
     {"--family", "the family of standards: auto (told from the DTD and others), mlit, kowan, maff, "
                  "nexco"},
     {"--profile", "the file of settings"},

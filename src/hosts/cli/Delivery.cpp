@@ -45,17 +45,17 @@ std::vector<std::string> WordsForFamilies()
 
 Options DeliveryOptions(DeliveryArguments& arguments, Need need)
 {
-    return {
-        {.name = "DELIVERY",
-         .help =
-             "PHOTO.XML か INDEX_*.XML、またはそのあるフォルダ（DISK1 などの上のフォルダでもよい）",
-         .target = &arguments.path,
-         .need = need},
-        {.name = "--family",
-         .help = "要領の系統: " + FamilyKeys(true),
-         .target = &arguments.family,
-         .valueName = "NAME",
-         .accepted = OneOf{WordsForFamilies()}}};
+    return {{.name = "DELIVERY",
+             .help = "PHOTO.XML か INDEX_*.XML、そのあるフォルダ（DISK1 "
+                     "などの上のフォルダでもよい）、またはそれを"
+                     "入れた ZIP ファイルか ISO イメージ",
+             .target = &arguments.path,
+             .need = need},
+            {.name = "--family",
+             .help = "要領の系統: " + FamilyKeys(true),
+             .target = &arguments.family,
+             .valueName = "NAME",
+             .accepted = OneOf{WordsForFamilies()}}};
 }
 
 Option NodeOption(std::vector<std::string>& nodes)
