@@ -7,7 +7,7 @@
 #include "work/ReadingLimit.h"
 
 #include <algorithm>
-#include <map>
+#include <unordered_map>
 
 namespace
 {
@@ -34,7 +34,7 @@ struct Place
     bool mayRepeat = false;
 };
 
-using Places = std::map<std::string_view, Place, std::less<>>;
+using Places = std::unordered_map<std::string_view, Place>;
 
 /// The places of all elements of a photograph.
 Places PlacesIn(const ToviItemDef& def)

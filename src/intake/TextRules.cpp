@@ -43,7 +43,7 @@ CharacterKind KindByCode(char32_t c)
     return IsIn(lead, 0xF0, 0xF9) ? CharacterKind::Private : CharacterKind::MachineDependent;
 }
 
-CharacterKind KindOf(char32_t c)
+CharacterKind JudgedKind(char32_t c)
 {
     if (c < 0x20 || c == 0x7F) return CharacterKind::Control;
     if (c < 0x7F) return CharacterKind::Plain;
@@ -54,17 +54,25 @@ CharacterKind KindOf(char32_t c)
     return KindByCode(c);
 }
 
-/// The characters of \p kind in \p text, each once.
-CString CharactersOf(CharacterKind kind, std::string_view text)
+/// The same, with the characters that were judged before kept: a delivery has some hundreds of
+/// them, each a thousand times.
+CharacterKind KindOf(char32_t c)
 {
-    CString found;
+    constexpr std::size_t kept = 0x10000;
+    constexpr unsigned char unknown = 0xFF;
+    thread_local std::vector<unsigned char> kinds(kept, unknown);
+    if (c >= kept) return JudgedKind(c);
+    unsigned char& kind = kinds[c];
+    if (kind == unknown) kind = static_cast<unsigned char>(JudgedKind(c));
+    return static_cast<CharacterKind>(kind);
+}
+
+bool Holds(std::string_view text, CharacterKind kind)
+{
     while (!text.empty()) {
-        const char32_t c = TakeCodePoint(text);
-        CString character;
-        AppendUtf8(character, c);
-        if (KindOf(c) == kind && found.find(character) == CString::npos) found += character;
+        if (KindOf(TakeCodePoint(text)) == kind) return true;
     }
-    return found;
+    return false;
 }
 
 bool IsValue(const Definition& each)
@@ -107,9 +115,7 @@ void Characters(const IntakeDelivery& delivery, const TellSpot& tell)
     // One finding an item: which characters they are differs from value to value.
     TellValues(
         delivery,
-        [](const Definition&, const CString& value) {
-            return CharactersOf(kind, value).empty() ? "" : somewhere;
-        },
+        [](const Definition&, const CString& value) { return Holds(value, kind) ? somewhere : ""; },
         [&tell](IntakeSpot spot) {
             spot.detail.clear();
             tell(std::move(spot));
