@@ -277,6 +277,13 @@ TEST(FileLoader, NeverTakesAReducedPictureForThePhotographsOwn)
         return std::abs(step) > 200;
     };
     EXPECT_TRUE(QTest::qWaitFor(isSharp)) << "its parts are read as they are looked at";
+
+    // Less than what is sharp in a window takes.
+    FileLoader::Ours().SetBudget(std::size_t{2} << 20);
+    shown.panel.DeleteAllDialog();
+    shown.panel.ShowMultiDlg();
+    const ZoomView& again = shown.panel.Zooms().All()[0]->View();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !again.IsLoading(); })) << "it stays at what there is";
 }
 
 TEST(FileLoader, ShowsAtOnceWhatWasFetchedAheadAndLooksAtItsFileAgain)

@@ -133,9 +133,10 @@ TEST(LoadDesk, KeepsWithinTheBudgetWhatIsNeededMost)
 TEST(LoadDesk, DoesNotReadAgainWhatHasNoRoom)
 {
     Desk desk;
-    desk.Want(
-        {Desk::Wish("seen"), Desk::Wish("next", Urgency::Next), Desk::Wish("then", Urgency::Next)});
-    EXPECT_THAT(desk.ReadAll(60), ElementsAre("seen", "next"));
+    desk.Want({Desk::Wish("seen"), Desk::Wish("next", Urgency::Next),
+               Desk::Wish("then", Urgency::Next),
+               Desk::Wish("survey", Urgency::Idle, LoadKind::Survey)});
+    EXPECT_THAT(desk.ReadAll(60), ElementsAre("seen", "next", "survey")) << "which takes none";
     EXPECT_TRUE(desk.IsIdle(desk.now));
     desk.Want({Desk::Wish("next")});
     EXPECT_THAT(desk.ReadAll(60), ElementsAre("next"));
