@@ -337,9 +337,8 @@ TEST(FileSurvey, FindsWhatIsMissingOrDamagedWithoutDecodingIt)
     EXPECT_THAT(survey.Faulty(),
                 ElementsAre(FaultyFile{3, Cut}, FaultyFile{34, Missing}, FaultyFile{36, NoPicture},
                             FaultyFile{37, Damaged}, FaultyFile{39, Outside}));
-    EXPECT_EQ(SurveyText(survey.Faulty()),
-              "写真なし 1枚・壊れた写真 3枚・納品フォルダーの外の写真 1枚");
+    EXPECT_EQ(survey.Counts().Text(), "写真なし 1枚・壊れた写真 3枚・納品フォルダーの外の写真 1枚");
     survey.End();
-    EXPECT_EQ(SurveyText(survey.Faulty()), "");
+    EXPECT_EQ(survey.Counts().Text(), "");
 }
 } // namespace

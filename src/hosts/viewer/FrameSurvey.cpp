@@ -32,7 +32,7 @@ QWidget* FrameSurvey::Strip() const
 void FrameSurvey::Tell()
 {
     const std::vector<FaultyFile>& faulty = survey.Faulty();
-    CString text = SurveyText(faulty);
+    CString text = survey.Counts().Text();
     if (text.empty() || isDismissed) return;
     if (gone > 0) {
         const auto& [photo, fault] = faulty[gone - 1];

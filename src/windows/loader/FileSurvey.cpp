@@ -42,14 +42,24 @@ LoadedPtr LookThrough(const DeliveryFiles& files, const std::vector<CString>& pa
 }
 } // namespace
 
-CString SurveyText(const std::vector<FaultyFile>& faulty)
+void SurveyCounts::Add(PictureFault fault)
 {
-    const auto count = [&faulty](PictureFault fault) {
-        return static_cast<int>(std::ranges::count(faulty, fault, &FaultyFile::fault));
-    };
-    const int missing = count(PictureFault::Missing);
-    const int outside = count(PictureFault::Outside);
-    const int damaged = static_cast<int>(faulty.size()) - missing - outside;
+    switch (fault) {
+    case PictureFault::None:
+        return;
+    case PictureFault::Missing:
+        ++missing;
+        return;
+    case PictureFault::Outside:
+        ++outside;
+        return;
+    default:
+        ++damaged;
+    }
+}
+
+CString SurveyCounts::Text() const
+{
     CString text;
     const auto add = [&text](const char* what, int photos) {
         if (photos > 0) text += Format("%s%s %d枚", text.empty() ? "" : "・", what, photos);
@@ -83,6 +93,7 @@ void FileSurvey::End()
     document = nullptr;
     seen = 0;
     faulty.clear();
+    counts = {};
 }
 
 void FileSurvey::WantNext()
@@ -105,7 +116,10 @@ void FileSurvey::OnArrived(const LoadKey& key)
 {
     if (document == nullptr || key != asked) return;
     const auto found = FileLoader::Ours().InHand<LoadedSurvey>(asked);
-    if (found) faulty.insert(faulty.end(), found->faulty.begin(), found->faulty.end());
+    if (found) {
+        for (const FaultyFile& file : found->faulty) counts.Add(file.fault);
+        faulty.insert(faulty.end(), found->faulty.begin(), found->faulty.end());
+    }
     seen = std::min(seen + photosAtOnce, document->GetTotalCountPhoto());
     WantNext();
     emit Advanced();

@@ -19,8 +19,17 @@ struct FaultyFile
     bool operator==(const FaultyFile&) const = default;
 };
 
-/// How many of them there are, in words: "写真なし 3枚・壊れた写真 2枚". Empty for none.
-TOVI_EXPORT CString SurveyText(const std::vector<FaultyFile>& faulty);
+/// How many of them there are.
+struct TOVI_EXPORT SurveyCounts
+{
+    int missing = 0;
+    int damaged = 0;
+    int outside = 0;
+
+    void Add(PictureFault fault);
+    /// "写真なし 3枚・壊れた写真 2枚"; empty for none.
+    CString Text() const;
+};
 
 /// Looks through the files of all photographs of a delivery while the loader has nothing else to
 /// do: whether they are there, begin as pictures do, and are whole.
@@ -38,6 +47,7 @@ public:
     void End();
     /// What was found so far, in the order of the photographs.
     const std::vector<FaultyFile>& Faulty() const { return faulty; }
+    const SurveyCounts& Counts() const { return counts; }
     /// How many photographs were looked at.
     int Seen() const { return seen; }
 
@@ -53,4 +63,5 @@ private:
     LoadKey asked;
     int seen = 0;
     std::vector<FaultyFile> faulty;
+    SurveyCounts counts;
 };
