@@ -1,6 +1,7 @@
 #include "platform/pictures/PictureExamination.h"
 
 #include "platform/files/MibFile.h"
+#include "platform/files/RegularFile.h"
 #include "platform/pictures/ImageDecoding.h"
 #include "platform/pictures/ImageSource.h"
 #include "platform/pictures/SvgPhoto.h"
@@ -13,7 +14,9 @@
 
 namespace
 {
-constexpr std::size_t largestPicture = std::size_t{512} << 20;
+/// More is no picture: a film perhaps, by consent.
+constexpr std::size_t largestPicture = std::size_t{256} << 20;
+constexpr std::size_t headSize = 4096;
 
 struct Signature
 {
@@ -43,9 +46,12 @@ PictureForm FormOf(std::string_view bytes)
             return signature.form;
         }
     }
-    constexpr std::size_t head = 4096;
-    return bytes.substr(0, head).find("<svg") == std::string_view::npos ? PictureForm::Unknown
-                                                                        : PictureForm::Svg;
+    return bytes.find("<svg") == std::string_view::npos ? PictureForm::Unknown : PictureForm::Svg;
+}
+
+bool IsDecoded(PictureForm form)
+{
+    return form != PictureForm::Unknown && form != PictureForm::Movie && form != PictureForm::Pdf;
 }
 
 struct DecodingEnds
@@ -203,13 +209,23 @@ void Examine(const CString& path, std::string bytes, PictureExamination& found,
 PictureExamination ExaminePicture(const CString& path, ExaminationExtras* extras)
 {
     PictureExamination found;
-    std::optional<std::string> bytes = MibReadFile(path, largestPicture);
-    if (!bytes) return found;
-    found.bytes = bytes->size();
-    if (extras != nullptr) extras->digest = Sha256Of(*bytes);
+    const RegularFile file(path);
+    std::string head(headSize, '\0');
+    const ssize_t headLength = file.IsOpen() ? file.Read(head.data(), head.size()) : -1;
+    if (headLength < 0) return found;
+    head.resize(static_cast<std::size_t>(headLength));
+    found.bytes = file.Size();
     found.state = PictureState::Empty;
-    if (bytes->empty()) return found;
-    found.form = FormOf(*bytes);
+    found.form = FormOf(head);
+    if (!IsDecoded(found.form) || file.Size() > largestPicture) {
+        if (!head.empty()) found.state = PictureState::NotExamined;
+        if (extras != nullptr) extras->digest = Sha256OfFile(path);
+        return found;
+    }
+    std::optional<std::string> bytes = MibReadFile(path, largestPicture);
+    found.state = PictureState::Unreadable;
+    if (!bytes) return found;
+    if (extras != nullptr) extras->digest = Sha256Of(*bytes);
     ExaminationExtras none;
     Examine(path, std::move(*bytes), found, extras == nullptr ? none : *extras);
     return found;

@@ -24,7 +24,7 @@ enum class PictureForm
 /// How the bytes of a picture file hold together.
 enum class PictureState
 {
-    /// The file isn't there, can't be opened, or is larger than any picture.
+    /// The file isn't there or can't be read.
     Unreadable,
     Empty,
     /// It ends before its picture does.
@@ -32,7 +32,7 @@ enum class PictureState
     /// Its picture can't be decoded whole.
     Damaged,
     Whole,
-    /// It is of a form that is not decoded here.
+    /// It is of a form that is not decoded here, or larger than any picture.
     NotExamined
 };
 
