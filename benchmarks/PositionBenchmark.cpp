@@ -1,11 +1,11 @@
 // The position window over a tree with a node for each photograph: opening it, and following the
 // selection to another one, both up to what is painted.
 
-#include "Samples.h"
 #include "items/ToviItemDef.h"
 #include "items/ToviPhotoCtrlVisualSetting.h"
 #include "photos/ToviPhoto.h"
 #include "photos/ToviPhotoArray.h"
+#include "Samples.h"
 #include "support/OpenedSample.h"
 #include "windows/position/PositionWindow.h"
 #include "windows/position/ToviConfirmDlg.h"

@@ -14,8 +14,8 @@
 TOVI_EXPORT CStringArray FindPhotoFolders(const CString& path);
 
 /// The folders of PHOTO.XML on the discs of the delivery with PHOTO.XML in \p photoFolder, by the
-/// number of the disc: those beside it in DISK1/, DISK2/ and so on with the same PHOTO.XML, byte for
-/// byte. Nothing where it doesn't stand in such a folder itself.
+/// number of the disc: those beside it in DISK1/, DISK2/ and so on with the same PHOTO.XML, byte
+/// for byte. Nothing where it doesn't stand in such a folder itself.
 TOVI_EXPORT std::map<int, CString> FindDiscs(const CString& photoFolder);
 
 /// The family whose standard the PHOTO.XML in \p photoFolder follows, as far as the delivery tells:

@@ -141,7 +141,8 @@ TEST_F(Output, NeedsNoRoomAtHome)
     const DiskMount full(home, "tmpfs", "size=4k");
     temp.Write("home/x", CString(4096, 'x'));
     chmod(home.c_str(), 0500);
-    const CString first = "export HOME='" + home + "' XDG_CONFIG_HOME='" + home + "/.config' XDG_CACHE_HOME='" + home + "'";
+    const CString first = "export HOME='" + home + "' XDG_CONFIG_HOME='" + home +
+                          "/.config' XDG_CACHE_HOME='" + home + "'";
     const CString copies = temp.MakeFolder("copies");
     const std::vector<CString> commands[] = {
         {"label", delivery, "--record", record, "--at", "0", "--paste", "0"},

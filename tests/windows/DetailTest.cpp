@@ -8,12 +8,12 @@
 #include "windows/cell/ToviControlValueTable.h"
 #include "windows/cell/ToviSpiListCtrl.h"
 #include "windows/detail/DetailPlaces.h"
-#include "windows/property/DrawingPages.h"
 #include "windows/detail/ToviDetailPanel.h"
 #include "windows/detail/ToviImageWnd.h"
-#include "windows/property/ToviTabBaseWnd.h"
 #include "windows/loader/FileLoader.h"
 #include "windows/loader/PhotoWishes.h"
+#include "windows/property/DrawingPages.h"
+#include "windows/property/ToviTabBaseWnd.h"
 #include "work/Environment.h"
 
 #include <gmock/gmock.h>

@@ -50,7 +50,8 @@ QLayout* MakeHead()
 StartPage::StartPage(QAction* open)
     : problem(Line(QString())), recentTitle(Line(QStringLiteral("最近開いた納品データ"))),
       recent(new QVBoxLayout),
-      opensLast(new QCheckBox(QStringLiteral("起動したとき、前回の終了時に開いていた納品データを開く")))
+      opensLast(
+          new QCheckBox(QStringLiteral("起動したとき、前回の終了時に開いていた納品データを開く")))
 {
     auto* content = new QWidget;
     content->setMaximumWidth(contentWidth);

@@ -2,8 +2,8 @@
 
 #include "platform/text/Text.h"
 
-/// The places of the user, most of which registry texts may name. All without a trailing separator; empty
-/// when there is no such folder.
+/// The places of the user, most of which registry texts may name. All without a trailing separator;
+/// empty when there is no such folder.
 struct UserFolders
 {
     /// What stands for the drive of the system in front of "/...": nothing on this platform, where

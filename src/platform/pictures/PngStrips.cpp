@@ -29,8 +29,8 @@ public:
                      PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
         png_set_pHYs(png, info, static_cast<png_uint_32>(image.dotsPerMeterX()),
                      static_cast<png_uint_32>(image.dotsPerMeterY()), PNG_RESOLUTION_METER);
-        // Photographs come out 4 % larger than at the library's own choice (level 6, each line filtered
-        // in all ways), in a third of the time.
+        // Photographs come out 4 % larger than at the library's own choice (level 6, each line
+        // filtered in all ways), in a third of the time.
         constexpr int quickLevel = 4;
         png_set_compression_level(png, quickLevel);
         png_set_filter(png, PNG_FILTER_TYPE_BASE, PNG_FILTER_PAETH);

@@ -3,9 +3,9 @@
 #include "photos/ToviPhoto.h"
 #include "platform/controls/LumImgWnd.h"
 #include "platform/controls/WenToolBarCtrl.h"
-#include "windows/property/ToviHtmlView.h"
 #include "windows/loader/PhotoWishes.h"
 #include "windows/pictures/Pictures.h"
+#include "windows/property/ToviHtmlView.h"
 
 #include <QSignalBlocker>
 #include <QSlider>

@@ -184,8 +184,8 @@ std::unique_ptr<ProgressPort> QtUserInterface::CreateProgress(CWnd* parent)
 QWidget* QtUserInterface::Owner() const
 {
     if (QWidget* const modal = QApplication::activeModalWidget()) return modal;
-    // A dialog about a photograph stays above the window of that photograph. Where one dialog follows the
-    // other, no window is active yet.
+    // A dialog about a photograph stays above the window of that photograph. Where one dialog
+    // follows the other, no window is active yet.
     if (QWidget* const active = QApplication::activeWindow()) lastOwner = active;
     return lastOwner && lastOwner->isVisible() ? lastOwner.data() : mainWindow.data();
 }
